@@ -1,0 +1,58 @@
+#include "src/lex/axis-names.h"
+
+#include <algorithm>
+#include <bit>
+#include <utility>
+
+#include "src/lex/characters.h"
+#include "src/lex/hash.h"
+
+namespace torvel {
+
+namespace {
+
+std::vector<std::string> defaultNames() {
+    std::vector<std::string> names;
+    names.reserve(32);
+    for (const std::size_t length : {1U, 2U}) {
+        for (const bool upper : {true, false}) {
+            for (const char letter : std::string_view("XYZUABCD")) {
+                names.emplace_back(length, upper ? letter : lowerCase(letter));
+            }
+        }
+    }
+    return names;
+}
+
+}  // namespace
+
+AxisNames::AxisNames() : AxisNames(defaultNames()) {}
+
+AxisNames::AxisNames(std::vector<std::string> names)
+    : names_(std::move(names)), slots_(std::bit_ceil(2 * names_.size() + 2)) {
+    for (std::uint32_t axis = 0; axis < names_.size(); ++axis) {
+        const std::string& name = names_[axis];
+        longestName_ = std::max(longestName_, name.size());
+        std::size_t slot = hashText(name) & (slots_.size() - 1);
+        while (slots_[slot] != 0 && names_[slots_[slot] - 1] != name) {
+            slot = (slot + 1) & (slots_.size() - 1);
+        }
+        slots_[slot] = axis + 1;
+    }
+}
+
+std::optional<std::uint32_t> AxisNames::axisIndex(std::string_view word) const {
+    if (word.size() > longestName_) {
+        return std::nullopt;
+    }
+    std::size_t slot = hashText(word) & (slots_.size() - 1);
+    while (slots_[slot] != 0) {
+        if (names_[slots_[slot] - 1] == word) {
+            return slots_[slot] - 1;
+        }
+        slot = (slot + 1) & (slots_.size() - 1);
+    }
+    return std::nullopt;
+}
+
+}  // namespace torvel

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace torvel {
+
+/// The machine's axes: names in order, the position being the axis number, and a look-up by name that
+/// is exact and case-sensitive. Made before a run and not changed by it.
+class AxisNames {
+public:
+    /// The 32 default axes: X Y Z U A B C D, in lower case, doubled, doubled in lower case.
+    AxisNames();
+    /// The axes of a parameter file. Of a name that occurs twice the later number is found.
+    explicit AxisNames(std::vector<std::string> names);
+
+    /// The number of the axis called `word`; nothing if there is none.
+    std::optional<std::uint32_t> axisIndex(std::string_view word) const;
+    bool contains(std::string_view word) const { return axisIndex(word).has_value(); }
+
+    const std::vector<std::string>& names() const { return names_; }
+    /// Length of the longest name in bytes: no longer word needs to be looked up.
+    std::size_t longestName() const { return longestName_; }
+
+private:
+    std::vector<std::string> names_;
+    std::vector<std::uint32_t> slots_;  // axis number + 1 by hash, open addressing; 0 is free
+    std::size_t longestName_ = 0;
+};
+
+}  // namespace torvel

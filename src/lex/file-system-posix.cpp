@@ -1,0 +1,140 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "src/lex/file-system.h"
+
+namespace torvel {
+
+namespace {
+
+FileIdentity identityOf(const struct stat& status) {
+    return {static_cast<std::uint64_t>(status.st_dev) + 1,
+            static_cast<std::uint64_t>(status.st_ino)};
+}
+
+}  // namespace
+
+NativePath nativePath(std::string_view text) {
+    return NativePath(text);
+}
+
+std::string narrowPath(const NativePath& path) {
+    return path.native();
+}
+
+NativePath includedPath(const NativePath& directory, std::string_view text) {
+    NativePath path = directory / NativePath(text);
+    if (text.find('\\') != std::string_view::npos && fileKind(path) == FileKind::missing) {
+        std::string withSlashes(text);
+        std::replace(withSlashes.begin(), withSlashes.end(), '\\', '/');
+        path = directory / NativePath(withSlashes);
+    }
+    return path;
+}
+
+std::string_view withoutDrive(std::string_view path) {
+    return path;
+}
+
+FileKind fileKind(const NativePath& path) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    switch (status.type()) {
+        case std::filesystem::file_type::none:
+        case std::filesystem::file_type::not_found: return FileKind::missing;
+        case std::filesystem::file_type::regular: return FileKind::regular;
+        case std::filesystem::file_type::directory: return FileKind::directory;
+        default: return FileKind::other;
+    }
+}
+
+NativePath canonicalPath(const NativePath& path) {
+    std::error_code error;
+    const NativePath absolute = std::filesystem::absolute(path, error);
+    if (error) {
+        return path.lexically_normal();
+    }
+    NativePath canonical = std::filesystem::weakly_canonical(absolute, error);
+    return error ? absolute.lexically_normal() : canonical;
+}
+
+FileIdentity fileIdentity(const NativePath& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 ? identityOf(status) : FileIdentity();
+}
+
+bool InputFile::open(const NativePath& path) {
+    descriptor_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    return descriptor_ >= 0;
+}
+
+std::uint64_t InputFile::size() const {
+    struct stat status {};
+    return fstat(descriptor_, &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
+FileIdentity InputFile::identity() const {
+    struct stat status {};
+    return fstat(descriptor_, &status) == 0 ? identityOf(status) : FileIdentity();
+}
+
+std::size_t InputFile::read(char* data, std::size_t length, bool& failed) {
+    std::size_t total = 0;
+    while (total < length) {
+        const ssize_t count = ::read(descriptor_, data + total, length - total);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        failed = count < 0;
+        if (count <= 0) {
+            break;
+        }
+        total += static_cast<std::size_t>(count);
+    }
+    return total;
+}
+
+InputFile::~InputFile() {
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
+}
+
+bool OutputFile::open(const NativePath& path) {
+    descriptor_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY, 0666);
+    return descriptor_ >= 0;
+}
+
+void OutputFile::flush() {
+    std::string_view rest = buffer_;
+    while (!rest.empty() && !failed_) {
+        const ssize_t count = ::write(descriptor_, rest.data(), rest.size());
+        if (count >= 0) {
+            rest.remove_prefix(static_cast<std::size_t>(count));
+        } else {
+            failed_ = errno != EINTR;
+        }
+    }
+    buffer_.clear();
+}
+
+bool OutputFile::close() {
+    flush();
+    if (::close(descriptor_) != 0) {
+        failed_ = true;
+    }
+    descriptor_ = -1;
+    return !failed_;
+}
+
+OutputFile::~OutputFile() {
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
+}
+
+}  // namespace torvel

@@ -1,0 +1,223 @@
+#include <fcntl.h>
+#include <io.h>
+#include <sys/stat.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "src/lex/file-system.h"
+
+namespace torvel {
+
+namespace {
+
+constexpr int readWriteForAll = _S_IREAD | _S_IWRITE;
+/// The most that one call of the C library reads or writes.
+constexpr std::size_t largestTransfer = std::size_t{1} << 30U;
+
+/// The path made absolute, "." and ".." taken out, links not followed.
+NativePath fullPath(const NativePath& path) {
+    const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+    std::wstring text(size, L'\0');
+    const DWORD length = GetFullPathNameW(path.c_str(), size, text.data(), nullptr);
+    if (length == 0 || length >= size) {
+        return path.lexically_normal();
+    }
+    text.resize(length);
+    return text;
+}
+
+/// `path` in the form that has no bound on its length, where it needs one.
+NativePath unboundedPath(const NativePath& path) {
+    if (path.native().size() < MAX_PATH - 12 || path.native().starts_with(L"\\\\?\\")) {
+        return path;
+    }
+    const std::wstring full = fullPath(path).native();
+    return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
+}
+
+/// A handle that tells about what stands at a path; it opens directories too.
+class PathHandle {
+public:
+    explicit PathHandle(const NativePath& path)
+        : handle_(CreateFileW(path.c_str(), 0,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                              OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {}
+    ~PathHandle() {
+        if (isOpen()) {
+            CloseHandle(handle_);
+        }
+    }
+    PathHandle(const PathHandle&) = delete;
+    PathHandle& operator=(const PathHandle&) = delete;
+
+    bool isOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
+    HANDLE get() const { return handle_; }
+
+private:
+    HANDLE handle_;
+};
+
+FileIdentity identityOf(HANDLE handle) {
+    BY_HANDLE_FILE_INFORMATION information;
+    if (GetFileInformationByHandle(handle, &information) == 0) {
+        return {};
+    }
+    return {std::uint64_t{information.dwVolumeSerialNumber} + 1,
+            std::uint64_t{information.nFileIndexHigh} << 32U | information.nFileIndexLow};
+}
+
+/// The final path of something that exists; empty if it does not.
+NativePath finalPath(const NativePath& path) {
+    const PathHandle handle(unboundedPath(path));
+    if (!handle.isOpen()) {
+        return {};
+    }
+    const DWORD size = GetFinalPathNameByHandleW(handle.get(), nullptr, 0, FILE_NAME_NORMALIZED);
+    std::wstring text(size, L'\0');
+    const DWORD length =
+        GetFinalPathNameByHandleW(handle.get(), text.data(), size, FILE_NAME_NORMALIZED);
+    if (length == 0 || length >= size) {
+        return {};
+    }
+    text.resize(length);
+    constexpr std::wstring_view share = L"\\\\?\\UNC\\";
+    constexpr std::wstring_view unbounded = L"\\\\?\\";
+    if (text.starts_with(share)) {
+        return L"\\\\" + text.substr(share.size());
+    }
+    return text.starts_with(unbounded) ? text.substr(unbounded.size()) : text;
+}
+
+}  // namespace
+
+NativePath nativePath(std::string_view text) {
+    const int length = static_cast<int>(text.size());
+    const int size = MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(size), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), size);
+    return wide;
+}
+
+std::string narrowPath(const NativePath& path) {
+    const std::wstring& wide = path.native();
+    const int length = static_cast<int>(wide.size());
+    const int size =
+        WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_ACP, 0, wide.data(), length, text.data(), size, nullptr, nullptr);
+    return text;
+}
+
+NativePath includedPath(const NativePath& directory, std::string_view text) {
+    return directory / nativePath(text);
+}
+
+std::string_view withoutDrive(std::string_view path) {
+    return path.size() > 1 && path[1] == ':' ? path.substr(2) : path;
+}
+
+FileKind fileKind(const NativePath& path) {
+    const NativePath unbounded = unboundedPath(path);
+    const DWORD attributes = GetFileAttributesW(unbounded.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        return FileKind::missing;
+    }
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        return FileKind::directory;
+    }
+    return (attributes & FILE_ATTRIBUTE_DEVICE) != 0 ? FileKind::other : FileKind::regular;
+}
+
+NativePath canonicalPath(const NativePath& path) {
+    const NativePath full = fullPath(path);
+    NativePath existing = full;
+    NativePath rest;
+    while (true) {
+        const NativePath resolved = finalPath(existing);
+        if (!resolved.empty()) {
+            return rest.empty() ? resolved : resolved / rest;
+        }
+        if (!existing.has_relative_path()) {
+            return full;
+        }
+        rest = rest.empty() ? existing.filename() : existing.filename() / rest;
+        existing = existing.parent_path();
+    }
+}
+
+FileIdentity fileIdentity(const NativePath& path) {
+    const PathHandle handle(unboundedPath(path));
+    return handle.isOpen() ? identityOf(handle.get()) : FileIdentity();
+}
+
+bool InputFile::open(const NativePath& path) {
+    descriptor_ = _wopen(unboundedPath(path).c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT);
+    return descriptor_ >= 0;
+}
+
+std::uint64_t InputFile::size() const {
+    const std::int64_t length = _filelengthi64(descriptor_);
+    return length < 0 ? 0 : static_cast<std::uint64_t>(length);
+}
+
+FileIdentity InputFile::identity() const {
+    return identityOf(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor_)));
+}
+
+std::size_t InputFile::read(char* data, std::size_t length, bool& failed) {
+    std::size_t total = 0;
+    while (total < length) {
+        const auto part = static_cast<unsigned>(std::min(length - total, largestTransfer));
+        const int count = _read(descriptor_, data + total, part);
+        failed = count < 0;
+        if (count <= 0) {
+            break;
+        }
+        total += static_cast<std::size_t>(count);
+    }
+    return total;
+}
+
+InputFile::~InputFile() {
+    if (descriptor_ >= 0) {
+        _close(descriptor_);
+    }
+}
+
+bool OutputFile::open(const NativePath& path) {
+    descriptor_ = _wopen(unboundedPath(path).c_str(),
+                         _O_WRONLY | _O_CREAT | _O_TRUNC | _O_TEXT | _O_NOINHERIT, readWriteForAll);
+    return descriptor_ >= 0;
+}
+
+void OutputFile::flush() {
+    std::string_view rest = buffer_;
+    while (!rest.empty() && !failed_) {
+        const auto part = static_cast<unsigned>(std::min(rest.size(), largestTransfer));
+        const int count = _write(descriptor_, rest.data(), part);
+        failed_ = count <= 0;
+        if (count > 0) {
+            rest.remove_prefix(static_cast<std::size_t>(count));
+        }
+    }
+    buffer_.clear();
+}
+
+bool OutputFile::close() {
+    flush();
+    if (_close(descriptor_) != 0) {
+        failed_ = true;
+    }
+    descriptor_ = -1;
+    return !failed_;
+}
+
+OutputFile::~OutputFile() {
+    if (descriptor_ >= 0) {
+        _close(descriptor_);
+    }
+}
+
+}  // namespace torvel

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+// What the program needs of the operating system's files. Paths are byte strings in the system's code
+// page where users see or write them, and the system's own form (NativePath) for opening.
+// file-system.cpp holds what is the same everywhere; file-system-posix.cpp what is not.
+
+namespace torvel {
+
+using NativePath = std::filesystem::path;
+
+enum class FileKind : std::uint8_t { missing, regular, directory, other };
+
+/// Tells whether two paths lead to one file. A default one equals no file's.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t file = 0;
+
+    bool operator==(const FileIdentity&) const = default;
+};
+
+/// The native form of a path that a user or a program wrote.
+NativePath nativePath(std::string_view text);
+
+/// The narrow form of a path, with the platform's own separators.
+std::string narrowPath(const NativePath& path);
+
+/// What stands at `path`, links followed. A path that cannot be examined is missing.
+FileKind fileKind(const NativePath& path);
+
+/// The file's identity; a default one if there is no file.
+FileIdentity fileIdentity(const NativePath& path);
+
+/// `path` made absolute against the working directory, with links, "." and ".." resolved as far as the
+/// path exists.
+NativePath canonicalPath(const NativePath& path);
+
+/// `text`, a path from an `#include`, as a path that is absolute or starts at `directory`. Where
+/// only "/" separates, a path written with back slashes that does not exist as it stands is taken
+/// with slashes in their place.
+NativePath includedPath(const NativePath& directory, std::string_view text);
+
+/// `path` as diagnostics show it: relative to `directory` where there is such a path, with forward
+/// slashes. Both are canonical.
+std::string displayPath(const NativePath& path, const NativePath& directory);
+
+/// `path` without a drive in front ("C:"), on platforms that have drives.
+std::string_view withoutDrive(std::string_view path);
+
+/// The last component of a path: what follows the last "\" or "/".
+std::string_view lastComponent(std::string_view path);
+
+/// The stem of a file name: without its last extension, a leading "." starting none, and without the
+/// suffix of an alternate stream (":" and what follows).
+std::string_view fileStem(std::string_view name);
+
+/// A file open for reading.
+class InputFile {
+public:
+    /// False if the file cannot be opened.
+    bool open(const NativePath& path);
+    /// The file's length in bytes when asked.
+    std::uint64_t size() const;
+    FileIdentity identity() const;
+    /// Reads up to `length` bytes; returns how many there were (fewer if the file has become
+    /// shorter). `failed` is set when the system reports an error.
+    std::size_t read(char* data, std::size_t length, bool& failed);
+
+    InputFile() = default;
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+    ~InputFile();
+
+private:
+    int descriptor_ = -1;
+};
+
+/// A file open for writing, with a buffer. Line feeds become the platform's line ends.
+class OutputFile {
+public:
+    /// Creates or empties the file. False if that cannot be done.
+    bool open(const NativePath& path);
+    void write(std::string_view text) {
+        if (buffer_.size() + text.size() > bufferSize) {
+            flush();
+        }
+        buffer_ += text;
+    }
+    /// Writes what is buffered and closes. False if any write failed.
+    bool close();
+
+    OutputFile() = default;
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile();
+
+private:
+    static constexpr std::size_t bufferSize = std::size_t{1} << 16U;
+    void flush();
+
+    int descriptor_ = -1;
+    bool failed_ = false;
+    std::string buffer_;
+};
+
+}  // namespace torvel

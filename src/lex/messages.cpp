@@ -1,0 +1,27 @@
+#include "src/lex/messages.h"
+
+namespace torvel {
+
+namespace {
+
+constexpr std::string_view texts[] = {
+#define MESSAGE(symbol, messageClass, text) text,
+#include "src/lex/messages.def"
+};
+
+}  // namespace
+
+std::string messageText(Message message, std::initializer_list<std::string_view> holes) {
+    std::string_view text = texts[static_cast<std::size_t>(message)];
+    std::string result;
+    for (std::string_view hole : holes) {
+        const std::size_t at = text.find("{}");
+        result += text.substr(0, at);
+        result += hole;
+        text.remove_prefix(at + 2);
+    }
+    result += text;
+    return result;
+}
+
+}  // namespace torvel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace torvel {
+
+/// Every message of the program. Rows, with their classes: messages.def.
+enum class Message : std::uint16_t {
+#define MESSAGE(symbol, messageClass, text) symbol,
+#include "src/lex/messages.def"
+};
+
+/// The message's text with its holes ("{}") filled in order. As many texts as holes.
+std::string messageText(Message message, std::initializer_list<std::string_view> holes = {});
+
+}  // namespace torvel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "src/lex/file-system.h"
+#include "src/lex/text-store.h"
+
+namespace torvel {
+
+/// One file of the program, read once however often it is included.
+struct SourceFile {
+    /// Canonical path, for opening and for finding the files that it includes.
+    NativePath path;
+    /// The path in diagnostics: relative to the program's directory, with forward slashes.
+    std::string displayPath;
+    /// The last component of the path, for the marker of a line that cannot be converted.
+    std::string name;
+    FileIdentity identity;
+    /// The bytes of the file up to its end or its first NUL.
+    TextSpan text;
+    bool endsAtNul = false;
+};
+
+struct Inclusion;
+
+/// Where a line came from: a file as it was included, and a line number in it from 1. All lines of an
+/// inclusion share it. No inclusion: no position.
+struct SourcePosition {
+    const Inclusion* inclusion = nullptr;
+    std::uint32_t lineNumber = 0;
+};
+
+/// One reading of a file: by the command line, then `includedFrom` is no position, or by an
+/// `#include` line.
+struct Inclusion {
+    const SourceFile* file = nullptr;
+    SourcePosition includedFrom;
+};
+
+/// The text of a diagnostic: path, line number and message, then the chain of `#include` lines that
+/// led to the file, one a line. Ends in a line end. Without a position: the message and a line end.
+std::string formatDiagnostic(const SourcePosition& position, std::string_view message);
+
+}  // namespace torvel

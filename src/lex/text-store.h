@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
+
+namespace torvel {
+
+/// A range of the run's text, as a TextStore numbers it.
+struct TextSpan {
+    std::uint32_t offset = 0;
+    std::uint32_t length = 0;
+
+    bool empty() const { return length == 0; }
+    /// The part of the span from `start` on, `count` bytes long.
+    TextSpan part(std::size_t start, std::size_t count) const {
+        return {offset + static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(count)};
+    }
+};
+
+/// Thrown when a run needs more than 4 GiB of text.
+struct TextStoreFull : std::length_error {
+    TextStoreFull() : std::length_error("text store full") {}
+};
+
+/// All text of one run: the source files as they were read and what is made on the way. Text stays
+/// where it is until the run ends, so views of it may be kept.
+///
+/// A 32-bit offset names a place in it. Offsets run through pages of 64 KiB; a text that crosses
+/// pages stands in one piece of memory, so an offset turns into an address with one look-up.
+class TextStore {
+public:
+    /// Room for `length` bytes that the caller fills, and a NUL behind them.
+    /// Throws TextStoreFull when the offsets are used up.
+    TextSpan allocate(std::size_t length);
+
+    /// A copy of `text`.
+    TextSpan add(std::string_view text);
+
+    /// Writable text of a span that allocate() returned.
+    char* data(TextSpan span) { return address(span.offset); }
+
+    std::string_view view(TextSpan span) const { return {address(span.offset), span.length}; }
+
+private:
+    static constexpr unsigned pageBits = 16;
+    static constexpr std::size_t pageSize = std::size_t{1} << pageBits;
+
+    char* address(std::uint32_t offset) const {
+        return pages_[offset >> pageBits] + (offset & (pageSize - 1));
+    }
+    std::uint32_t addChunk(std::size_t bytes);
+
+    std::vector<std::unique_ptr<char[]>> chunks_;
+    std::vector<char*> pages_ = {nullptr};  // the first page is never used: offset 0 is "no text"
+    std::uint32_t next_ = 0;                // free space of the chunk for small texts
+    std::uint32_t end_ = 0;
+};
+
+}  // namespace torvel

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace torvel {
+
+/// The kinds of token, 0 to 552 without gaps. Rows and display names: token-kinds.def.
+enum class TokenType : std::uint32_t {
+#define KIND(enumerator, display) enumerator,
+#define KEYWORD(enumerator, spelling) enumerator,
+#define DIRECTIVE(enumerator, spelling) enumerator,
+#include "src/lex/token-kinds.def"
+};
+
+inline constexpr std::uint32_t tokenTypeCount = 0
+#define KIND(enumerator, display) +1
+#define KEYWORD(enumerator, spelling) +1
+#define DIRECTIVE(enumerator, spelling) +1
+#include "src/lex/token-kinds.def"
+    ;
+
+static_assert(tokenTypeCount == 553);
+static_assert(static_cast<std::uint32_t>(TokenType::END_OF_FILE) == 8);
+static_assert(static_cast<std::uint32_t>(TokenType::VARIABLE) == 14);
+static_assert(static_cast<std::uint32_t>(TokenType::AXIS_FEEDRATE) == 42);
+static_assert(static_cast<std::uint32_t>(TokenType::DOT) == 43);
+static_assert(static_cast<std::uint32_t>(TokenType::CARET) == 82);
+static_assert(static_cast<std::uint32_t>(TokenType::BNOR) == 84);
+static_assert(static_cast<std::uint32_t>(TokenType::GCODE_WORD) == 85);
+static_assert(static_cast<std::uint32_t>(TokenType::LETTER_E) == 86);
+static_assert(static_cast<std::uint32_t>(TokenType::LETTER_T) == 100);
+static_assert(static_cast<std::uint32_t>(TokenType::HOME) == 101);
+static_assert(static_cast<std::uint32_t>(TokenType::PARMNAMES_DIRECTIVE) == 552);
+
+/// Whether `type` lies in the closed range [first, last] of the numbering.
+constexpr bool isInRange(TokenType type, TokenType first, TokenType last) {
+    return type >= first && type <= last;
+}
+
+/// The six kinds of preserved define: tokens with a second text.
+constexpr bool isPreservedDefine(TokenType type) {
+    return isInRange(type, TokenType::AXIS_DEFINE, TokenType::GLOBAL_STRING_DEFINE);
+}
+
+/// Single letters that address a word of a G-code line (E to T, but no H).
+constexpr bool isAddressLetter(TokenType type) {
+    return isInRange(type, TokenType::LETTER_E, TokenType::LETTER_T);
+}
+
+/// The name of a kind in messages, for example "')'" or "THEN keyword".
+/// A number outside the kinds is a programming error: std::logic_error "Unknown token type.".
+std::string_view tokenTypeName(TokenType type);
+
+}  // namespace torvel
