@@ -1,0 +1,167 @@
+#include "src/preprocess/define-directives.h"
+
+#include <algorithm>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "src/lex/characters.h"
+#include "src/preprocess/classification.h"
+
+namespace torvel {
+
+namespace {
+
+constexpr std::string_view unconvertiblePrefix = "#error_unconvertible ";
+
+/// Two texts with a blank between them; the second may be empty.
+std::string joinWords(std::string_view first, std::string_view second) {
+    std::string joined(first);
+    if (!second.empty()) {
+        joined += ' ';
+        joined += second;
+    }
+    return joined;
+}
+
+/// `text` with every line behind `prefix`, and " \" behind every line but the last.
+std::string keptLines(std::string_view prefix, std::string_view text) {
+    std::string kept(prefix);
+    for (char c : text) {
+        if (c == '\n') {
+            kept += " \\\n";
+            kept += prefix;
+        } else {
+            kept += c;
+        }
+    }
+    return kept;
+}
+
+/// The value as text: a preserved define in it counts with its own value.
+std::string textOf(const Preprocessing& run, const Defines::Cut& cut) {
+    std::string text;
+    run.defines.visitPieces(cut.pieces, [&](const Piece& piece) {
+        text += piece.kind == Piece::Kind::define ? run.program.valueOf(piece.token)
+                                                  : run.program.text.view(piece.token.text);
+    });
+    return text;
+}
+
+/// The kind and Torvel text of a value; nothing if Torvel cannot keep it. A value that is one use of a
+/// preserved define is of that define's kind.
+std::optional<Classification> classify(const Preprocessing& run, const Defines::Cut& cut) {
+    if (cut.pieces.size() == 1 && cut.pieces[0].kind == Piece::Kind::define) {
+        const Token& alias = cut.pieces[0].token;
+        return Classification{alias.type, std::string(run.program.valueOf(alias))};
+    }
+    const std::string text = textOf(run, cut);
+    return classifyDefine(trimBlanks(text), run.axes);
+}
+
+}  // namespace
+
+void runDefine(Preprocessing& run, DirectiveLine& directive) {
+    const std::string_view name = directive.readName("\\");
+    const DirectiveLine::Body body = directive.readBody();
+
+    Defines::Cut& cut = run.defineCut;
+    substitute(run, body.text, cut);
+    const std::uint64_t bytes = cut.plainBytes + cut.insertedBytes;
+    if (bytes > run.limits.defineExpansion) {
+        failAt(directive.position(), Message::ExpansionTooLarge);
+    }
+
+    const std::string head = "#define " + std::string(name);
+    Expansion expansion;
+    std::string kept;
+    if (const auto preserved = classify(run, cut)) {
+        const TextSpan nameText = run.program.text.add(name);
+        expansion = run.defines.keepDefine(preserved->type,
+                                           {nameText, run.program.text.add(preserved->value)});
+        kept = head + " " + preserved->value;
+    } else {
+        expansion = run.defines.keep(cut, static_cast<std::uint32_t>(bytes));
+        kept = keptLines(unconvertiblePrefix, joinWords(head, run.program.text.view(body.text)));
+    }
+    run.defines.table().enter(name, DefineTable::Kind::define, expansion);
+    appendDirectiveLine(run, directive.position(), directive.source(), body.comment,
+                        TokenType::CONVERSION_TEXT, run.program.text.add(kept));
+}
+
+namespace {
+
+/// ($a, $b): the arguments in order. "(" or "[" opens the list, ")" closes it.
+std::vector<std::string_view> readArguments(DirectiveLine& directive) {
+    directive.skipBlanks();
+    if (directive.atEnd() || (directive.current() != '(' && directive.current() != '[')) {
+        directive.fail(Message::MacroArgumentListExpected);
+    }
+    directive.advance();
+    directive.skipBlanks();
+    std::vector<std::string_view> arguments;
+    if (!directive.atEnd() && directive.current() == ')') {
+        directive.advance();
+        return arguments;
+    }
+    std::unordered_set<std::string_view> seen;
+    while (true) {
+        directive.skipBlanks();
+        if (directive.atEnd() || directive.current() != '$') {
+            directive.fail(Message::MacroArgumentExpected);
+        }
+        arguments.push_back(directive.readUntil(",)\\"));
+        if (!seen.insert(arguments.back()).second) {
+            directive.fail(Message::MacroArgumentRepeated);
+        }
+        directive.skipBlanks();
+        const char separator = directive.atEnd() ? '\0' : directive.current();
+        if (separator != ',' && separator != ')') {
+            directive.fail(Message::MacroParenthesisExpected);
+        }
+        directive.advance();
+        if (separator == ')') {
+            return arguments;
+        }
+    }
+}
+
+}  // namespace
+
+void runMacro(Preprocessing& run, DirectiveLine& directive) {
+    const std::string_view name = directive.readName("\\(");
+    const std::vector<std::string_view> arguments = readArguments(directive);
+    const DirectiveLine::Body body = directive.readBody();
+
+    std::string head = "#macro " + std::string(name) + "(";
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        head += i == 0 ? "" : ", ";
+        head += arguments[i];
+    }
+    head += ')';
+
+    const auto number = static_cast<std::uint32_t>(run.program.macros.size());
+    const std::string_view text = run.program.text.view(body.text);
+    Macro& macro = run.program.macros.emplace_back();
+    macro.head = run.program.text.add(head);
+    macro.unconverted = run.program.text.add(keptLines(unconvertiblePrefix, joinWords(head, text)));
+
+    // In the body an argument is a variable, even where a define has its name.
+    run.defines.table().openScope(true);
+    for (const std::string_view argument : arguments) {
+        run.defines.table().enter(argument, DefineTable::Kind::undefined);
+    }
+    for (std::size_t start = 0; start <= text.size();) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        const TextSpan code = body.text.part(start, end - start);
+        prepareLine(run, macro.lines, {code, code, {}, 0}, directive.position());
+        start = end + 1;
+    }
+    run.defines.table().dropScope();
+
+    run.defines.table().enter(name, DefineTable::Kind::macro);
+    appendDirectiveLine(run, directive.position(), directive.source(), body.comment,
+                        macroDefinitionToken, {number, 0});
+}
+
+}  // namespace torvel

@@ -1,0 +1,90 @@
+#include "src/preprocess/preprocessor.h"
+
+#include "src/lex/characters.h"
+#include "src/lex/parse-exception.h"
+#include "src/preprocess/preprocessing.h"
+
+namespace torvel {
+
+namespace {
+
+/// The lines of one file. The position of the last line is returned.
+SourcePosition preprocessLines(Preprocessing& run, const Inclusion& inclusion) {
+    LineSplitter splitter(run.program, inclusion);
+    ScannedLine line;
+    try {
+        while (splitter.next(line)) {
+            const std::string_view code = run.program.text.view(line.code);
+            if (!code.starts_with('#') || !runDirective(run, splitter, inclusion, line)) {
+                prepareLine(run, run.program.list, line, {&inclusion, line.lineNumber});
+            }
+        }
+    } catch (const TextStoreFull&) {
+        failAt({&inclusion, line.lineNumber}, Message::ProgramTooLarge);
+    } catch (const ParseException&) {
+        // An error of the file's lines as such comes before any error of what they say.
+        splitter.finish();
+        throw;
+    }
+    return {&inclusion, splitter.lineNumber()};
+}
+
+}  // namespace
+
+[[noreturn]] void failAt(const SourcePosition& position, Message message,
+                         std::initializer_list<std::string_view> holes) {
+    throw ParseException(messageText(message, holes), position);
+}
+
+void preprocessFile(Preprocessing& run, std::string_view path, const SourcePosition& includedFrom) {
+    const SourceFile& file = run.files.load(path, includedFrom);
+    if (++run.includeDepth > run.limits.includeDepth) {
+        failAt(includedFrom, Message::IncludesNestedTooDeeply);
+    }
+    if (includedFrom.inclusion != nullptr && ++run.filesIncluded > run.limits.includedFiles) {
+        failAt(includedFrom, Message::TooManyFiles);
+    }
+    run.programBytes += file.text.length;
+    if (run.programBytes > run.limits.programText) {
+        failAt(includedFrom, Message::ProgramTooLarge);
+    }
+    const Inclusion& inclusion =
+        run.program.inclusions.emplace_back(Inclusion{&file, includedFrom});
+
+    const SourcePosition last = preprocessLines(run, inclusion);
+    if (file.endsAtNul) {
+        run.program.nulCharacters.push_back(last);
+    }
+    if (!run.conditions.empty()) {
+        failAt(last, Message::EndifExpected);
+    }
+    --run.includeDepth;
+    if (includedFrom.inclusion != nullptr) {
+        const TextSpan marker =
+            run.program.text.add("#include \"" + std::string(path) + "\" // end");
+        appendLine(run.program.list, last, {}, marker);
+    }
+}
+
+void appendLine(LineList& list, const SourcePosition& position, TextSpan text, TextSpan comment) {
+    list.lines.push_back({text, comment, static_cast<std::uint32_t>(list.tokens.size()),
+                          position.lineNumber, position.inclusion});
+}
+
+void appendDirectiveLine(Preprocessing& run, const SourcePosition& position, TextSpan source,
+                         TextSpan comment, TokenType type, TextSpan text) {
+    appendLine(run.program.list, position, source, comment);
+    run.program.list.tokens.push_back({type, text});
+}
+
+void preprocessProgram(Program& program, std::string_view path, const AxisNames& axes,
+                       const Limits& limits, const PredefinedTable& predefined) {
+    Preprocessing run(program, axes, limits, predefined);
+    try {
+        preprocessFile(run, path, {});
+    } catch (const TextStoreFull&) {
+        failAt({}, Message::ProgramTooLarge);
+    }
+}
+
+}  // namespace torvel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string_view>
+
+#include "src/lex/axis-names.h"
+#include "src/lex/program.h"
+#include "src/limits.h"
+#include "src/preprocess/predefined-constants.h"
+
+namespace torvel {
+
+/// Reads the program file `path` (as the command line has it) and everything it includes into
+/// `program`: directives carried out, defines substituted, every line cut into tokens. Throws a
+/// ParseException at the first error, its position being none for the program file itself.
+void preprocessProgram(Program& program, std::string_view path, const AxisNames& axes,
+                       const Limits& limits,
+                       const PredefinedTable& predefined = predefinedConstants());
+
+}  // namespace torvel
