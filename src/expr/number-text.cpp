@@ -1,0 +1,87 @@
+#include "src/expr/number-text.h"
+
+#include <array>
+#include <charconv>
+
+#include "src/lex/characters.h"
+
+namespace torvel {
+
+namespace {
+
+struct SignedText {
+    bool negative = false;
+    std::string_view digits;
+};
+
+/// Takes off white space and a sign.
+SignedText readSign(std::string_view text) {
+    while (!text.empty() && isWhiteSpace(text.front())) {
+        text.remove_prefix(1);
+    }
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) {
+        text.remove_prefix(1);
+    }
+    return {negative, text};
+}
+
+bool hasHexPrefix(std::string_view text) {
+    return text.size() > 2 && text[0] == '0' && upperCase(text[1]) == 'X' && text[2] != '-' &&
+           text[2] != '+';
+}
+
+}  // namespace
+
+std::optional<std::int32_t> parseIntegerText(std::string_view text) {
+    if (text.empty()) {
+        return 0;
+    }
+    auto [negative, digits] = readSign(text);
+    int base = 10;
+    if (hasHexPrefix(digits)) {
+        base = 16;
+        digits.remove_prefix(2);
+    } else if (digits.starts_with('0')) {
+        base = 8;
+    }
+    std::uint64_t magnitude = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto [last, error] = std::from_chars(digits.data(), end, magnitude, base);
+    const std::uint64_t largest = negative ? std::uint64_t{INT32_MAX} + 1 : INT32_MAX;
+    if (error != std::errc() || last != end || magnitude > largest) {
+        return std::nullopt;
+    }
+    const auto value = static_cast<std::int64_t>(magnitude);
+    return static_cast<std::int32_t>(negative ? -value : value);
+}
+
+std::optional<double> parseRealText(std::string_view text) {
+    if (text.empty()) {
+        return 0;
+    }
+    auto [negative, digits] = readSign(text);
+    std::chars_format format = std::chars_format::general;
+    if (hasHexPrefix(digits)) {
+        format = std::chars_format::hex;
+        digits.remove_prefix(2);
+    } else if (digits.starts_with('-')) {
+        return std::nullopt;
+    }
+    double value = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto [last, error] = std::from_chars(digits.data(), end, value, format);
+    if (error != std::errc() || last != end) {
+        return std::nullopt;
+    }
+    return negative ? -value : value;
+}
+
+void appendReal(double value, std::string& out) {
+    std::array<char, 32> buffer;
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                            std::chars_format::general, 17);
+    out.append(buffer.data(), end);
+}
+
+}  // namespace torvel
