@@ -1,0 +1,75 @@
+#include "src/stmt/macros.h"
+
+#include "src/expr/axis-lists.h"
+#include "src/expr/expressions.h"
+#include "src/expr/strings.h"
+
+namespace torvel {
+
+/// Every line of the body is converted, later ones too after one has failed, so that all messages
+/// come. One that failed leaves the macro as it was written.
+bool convertMacroDefinition(Statement& statement, const Macro& macro) {
+    const Program& program = statement.context.program;
+    std::string body;
+    bool isConverted = true;
+    for (std::size_t line = 0; line < macro.lines.lines.size(); ++line) {
+        StatementText text;
+        BlockEffect effect{};
+        isConverted =
+            convertStatement(statement.context, macro.lines.tokensOf(line), text, effect) &&
+            isConverted;
+        body += line == 0 ? "" : "\n";
+        body += text;
+    }
+    if (!isConverted) {
+        statement.text += program.text.view(macro.unconverted);
+        return true;
+    }
+    statement.text += program.text.view(macro.head);
+    statement.text += body.empty() ? "" : " ";
+    for (const char c : body) {
+        if (c == '\n') {
+            statement.text += " \\";
+        }
+        statement.text += c;
+    }
+    return true;
+}
+
+namespace {
+
+/// An argument is an axis, a string or a number, by the token that begins it.
+bool writeArgument(Statement& statement) {
+    const TokenType type = statement.cursor.type();
+    if (isAxis(type) || type == TokenType::AT) {
+        return translateSingleAxis(statement.context, statement.cursor, statement.text);
+    }
+    if (beginsString(statement.cursor)) {
+        return translateStringExpression(statement.context, statement.cursor, statement.text);
+    }
+    return writeExpression(statement);
+}
+
+}  // namespace
+
+bool convertMacroCall(Statement& statement) {
+    statement.text += statement.cursor.text();
+    statement.text += '(';
+    statement.cursor.advance();
+    statement.cursor.advance();
+    if (!statement.cursor.is(TokenType::RIGHT_PAREN)) {
+        if (!writeArgument(statement)) {
+            return false;
+        }
+        while (accept(statement, TokenType::COMMA)) {
+            statement.text += ", ";
+            if (!writeArgument(statement)) {
+                return false;
+            }
+        }
+    }
+    statement.text += ')';
+    return expect(statement, TokenType::RIGHT_PAREN);
+}
+
+}  // namespace torvel

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "src/stmt/statement.h"
+
+namespace torvel {
+
+/// A `#macro`, whose body is converted here.
+bool convertMacroDefinition(Statement& statement, const Macro& macro);
+
+/// NAME(arguments): a line that calls a macro.
+bool convertMacroCall(Statement& statement);
+
+}  // namespace torvel

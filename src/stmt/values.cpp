@@ -1,0 +1,78 @@
+#include "src/stmt/values.h"
+
+#include "src/expr/axis-lists.h"
+#include "src/expr/expressions.h"
+#include "src/expr/strings.h"
+#include "src/stmt/callbacks.h"
+#include "src/stmt/drive-memory.h"
+
+namespace torvel {
+
+namespace {
+
+struct RefusedValue {
+    TokenType token;
+    Message message;
+};
+
+constexpr RefusedValue refusedValues[] = {
+#define VALUE(token, message) {TokenType::token, Message::message},
+#include "src/stmt/values.def"
+};
+
+/// FILESIZE file, FILESIZE ( file ): the file's name, or its handle
+/// FileSize(file)
+bool translateFileSize(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
+    cursor.advance();
+    out += "FileSize(";
+    const bool isParenthesised = acceptToken(cursor, TokenType::LEFT_PAREN);
+    if (beginsString(cursor) ? !translateStringExpression(context, cursor, out)
+                             : !translateExpression(context, cursor, out)) {
+        return false;
+    }
+    out += ')';
+    return !isParenthesised || expectToken(context, cursor, TokenType::RIGHT_PAREN);
+}
+
+/// FLASHPARAM axis GET number
+/// DriveFlashParameterRead(axis, number)
+bool translateFlashParameter(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
+    cursor.advance();
+    out += "DriveFlashParameterRead(";
+    if (!translateSingleAxis(context, cursor, out) ||
+        !expectToken(context, cursor, TokenType::GET)) {
+        return false;
+    }
+    out += ", ";
+    if (!translateExpression(context, cursor, out)) {
+        return false;
+    }
+    out += ')';
+    return true;
+}
+
+}  // namespace
+
+bool translateAssignmentValue(ConversionContext& context, TokenCursor& cursor,
+                              ExpressionText& out) {
+    const TokenType type = cursor.type();
+    switch (type) {
+        case TokenType::DBLTOSTR:
+        case TokenType::STRMID:
+        case TokenType::STRUPR:
+        case TokenType::STRLWR: return translateStringExpression(context, cursor, out);
+        case TokenType::CALLBACK: return translateCallback(context, cursor, out);
+        case TokenType::FILESIZE: return translateFileSize(context, cursor, out);
+        case TokenType::DSPMEM: return translateDriveMemoryRead(context, cursor, out);
+        case TokenType::FLASHPARAM: return translateFlashParameter(context, cursor, out);
+        default: break;
+    }
+    for (const RefusedValue& value : refusedValues) {
+        if (value.token == type) {
+            return logConversionMessage(context, value.message);
+        }
+    }
+    return translateExpression(context, cursor, out);
+}
+
+}  // namespace torvel
