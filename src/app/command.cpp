@@ -1,0 +1,127 @@
+// One run: the command line, the parameter file, the preprocessor, then the conversion of its lines
+// into the output and the messages into the log. Everything that can be wrong with the program or the
+// paths comes before the first byte is written.
+
+#include "src/app/command.h"
+
+#include <algorithm>
+#include <exception>
+#include <new>
+#include <stdexcept>
+
+#include "src/app/command-line.h"
+#include "src/app/conversion.h"
+#include "src/app/parameter-file.h"
+#include "src/lex/characters.h"
+#include "src/lex/file-system.h"
+#include "src/lex/messages.h"
+#include "src/preprocess/preprocessor.h"
+
+namespace torvel {
+
+namespace {
+
+[[noreturn]] void fail(Message message, std::initializer_list<std::string_view> holes) {
+    throw std::runtime_error(messageText(message, holes));
+}
+
+struct OutputPaths {
+    NativePath output;
+    NativePath log;
+};
+
+/// The two files that the run writes, named after the program. Fails if their directory is none.
+OutputPaths outputPaths(const CommandLine& commandLine) {
+    const NativePath directory = nativePath(commandLine.outputDirectory);
+    const FileKind kind = fileKind(directory);
+    if (kind == FileKind::missing) {
+        fail(Message::OutputPathMissing, {commandLine.outputDirectory});
+    }
+    if (kind != FileKind::directory) {
+        fail(Message::OutputPathNotDirectory, {commandLine.outputDirectory});
+    }
+    const std::string stem(fileStem(lastComponent(trimBlanks(commandLine.programPath))));
+    return {directory / nativePath(stem + ".torvel"), directory / nativePath(stem + ".log")};
+}
+
+/// Fails if a path leads to a file that the run reads.
+void checkNoInput(const NativePath& path, const std::vector<FileIdentity>& inputs) {
+    const FileIdentity identity = fileIdentity(path);
+    if (identity != FileIdentity() &&
+        std::find(inputs.begin(), inputs.end(), identity) != inputs.end()) {
+        fail(Message::OutputOverwritesInput, {narrowPath(path)});
+    }
+}
+
+void openForWriting(OutputFile& file, const NativePath& path) {
+    if (!file.open(path)) {
+        fail(Message::OutputNotOpened, {narrowPath(path)});
+    }
+}
+
+void closeWritten(OutputFile& file, const NativePath& path) {
+    if (!file.close()) {
+        fail(Message::OutputNotWritten, {narrowPath(path)});
+    }
+}
+
+void convertFile(const CommandLine& commandLine, const Limits& limits) {
+    std::vector<FileIdentity> inputs;
+    AxisNames axes;
+    if (commandLine.parameterFile) {
+        axes = loadParameterFile(*commandLine.parameterFile);
+        inputs.push_back(fileIdentity(nativePath(*commandLine.parameterFile)));
+    }
+    Program program;
+    preprocessProgram(program, commandLine.programPath, axes, limits);
+
+    const OutputPaths paths = outputPaths(commandLine);
+    for (const SourceFile& file : program.files) {
+        inputs.push_back(file.identity);
+    }
+    checkNoInput(paths.output, inputs);
+    checkNoInput(paths.log, inputs);
+    OutputFile output;
+    OutputFile log;
+    openForWriting(output, paths.output);
+    openForWriting(log, paths.log);
+
+    MessageLog messages;
+    for (const SourcePosition& position : program.nulCharacters) {
+        messages.push_back({messageText(Message::NulCharacter), position});
+    }
+    ConversionContext context{program, axes, limits, messages, {}};
+    convertProgram(context, output);
+    closeWritten(output, paths.output);
+    for (const ConversionMessage& message : messages) {
+        log.write(formatDiagnostic(message.position, message.text));
+        log.write("\n");
+    }
+    closeWritten(log, paths.log);
+}
+
+}  // namespace
+
+CommandResult runCommand(const std::vector<std::string>& arguments, const Limits& limits) {
+    CommandResult result;
+    result.status = 1;
+    try {
+        convertFile(parseCommandLine(arguments), limits);
+        result.status = 0;
+    } catch (const CommandLineError& error) {
+        result.standardError = error.what();
+        result.standardOutput = usageText;
+    } catch (const std::bad_alloc&) {
+        result.standardError = messageText(Message::OutOfMemory);
+    } catch (const std::exception& error) {
+        result.standardError = error.what();
+    } catch (...) {
+        result.standardError = messageText(Message::UnknownException);
+    }
+    if (!result.standardError.empty()) {
+        result.standardError += '\n';
+    }
+    return result;
+}
+
+}  // namespace torvel
