@@ -1,0 +1,182 @@
+#include "tests/support/case-run.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+
+#include "tests/support/escapes.h"
+#include "tests/support/temporary-directory.h"
+#include "tests/support/text-difference.h"
+
+namespace torvel::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Makes a folder the working directory while it lives.
+class WorkingDirectory {
+public:
+    explicit WorkingDirectory(const fs::path& path) : previous_(fs::current_path()) {
+        fs::current_path(path);
+    }
+    ~WorkingDirectory() {
+        std::error_code ignored;
+        fs::current_path(previous_, ignored);
+    }
+    WorkingDirectory(const WorkingDirectory&) = delete;
+    WorkingDirectory& operator=(const WorkingDirectory&) = delete;
+
+private:
+    fs::path previous_;
+};
+
+void layOut(const Case& test, const std::vector<CaseEntry>& files, const fs::path& root) {
+    fs::create_directory(root / "out");
+    for (const std::string& directory : test.directories) {
+        fs::create_directories(root / directory);
+    }
+    for (const CaseEntry& file : files) {
+        writeFile(root / file.path, file.content);
+    }
+    for (const CaseEntry& link : test.links) {
+        fs::create_directories((root / link.path).parent_path());
+        fs::create_symlink(link.content, root / link.path);
+    }
+    for (const CaseEntry& link : test.hardLinks) {
+        const fs::path path = root / link.path;
+        fs::create_directories(path.parent_path());
+        fs::create_hard_link(path.parent_path() / link.content, path);
+    }
+}
+
+std::string joined(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line + '\n';
+    }
+    return text;
+}
+
+void appendDifference(std::string& text, const char* what, std::string_view expected,
+                      std::string_view actual) {
+    if (const std::string difference = textDifference(expected, actual); !difference.empty()) {
+        text += std::string(what) + ":\n" + difference;
+    }
+}
+
+void appendDifference(std::string& text, const char* what,
+                      const std::optional<std::string>& expected,
+                      const std::optional<std::string>& actual) {
+    if (expected.has_value() != actual.has_value()) {
+        text += std::string(what) + (expected ? " is missing\n" : " should not be there:\n");
+        text += textDifference(expected.value_or(""), actual.value_or(""));
+    } else if (expected) {
+        appendDifference(text, what, std::string_view(*expected), std::string_view(*actual));
+    }
+}
+
+}  // namespace
+
+Outcome runCase(const Case& test, const std::vector<CaseEntry>& files, const RunConverter& run) {
+    const TemporaryDirectory directory;
+    const fs::path& root = directory.path();
+    layOut(test, files, root);
+    std::vector<std::string> arguments;
+    for (const std::string& argument : test.arguments) {
+        arguments.push_back(replaceAll(argument, "{dir}", root.string()));
+    }
+    const CommandResult result = [&] {
+        const WorkingDirectory here(root);
+        return run(arguments, test.limits);
+    }();
+
+    const auto withoutRoot = [&root](const std::string& text) {
+        return replaceAll(text, root.string(), "{dir}");
+    };
+    const auto content = [&](const fs::path& path) {
+        return fs::is_regular_file(path) ? std::optional(withoutRoot(readFile(path)))
+                                         : std::nullopt;
+    };
+    Outcome outcome;
+    outcome.status = result.status;
+    outcome.standardOutput = withoutRoot(result.standardOutput);
+    outcome.standardError = withoutRoot(result.standardError);
+    const fs::path base = root / test.outputDirectory();
+    outcome.output = content(base / (test.stem() + ".torvel"));
+    outcome.log = content(base / (test.stem() + ".log"));
+    for (const CaseEntry& file : test.expected.files) {
+        if (const std::optional<std::string> found = content(root / file.path)) {
+            outcome.files.push_back({file.path, *found});
+        }
+    }
+    return outcome;
+}
+
+std::string outcomeDifference(const Outcome& expected, const Outcome& actual) {
+    std::string text;
+    if (expected.status != actual.status) {
+        text += "status: expected " + std::to_string(expected.status) + ", got " +
+                std::to_string(actual.status) + '\n';
+    }
+    appendDifference(text, "stderr", std::string_view(expected.standardError),
+                     std::string_view(actual.standardError));
+    appendDifference(text, "stdout", std::string_view(expected.standardOutput),
+                     std::string_view(actual.standardOutput));
+    appendDifference(text, "output", expected.output, actual.output);
+    appendDifference(text, "log", expected.log, actual.log);
+    for (const CaseEntry& file : expected.files) {
+        const auto found =
+            std::find_if(actual.files.begin(), actual.files.end(),
+                         [&](const CaseEntry& other) { return other.path == file.path; });
+        const std::optional<std::string> content =
+            found == actual.files.end() ? std::nullopt : std::optional(found->content);
+        appendDifference(text, file.path.c_str(), std::optional(file.content), content);
+    }
+    return text;
+}
+
+bool isSourceText(std::string_view path) {
+    return !path.ends_with(".xml");
+}
+
+void visitCases(const fs::path& root, const VisitCase& visit) {
+    std::vector<fs::path> paths;
+    for (const auto& entry : fs::recursive_directory_iterator(root)) {
+        if (entry.path().extension() == ".case") {
+            paths.push_back(entry.path());
+        }
+    }
+    std::sort(paths.begin(), paths.end());
+    for (const fs::path& path : paths) {
+        visit(replaceAll(path.parent_path().filename().string(), "-", "_"),
+              replaceAll(path.stem().string(), "-", "_"), path);
+    }
+}
+
+bool takeUpdateFlag(int& argc, char** argv) {
+    bool update = std::getenv("TORVEL_UPDATE_CASES") != nullptr;
+    int kept = 0;
+    for (int i = 0; i < argc; ++i) {
+        if (std::string_view(argv[i]) == "--update") {
+            update = true;
+        } else {
+            argv[kept++] = argv[i];
+        }
+    }
+    argc = kept;
+    return update;
+}
+
+std::string checkExpectations(const fs::path& path, const Case& test, const Outcome& outcome,
+                              bool update) {
+    const std::string difference = outcomeDifference(test.expected, outcome);
+    if (update && !difference.empty()) {
+        writeFile(path, withExpectations(readFile(path), outcome));
+        return {};
+    }
+    return difference.empty() ? difference
+                              : test.head + "arguments:\n" + joined(test.arguments) + difference;
+}
+
+}  // namespace torvel::test

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "src/app/command.h"
+#include "tests/support/case-file.h"
+
+namespace torvel::test {
+
+/// Runs the converter on arguments, in the current working directory.
+using RunConverter =
+    std::function<CommandResult(const std::vector<std::string>& arguments, const Limits& limits)>;
+
+/// Lays out `files` in a folder of their own with the case's folders and links, runs the converter there
+/// and gathers what it leaves behind.
+Outcome runCase(const Case& test, const std::vector<CaseEntry>& files, const RunConverter& run);
+
+/// What differs between two outcomes, for people; empty if nothing does.
+std::string outcomeDifference(const Outcome& expected, const Outcome& actual);
+
+/// Whether the path belongs to a file of Brannic text (all but XML does).
+bool isSourceText(std::string_view path);
+
+/// Called for each case of a folder tree: `subject` and `name` with "_" for "-".
+using VisitCase = std::function<void(const std::string& subject, const std::string& name,
+                                     const std::filesystem::path& path)>;
+void visitCases(const std::filesystem::path& root, const VisitCase& visit);
+
+/// Whether the expectations of the cases are to be rewritten: the flag --update, which is taken off the
+/// arguments, or the environment variable TORVEL_UPDATE_CASES.
+bool takeUpdateFlag(int& argc, char** argv);
+
+/// Compares the outcome with the case's expectations, or with `update` writes it into the case file.
+/// Returns what differs; empty if nothing does.
+std::string checkExpectations(const std::filesystem::path& path, const Case& test,
+                              const Outcome& outcome, bool update);
+
+}  // namespace torvel::test

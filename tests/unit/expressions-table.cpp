@@ -1,0 +1,123 @@
+#include <sstream>
+#include <string>
+
+#include "src/expr/expressions.h"
+#include "src/expr/functions.h"
+#include "src/expr/number-text.h"
+#include "src/expr/parameter-names.h"
+#include "src/expr/status-items.h"
+#include "src/expr/strings.h"
+#include "src/expr/variables.h"
+#include "src/lex/lexer.h"
+#include "tests/support/program-text.h"
+#include "tests/support/table.h"
+
+namespace torvel::test {
+
+namespace {
+
+using Translate = bool (*)(ConversionContext&, TokenCursor&, ExpressionText&);
+
+/// What a translator makes of `code`: the text, the messages, and the first token that it left.
+template <typename Translator>
+std::string translateCode(const std::string& code, Translator translator) {
+    ProgramText source(code);
+    const AxisNames axes;
+    const Limits limits;
+    lexLine(source.program, source.program.list, axes, source.text(), source.position());
+    MessageLog log;
+    ConversionContext context{source.program, axes, limits, log, source.position()};
+    TokenCursor cursor(source.program, source.program.list.tokensOf(0));
+
+    std::string printed = translator(context, cursor);
+    for (const ConversionMessage& message : log) {
+        printed += printed.empty() ? "! " : " ! ";
+        printed += message.text;
+    }
+    if (log.empty() && !cursor.atEnd()) {
+        printed += " ... " + std::string(cursor.text());
+    }
+    return printed;
+}
+
+TableDriver textOf(Translate translate) {
+    return [translate](const std::string& code) {
+        return translateCode(code, [translate](ConversionContext& context, TokenCursor& cursor) {
+            ExpressionText text;
+            return translate(context, cursor, text) ? text : std::string();
+        });
+    };
+}
+
+std::string assignmentTarget(const std::string& code) {
+    return translateCode(code, [](ConversionContext& context, TokenCursor& cursor) {
+        const std::optional<VariableReference> target = translateAssignmentTarget(context, cursor);
+        return target ? target->text + (target->isCall ? "..." : "") : std::string();
+    });
+}
+
+std::string unexpectedToken(const std::string& input) {
+    const auto [kinds, code] = splitInput(input);
+    return translateCode(code, [&kinds = kinds](ConversionContext& context, TokenCursor& cursor) {
+        std::vector<TokenType> types;
+        std::istringstream numbers(kinds);
+        for (unsigned number = 0; numbers >> number;) {
+            types.push_back(static_cast<TokenType>(number));
+        }
+        const std::optional<std::string_view> text =
+            expectToken(context, cursor, TokenTypes(types));
+        return std::string(text.value_or(""));
+    });
+}
+
+std::string list(const std::string& input) {
+    const auto [flag, itemText] = splitInput(input);
+    std::vector<std::string> items;
+    std::istringstream words(itemText);
+    for (std::string item; words >> item;) {
+        items.push_back(item);
+    }
+    std::string text;
+    formatList(items, flag == "single", text);
+    return text;
+}
+
+std::string integerText(const std::string& text) {
+    const std::optional<std::int32_t> value = parseIntegerText(text);
+    return value ? std::to_string(*value) : "nothing";
+}
+
+std::string realText(const std::string& text) {
+    const std::optional<double> value = parseRealText(text);
+    std::string printed;
+    if (value) {
+        appendReal(*value, printed);
+    }
+    return value ? printed : "nothing";
+}
+
+using LookupName = std::optional<std::string_view> (*)(std::uint32_t);
+
+TableDriver nameOf(LookupName lookup) {
+    return [lookup](const std::string& number) -> std::string {
+        const auto name = lookup(static_cast<std::uint32_t>(std::stoul(number)));
+        return !name ? "absent" : name->empty() ? "removed" : std::string(*name);
+    };
+}
+
+const TableTests expressions("expressions", {{"expression", textOf(translateExpression)},
+                                             {"string", textOf(translateStringExpression)},
+                                             {"string operand", textOf(translateStringOperand)},
+                                             {"read", textOf(translateVariableRead)},
+                                             {"assign", assignmentTarget},
+                                             {"expected token", unexpectedToken}});
+
+const TableTests texts("texts", {{"integer", integerText}, {"real", realText}, {"list", list}});
+
+const TableTests parameterNames("parameter-names", {{"axis", nameOf(lookupAxisParameterName)},
+                                                    {"task", nameOf(lookupTaskParameterName)},
+                                                    {"system", nameOf(lookupSystemParameterName)}});
+
+}  // namespace
+
+}  // namespace torvel::test
