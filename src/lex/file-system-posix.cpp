@@ -40,6 +40,10 @@ std::string_view withoutDrive(std::string_view path) {
     return path;
 }
 
+std::size_t characterLength(char /*first*/) {
+    return 1;
+}
+
 FileKind fileKind(const NativePath& path) {
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);
@@ -113,10 +117,10 @@ void OutputFile::flush() {
     std::string_view rest = buffer_;
     while (!rest.empty() && !failed_) {
         const ssize_t count = ::write(descriptor_, rest.data(), rest.size());
-        if (count >= 0) {
+        if (count > 0) {
             rest.remove_prefix(static_cast<std::size_t>(count));
         } else {
-            failed_ = errno != EINTR;
+            failed_ = count == 0 || errno != EINTR;
         }
     }
     buffer_.clear();

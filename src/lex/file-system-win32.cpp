@@ -30,18 +30,19 @@ NativePath fullPath(const NativePath& path) {
 
 /// `path` in the form that has no bound on its length, where it needs one.
 NativePath unboundedPath(const NativePath& path) {
-    if (path.native().size() < MAX_PATH - 12 || path.native().starts_with(L"\\\\?\\")) {
+    const NativePath full = fullPath(path);
+    const std::wstring& text = full.native();
+    if (text.size() < MAX_PATH - 12 || text.starts_with(LR"(\\?\)")) {
         return path;
     }
-    const std::wstring full = fullPath(path).native();
-    return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
+    return text.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + text.substr(1) : LR"(\\?\)" + text;
 }
 
 /// A handle that tells about what stands at a path; it opens directories too.
 class PathHandle {
 public:
     explicit PathHandle(const NativePath& path)
-        : handle_(CreateFileW(path.c_str(), 0,
+        : handle_(CreateFileW(unboundedPath(path).c_str(), 0,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                               OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {}
     ~PathHandle() {
@@ -70,7 +71,7 @@ FileIdentity identityOf(HANDLE handle) {
 
 /// The final path of something that exists; empty if it does not.
 NativePath finalPath(const NativePath& path) {
-    const PathHandle handle(unboundedPath(path));
+    const PathHandle handle(path);
     if (!handle.isOpen()) {
         return {};
     }
@@ -82,10 +83,10 @@ NativePath finalPath(const NativePath& path) {
         return {};
     }
     text.resize(length);
-    constexpr std::wstring_view share = L"\\\\?\\UNC\\";
-    constexpr std::wstring_view unbounded = L"\\\\?\\";
+    constexpr std::wstring_view share = LR"(\\?\UNC\)";
+    constexpr std::wstring_view unbounded = LR"(\\?\)";
     if (text.starts_with(share)) {
-        return L"\\\\" + text.substr(share.size());
+        return LR"(\\)" + text.substr(share.size());
     }
     return text.starts_with(unbounded) ? text.substr(unbounded.size()) : text;
 }
@@ -111,23 +112,31 @@ std::string narrowPath(const NativePath& path) {
 }
 
 NativePath includedPath(const NativePath& directory, std::string_view text) {
-    return directory / nativePath(text);
+    // Not every library takes the name of a share for the root that it is.
+    const bool isShare = text.find_first_of("\\/") == 0 && text.find_first_of("\\/", 1) == 1;
+    return isShare ? nativePath(text) : directory / nativePath(text);
 }
 
 std::string_view withoutDrive(std::string_view path) {
     return path.size() > 1 && path[1] == ':' ? path.substr(2) : path;
 }
 
+std::size_t characterLength(char first) {
+    return IsDBCSLeadByte(static_cast<BYTE>(first)) != 0 ? 2 : 1;
+}
+
 FileKind fileKind(const NativePath& path) {
-    const NativePath unbounded = unboundedPath(path);
-    const DWORD attributes = GetFileAttributesW(unbounded.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES) {
+    const PathHandle handle(path);
+    if (!handle.isOpen()) {
         return FileKind::missing;
     }
-    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-        return FileKind::directory;
+    BY_HANDLE_FILE_INFORMATION information;
+    if (GetFileType(handle.get()) != FILE_TYPE_DISK ||
+        GetFileInformationByHandle(handle.get(), &information) == 0) {
+        return FileKind::other;
     }
-    return (attributes & FILE_ATTRIBUTE_DEVICE) != 0 ? FileKind::other : FileKind::regular;
+    return (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? FileKind::directory
+                                                                          : FileKind::regular;
 }
 
 NativePath canonicalPath(const NativePath& path) {
@@ -148,7 +157,7 @@ NativePath canonicalPath(const NativePath& path) {
 }
 
 FileIdentity fileIdentity(const NativePath& path) {
-    const PathHandle handle(unboundedPath(path));
+    const PathHandle handle(path);
     return handle.isOpen() ? identityOf(handle.get()) : FileIdentity();
 }
 

@@ -6,18 +6,24 @@ namespace torvel {
 
 std::string displayPath(const NativePath& path, const NativePath& directory) {
     const NativePath relative = path.lexically_relative(directory);
-    std::string text = narrowPath(relative.empty() ? path : relative);
-    std::replace(text.begin(), text.end(), '\\', '/');
-    return text;
+    NativePath::string_type text = relative.empty() ? path.native() : relative.native();
+    std::replace(text.begin(), text.end(), NativePath::value_type{'\\'},
+                 NativePath::value_type{'/'});
+    return narrowPath(text);
 }
 
 std::string_view lastComponent(std::string_view path) {
-    const std::size_t separator = path.find_last_of("\\/");
-    return separator == std::string_view::npos ? path : path.substr(separator + 1);
+    path = withoutDrive(path);
+    std::size_t begin = 0;
+    for (std::size_t i = 0; i < path.size(); i += characterLength(path[i])) {
+        if (path[i] == '\\' || path[i] == '/') {
+            begin = i + 1;
+        }
+    }
+    return path.substr(begin);
 }
 
 std::string_view fileStem(std::string_view name) {
-    name = withoutDrive(name);
     name = name.substr(0, name.find(':'));
     const std::size_t dot = name.rfind('.');
     if (name == ".." || dot == std::string_view::npos || dot == 0) {

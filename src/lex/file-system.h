@@ -52,7 +52,11 @@ std::string displayPath(const NativePath& path, const NativePath& directory);
 /// `path` without a drive in front ("C:"), on platforms that have drives.
 std::string_view withoutDrive(std::string_view path);
 
-/// The last component of a path: what follows the last "\" or "/".
+/// How many bytes the character takes that begins with `first`, in a code page where bytes of a longer
+/// one can be separators.
+std::size_t characterLength(char first);
+
+/// The last component of a path: what follows the last "\" or "/", or the drive.
 std::string_view lastComponent(std::string_view path);
 
 /// The stem of a file name: without its last extension, a leading "." starting none, and without the
