@@ -1,22 +1,14 @@
 #include "src/lex/keywords.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdint>
+#include <iterator>
 
-#include "src/lex/characters.h"
-#include "src/lex/hash.h"
+#include "src/lex/word-table.h"
 
 namespace torvel {
 
 namespace {
 
-struct Spelling {
-    std::string_view text;
-    TokenType kind;
-};
-
-constexpr Spelling spellings[] = {
+constexpr WordRow spellings[] = {
 #define UNSPELLED(enumerator, spelling)
 #define KEYWORD(enumerator, spelling) {spelling, TokenType::enumerator},
 #define DIRECTIVE(enumerator, spelling) {spelling, TokenType::enumerator},
@@ -26,54 +18,50 @@ constexpr Spelling spellings[] = {
 };
 static_assert(std::size(spellings) == 512, "509 words and the three directives");
 
-constexpr std::size_t slotCount = 2048;
-constexpr std::size_t slotMask = slotCount - 1;
-constexpr std::uint16_t freeSlot = UINT16_MAX;
+constexpr WordTable keywords(spellings);
 
-/// Positions in `spellings` by hash, open addressing.
-constexpr std::array<std::uint16_t, slotCount> slots = [] {
-    std::array<std::uint16_t, slotCount> table{};
-    table.fill(freeSlot);
-    for (std::size_t i = 0; i < std::size(spellings); ++i) {
-        std::size_t slot = hashText(spellings[i].text) & slotMask;
-        while (table[slot] != freeSlot) {
-            slot = (slot + 1) & slotMask;
-        }
-        table[slot] = static_cast<std::uint16_t>(i);
-    }
-    return table;
-}();
+/// Names that may carry an index as digits behind them.
+constexpr WordRow numberedNames[] = {
+    {"$GLOBAL", TokenType::GLOBAL_VARIABLE},   {"$GLOB", TokenType::GLOBAL_VARIABLE},
+    {"$TASK", TokenType::TASK_VARIABLE},       {"$INFO", TokenType::INFO_VARIABLE},
+    {"$STRGLOB", TokenType::STRGLOB_VARIABLE}, {"$STRTASK", TokenType::STRTASK_VARIABLE},
+    {"$APTGLOB", TokenType::APTGLOB_VARIABLE}, {"$APTTASK", TokenType::APTTASK_VARIABLE},
+    {"$BO", TokenType::BO_VARIABLE},           {"$BI", TokenType::BI_VARIABLE},
+    {"$RO", TokenType::RO_VARIABLE},           {"$RI", TokenType::RI_VARIABLE},
+    {"$DO", TokenType::DO_VARIABLE},           {"$DI", TokenType::DI_VARIABLE},
+    {"$WO", TokenType::WO_VARIABLE},           {"$WI", TokenType::WI_VARIABLE},
+    {"$AO", TokenType::AO_VARIABLE},           {"$AI", TokenType::AI_VARIABLE},
+    {"$PORT", TokenType::PORT_VARIABLE},       {"$TASKINDEX", TokenType::TASKINDEX_VARIABLE},
+};
 
-constexpr std::size_t longestSpelling = [] {
-    std::size_t longest = 0;
-    for (const Spelling& spelling : spellings) {
-        longest = std::max(longest, spelling.text.size());
-    }
-    return longest;
-}();
+/// Names that are compared whole: with digits behind them they are user variables.
+constexpr WordRow wholeNames[] = {
+    {"$RETURN", TokenType::RETURN_VARIABLE},
+    {"$PGLOBAL", TokenType::SYSTEM_PARAMETER},
+    {"$PGLOB", TokenType::SYSTEM_PARAMETER},
+    {"$PAXIS", TokenType::AXIS_PARAMETER},
+    {"$PTASK", TokenType::TASK_PARAMETER},
+    {"$SYSTEMSTATUS", TokenType::SYSTEMSTATUS_VARIABLE},
+    {"$AXISSTATUS", TokenType::AXISSTATUS_VARIABLE},
+    {"$TASKSTATUS", TokenType::TASKSTATUS_VARIABLE},
+};
+
+constexpr WordTable numberedVariables(numberedNames);
+constexpr WordTable wholeVariables(wholeNames);
 
 }  // namespace
 
-const std::size_t longestKeyword = longestSpelling;
-
 TokenType keywordKind(std::string_view word) {
-    if (word.size() > longestSpelling) {
-        return TokenType::INVALID;
+    return keywords.find(word);
+}
+
+TokenType variableKind(std::string_view word) {
+    const std::string_view digits = trailingDigits(word);
+    TokenType kind = numberedVariables.find(word.substr(0, word.size() - digits.size()));
+    if (kind == TokenType::INVALID && digits.empty()) {
+        kind = wholeVariables.find(word);
     }
-    std::array<char, longestSpelling> upper;
-    std::uint64_t hash = fnvOffsetBasis;
-    for (std::size_t i = 0; i < word.size(); ++i) {
-        upper[i] = upperCase(word[i]);
-        hash = extendHash(hash, upper[i]);
-    }
-    const std::string_view key(upper.data(), word.size());
-    for (std::size_t slot = hash & slotMask; slots[slot] != freeSlot;
-         slot = (slot + 1) & slotMask) {
-        if (spellings[slots[slot]].text == key) {
-            return spellings[slots[slot]].kind;
-        }
-    }
-    return TokenType::INVALID;
+    return kind == TokenType::INVALID ? TokenType::VARIABLE : kind;
 }
 
 }  // namespace torvel

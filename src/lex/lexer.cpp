@@ -17,64 +17,6 @@ namespace torvel {
 
 namespace {
 
-struct VariableName {
-    std::string_view name;
-    TokenType kind;
-};
-
-/// Names that may carry an index as digits behind them.
-constexpr VariableName numberedVariables[] = {
-    {"$GLOBAL", TokenType::GLOBAL_VARIABLE},   {"$GLOB", TokenType::GLOBAL_VARIABLE},
-    {"$TASK", TokenType::TASK_VARIABLE},       {"$INFO", TokenType::INFO_VARIABLE},
-    {"$STRGLOB", TokenType::STRGLOB_VARIABLE}, {"$STRTASK", TokenType::STRTASK_VARIABLE},
-    {"$APTGLOB", TokenType::APTGLOB_VARIABLE}, {"$APTTASK", TokenType::APTTASK_VARIABLE},
-    {"$BO", TokenType::BO_VARIABLE},           {"$BI", TokenType::BI_VARIABLE},
-    {"$RO", TokenType::RO_VARIABLE},           {"$RI", TokenType::RI_VARIABLE},
-    {"$DO", TokenType::DO_VARIABLE},           {"$DI", TokenType::DI_VARIABLE},
-    {"$WO", TokenType::WO_VARIABLE},           {"$WI", TokenType::WI_VARIABLE},
-    {"$AO", TokenType::AO_VARIABLE},           {"$AI", TokenType::AI_VARIABLE},
-    {"$PORT", TokenType::PORT_VARIABLE},       {"$TASKINDEX", TokenType::TASKINDEX_VARIABLE},
-};
-
-/// Names that are compared whole: with digits behind them they are user variables.
-constexpr VariableName wholeVariables[] = {
-    {"$RETURN", TokenType::RETURN_VARIABLE},
-    {"$PGLOBAL", TokenType::SYSTEM_PARAMETER},
-    {"$PGLOB", TokenType::SYSTEM_PARAMETER},
-    {"$PAXIS", TokenType::AXIS_PARAMETER},
-    {"$PTASK", TokenType::TASK_PARAMETER},
-    {"$SYSTEMSTATUS", TokenType::SYSTEMSTATUS_VARIABLE},
-    {"$AXISSTATUS", TokenType::AXISSTATUS_VARIABLE},
-    {"$TASKSTATUS", TokenType::TASKSTATUS_VARIABLE},
-};
-
-constexpr std::size_t longestVariable = std::string_view("$SYSTEMSTATUS").size();
-
-bool equalsUpperCased(std::string_view word, std::string_view upper) {
-    return word.size() == upper.size() &&
-           std::equal(word.begin(), word.end(), upper.begin(),
-                      [](char c, char u) { return upperCase(c) == u; });
-}
-
-template <std::size_t count>
-TokenType findVariable(const VariableName (&names)[count], std::string_view word) {
-    for (const VariableName& variable : names) {
-        if (equalsUpperCased(word, variable.name)) {
-            return variable.kind;
-        }
-    }
-    return TokenType::VARIABLE;
-}
-
-TokenType variableKind(std::string_view word) {
-    const std::string_view bare = word.substr(0, word.size() - trailingDigits(word).size());
-    if (bare.size() > longestVariable) {
-        return TokenType::VARIABLE;
-    }
-    const TokenType numbered = findVariable(numberedVariables, bare);
-    return numbered != TokenType::VARIABLE ? numbered : findVariable(wholeVariables, word);
-}
-
 /// The kind of a word that is this one letter; TokenType::INVALID for H and for letters outside E to T.
 TokenType addressLetterKind(char letter) {
     constexpr std::string_view letters = "EFGIJKLMNOPQRST";
@@ -100,34 +42,42 @@ public:
 
     void run() {
         while (next_ != end_) {
-            const char c = *next_;
-            if (isBlank(c)) {
+            if (isBlank(*next_)) {
                 ++next_;
-            } else if (isLetter(c) || c == '_' || c == '#') {
-                readWord();
-            } else if (isDigit(c)) {
-                readNumber();
             } else {
-                readPunctuation();
+                list_.tokens.push_back(readToken());
             }
         }
     }
 
 private:
+    Token readToken() {
+        const char c = *next_;
+        if (isLetter(c) || c == '_' || c == '#') {
+            return readWord();
+        }
+        return isDigit(c) ? readNumber() : readPunctuation();
+    }
+
     /// The byte `distance` after the current one; NUL behind the end.
     char peek(std::ptrdiff_t distance = 1) const {
         return end_ - next_ > distance ? next_[distance] : '\0';
     }
 
-    void append(TokenType type, TextSpan text) { list_.tokens.push_back({type, text}); }
-
-    /// Makes a token of the text from the current byte up to `last`, which is where reading goes on.
-    void take(TokenType type, const char* last) {
-        append(type, code_.part(static_cast<std::size_t>(next_ - begin_),
-                                static_cast<std::size_t>(last - next_)));
+    /// A token of the text from the current byte up to `last`, where reading goes on.
+    Token take(TokenType type, const char* last) {
+        const char* first = next_;
         next_ = last;
+        return {type, code_.part(static_cast<std::size_t>(first - begin_),
+                                 static_cast<std::size_t>(last - first))};
     }
-    void take(TokenType type, std::ptrdiff_t length) { take(type, next_ + length); }
+    Token take(TokenType type, std::ptrdiff_t length) { return take(type, next_ + length); }
+
+    /// A token of another text than it has in the source, up to `last`.
+    Token takeAs(TokenType type, const std::string& text, const char* last) {
+        next_ = last;
+        return {type, program_.text.add(text)};
+    }
 
     template <typename Predicate>
     const char* endOfRun(const char* from, Predicate predicate) const {
@@ -142,121 +92,114 @@ private:
         return wordEnd_;
     }
 
-    void readWord() {
+    Token readWord() {
         const char following = peek();
         if ((*next_ == 'G' || *next_ == 'g') && isDigit(following)) {
-            take(TokenType::GCODE_WORD, endOfRun(next_ + 1, isDigit));
-            return;
+            return take(TokenType::GCODE_WORD, endOfRun(next_ + 1, isDigit));
         }
         if (!isLetter(following) && following != '_') {
             if (const TokenType letter = addressLetterKind(*next_); letter != TokenType::INVALID) {
-                take(letter, 1);
-                return;
+                return take(letter, 1);
             }
         }
         const std::string_view word(next_, static_cast<std::size_t>(endOfWord() - next_));
         if (const TokenType keyword = keywordKind(word); keyword != TokenType::INVALID) {
-            take(keyword, wordEnd_);
-        } else if (!readAxisFeedrate(word) && !readAxis(word)) {
-            take(TokenType::IDENTIFIER, wordEnd_);
+            return take(keyword, wordEnd_);
         }
+        if (const std::size_t length = axisFeedrateLength(word); length != 0) {
+            return readAxisFeedrate(word.substr(0, length));
+        }
+        if (const std::size_t length = axisLength(word); length != 0) {
+            return take(TokenType::AXIS_NAME, next_ + length);
+        }
+        return take(TokenType::IDENTIFIER, wordEnd_);
     }
 
-    /// AXISF at the end of a word or before a digit: "XF100" is the specifier XF and the number 100.
-    bool readAxisFeedrate(std::string_view word) {
+    /// The length of AXISF at the end of the word or before a digit; 0 if it does not begin so.
+    std::size_t axisFeedrateLength(std::string_view word) const {
         const std::size_t bound = std::min(word.size(), axes_.longestName() + 1);
         for (std::size_t i = 1; i < bound; ++i) {
-            if (upperCase(word[i]) != 'F') {
-                continue;
+            if (upperCase(word[i]) == 'F') {
+                const bool isComplete = i + 1 == word.size() || isDigit(word[i + 1]);
+                return isComplete && axes_.contains(word.substr(0, i)) ? i + 1 : 0;
             }
-            const bool complete = i + 1 == word.size() || isDigit(word[i + 1]);
-            if (!complete || !axes_.contains(word.substr(0, i))) {
-                return false;
-            }
-            if (word[i] == 'F') {
-                take(TokenType::AXIS_FEEDRATE, next_ + i + 1);
-            } else {
-                append(TokenType::AXIS_FEEDRATE,
-                       program_.text.add(std::string(word.substr(0, i)) + 'F'));
-                next_ += i + 1;
-            }
-            return true;
         }
-        return false;
+        return 0;
     }
 
-    /// An axis name, or the longest axis name in front of a number: "X10" is the axis X and 10.
-    bool readAxis(std::string_view word) {
+    /// "XF100" is the specifier XF, its F in upper case, and the number 100.
+    Token readAxisFeedrate(std::string_view specifier) {
+        const char* last = next_ + specifier.size();
+        if (specifier.back() == 'F') {
+            return take(TokenType::AXIS_FEEDRATE, last);
+        }
+        specifier.remove_suffix(1);
+        return takeAs(TokenType::AXIS_FEEDRATE, std::string(specifier) + 'F', last);
+    }
+
+    /// The length of the axis name that the word is, or of the longest one in front of a number: "X10"
+    /// is the axis X and 10. 0 if there is none.
+    std::size_t axisLength(std::string_view word) const {
         if (axes_.contains(word)) {
-            take(TokenType::AXIS_NAME, wordEnd_);
-            return true;
+            return word.size();
         }
         for (std::size_t i = std::min(word.size() - 1, axes_.longestName()); i > 0; --i) {
             if (isDigit(word[i]) && axes_.contains(word.substr(0, i))) {
-                take(TokenType::AXIS_NAME, next_ + i);
-                return true;
+                return i;
             }
         }
-        return false;
+        return 0;
     }
 
-    void readNumber() {
+    Token readNumber() {
         const char following = upperCase(peek());
         if (*next_ == '0' && (following == 'X' || following == 'H')) {
-            readHexadecimal();
-            return;
+            return readHexadecimal();
         }
         const char* last = endOfRun(next_ + 1, isDigit);
         if (last != end_ && isLetter(*last)) {
             const std::string_view word(next_, static_cast<std::size_t>(last + 1 - next_));
             if (const TokenType keyword = keywordKind(word); keyword != TokenType::INVALID) {
-                take(keyword, last + 1);
-                return;
+                return take(keyword, last + 1);
             }
         }
         if (last != end_ && *last == '.') {
-            take(TokenType::FLOAT_LITERAL, endOfRun(last + 1, isDigit));
-        } else {
-            take(TokenType::INTEGER_LITERAL, last);
+            return take(TokenType::FLOAT_LITERAL, endOfRun(last + 1, isDigit));
         }
+        return take(TokenType::INTEGER_LITERAL, last);
     }
 
     /// A prefix of two characters ("0x", "0H", "&h") and hexadecimal digits: the text begins "0x".
-    void readHexadecimal() {
+    Token readHexadecimal() {
         const char* last = endOfRun(next_ + 2, isHexDigit);
         if (next_[0] == '0' && next_[1] == 'x') {
-            take(TokenType::HEX_LITERAL, last);
-            return;
+            return take(TokenType::HEX_LITERAL, last);
         }
-        append(TokenType::HEX_LITERAL, program_.text.add("0x" + std::string(next_ + 2, last)));
-        next_ = last;
+        return takeAs(TokenType::HEX_LITERAL, "0x" + std::string(next_ + 2, last), last);
     }
 
-    void readString() {
+    Token readString() {
         const char* quote = std::find(next_ + 1, end_, '"');
         if (quote == end_) {
             throw ParseException(messageText(Message::StringNotTerminated), position_);
         }
         ++next_;
-        take(TokenType::STRING_LITERAL, quote);
+        const Token token = take(TokenType::STRING_LITERAL, quote);
         ++next_;
+        return token;
     }
 
-    void readVariable() {
+    Token readVariable() {
         const char* last = endOfRun(next_ + 1, isWordCharacter);
-        take(variableKind({next_, static_cast<std::size_t>(last - next_)}), last);
+        return take(variableKind({next_, static_cast<std::size_t>(last - next_)}), last);
     }
 
     /// `following` behind the current byte makes a token of two characters, anything else one of one.
-    void takeOneOrTwo(TokenType one, char following, TokenType two) {
-        if (peek() == following) {
-            take(two, 2);
-        } else {
-            take(one, 1);
-        }
+    Token takeOneOrTwo(TokenType one, char following, TokenType two) {
+        return peek() == following ? take(two, 2) : take(one, 1);
     }
 
-    void readPunctuation() {
+    Token readPunctuation() {
         using enum TokenType;
         switch (*next_) {
             case '"': return readString();
@@ -290,18 +233,17 @@ private:
         }
     }
 
-    void readAmpersand() {
+    Token readAmpersand() {
         const char following = upperCase(peek());
         if (following == 'X' || following == 'H') {
-            readHexadecimal();
-        } else if (following == '&') {
-            take(TokenType::AMPERSAND_AMPERSAND, 2);
-        } else {
-            takeOneOrTwo(TokenType::AMPERSAND, '=', TokenType::AMPERSAND_ASSIGN);
+            return readHexadecimal();
         }
+        return following == '&'
+                   ? take(TokenType::AMPERSAND_AMPERSAND, 2)
+                   : takeOneOrTwo(TokenType::AMPERSAND, '=', TokenType::AMPERSAND_ASSIGN);
     }
 
-    void readLess() {
+    Token readLess() {
         switch (peek()) {
             case '=': return take(TokenType::LESS_EQUAL, 2);
             case '>': return take(TokenType::NOT_EQUAL, 2);
@@ -312,7 +254,7 @@ private:
         }
     }
 
-    void readGreater() {
+    Token readGreater() {
         switch (peek()) {
             case '=': return take(TokenType::GREATER_EQUAL, 2);
             case '>':

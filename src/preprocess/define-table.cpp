@@ -32,9 +32,8 @@ std::uint32_t DefineTable::intern(std::string_view name) {
     if (slot == 0) {
         names_.push_back({name, hash, none, none});
         slot = static_cast<std::uint32_t>(names_.size());
-        if (name.size() < LongNames::shortest) {
-            lengths_.add(name);
-        } else {
+        lengths_.add(name);
+        if (name.size() >= LongNames::shortest) {
             longNames_.add(name);
         }
     }
@@ -52,10 +51,10 @@ std::uint32_t DefineTable::rootOf(std::uint32_t scope) const {
 
 void DefineTable::push(std::uint32_t name, std::uint32_t entry, std::uint32_t scope) {
     Name& target = names_[name];
-    entries_[entry].scope = scope;
-    entries_[entry].below = target.top;
-    if (target.top != none && rootOf(entries_[target.top].scope) == scope) {
-        entries_[entry].below = entries_[target.top].below;
+    entries_[entry].scope_ = scope;
+    entries_[entry].below_ = target.top;
+    if (target.top != none && rootOf(entries_[target.top].scope_) == scope) {
+        entries_[entry].below_ = entries_[target.top].below_;
     }
     target.top = entry;
 }
@@ -109,8 +108,8 @@ void DefineTable::takeOff(Scope& scope) {
         Name& name = names_[number];
         const std::uint32_t newest = name.top;
         bool found = false;
-        while (name.top != none && rootOf(entries_[name.top].scope) == scope.label) {
-            name.top = entries_[name.top].below;
+        while (name.top != none && rootOf(entries_[name.top].scope_) == scope.label) {
+            name.top = entries_[name.top].below_;
             found = true;
         }
         if (!found) {

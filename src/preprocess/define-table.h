@@ -26,19 +26,25 @@ struct NameLengths {
     static constexpr std::size_t pairs = 1024;
 
     std::array<std::uint64_t, pairs> byPair{};
+    /// By byte: whether a name begins with it, and whether it is a name.
+    std::array<bool, 256> begins{};
+    std::array<bool, 256> isName{};
 
     static constexpr std::size_t pairOf(char first, char second) {
         return (static_cast<unsigned char>(first) * 33U ^ static_cast<unsigned char>(second)) %
                pairs;
     }
-    /// Names of one byte.
-    std::array<bool, 256> isName{};
-
-    /// Names of 63 bytes and more are not in here: LongNames holds them.
+    /// Of a name of 63 bytes or more only the first byte is noted: LongNames holds it. One that begins
+    /// with a quote cannot be found, since a quote begins a string.
     constexpr void add(std::string_view name) {
+        const auto first = static_cast<unsigned char>(name[0]);
+        if (first == '"') {
+            return;
+        }
+        begins[first] = true;
         if (name.size() == 1) {
-            isName[static_cast<unsigned char>(name[0])] = true;
-        } else {
+            isName[first] = true;
+        } else if (name.size() < LongNames::shortest) {
             byPair[pairOf(name[0], name[1])] |= std::uint64_t{1} << name.size();
         }
     }
@@ -60,6 +66,9 @@ struct NameLengths {
 /// the same however deep the conditionals are.
 class DefineTable {
 public:
+    /// `lengths` are those of the names that are found elsewhere when the table has none.
+    explicit DefineTable(const NameLengths& lengths) : lengths_(lengths) {}
+
     enum class Kind : std::uint8_t { define, macro, undefined };
 
     struct Entry {
@@ -68,8 +77,8 @@ public:
 
     private:
         friend class DefineTable;
-        std::uint32_t scope = 0;
-        std::uint32_t below = none;
+        std::uint32_t scope_ = 0;
+        std::uint32_t below_ = none;
     };
 
     /// Enters `name`, not empty, in the innermost open branch. The newest entry of a branch counts.
@@ -81,7 +90,7 @@ public:
     const Entry* find(std::string_view name, std::uint64_t hash) const;
 
     /// Whether an entry counts everywhere, not only in a branch that is open.
-    bool isProgramWide(const Entry& entry) const { return rootOf(entry.scope) == 0; }
+    bool isProgramWide(const Entry& entry) const { return rootOf(entry.scope_) == 0; }
 
     /// What the latest branch not taken made of `name`; null unless a branch that is not taken is open.
     const Entry* findUntaken(std::string_view name, std::uint64_t hash) const;
@@ -97,6 +106,7 @@ public:
     /// Ends a scope and forgets what was entered in it.
     void dropScope();
 
+    /// The lengths of the table's names and of those found elsewhere.
     const NameLengths& lengths() const { return lengths_; }
     const LongNames& longNames() const { return longNames_; }
 

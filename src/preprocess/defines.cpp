@@ -75,25 +75,24 @@ public:
           text_(text),
           rowLimit_(rowLimit),
           withProgramNames_(withProgramNames),
+          lengths_(withProgramNames ? defines.table_.lengths() : *defines.predefined_.lengths),
           hasLongNames_(withProgramNames && !defines.table_.longNames().lengths().empty()) {}
 
     /// The first name at or behind `at`; its place is then `at`. No expansion: there is none.
     Match next(std::size_t& at) {
-        while (at < text_.size()) {
-            if (text_[at] == '"') {
-                at = std::min(text_.find('"', at + 1), text_.size() - 1) + 1;
-                continue;
+        bool isStart = true;  // of a word, or behind a name
+        for (; at < text_.size(); ++at) {
+            const char c = text_[at];
+            if (lengths_.begins[static_cast<unsigned char>(c)]) {
+                if (isStart || isCut(text_[at - 1], c)) {
+                    if (const Match match = longestAt(at); match.expansion != nullptr) {
+                        return match;
+                    }
+                }
+            } else if (c == '"') {
+                at = std::min(text_.find('"', at + 1), text_.size() - 1);
             }
-            if (cutClassOf(text_[at]) == gapCut) {
-                ++at;
-                continue;
-            }
-            if (const Match match = longestAt(at); match.expansion != nullptr) {
-                return match;
-            }
-            do {
-                ++at;
-            } while (!isCutAt(at));
+            isStart = false;
         }
         return {};
     }
@@ -110,11 +109,9 @@ private:
                 return match;
             }
         }
-        std::uint64_t lengths = lengthsAt(start);
-        if (lengths == 0) {
-            return {};
-        }
         Match best;
+        std::uint64_t lengths =
+            lengths_.of(text_[start], start + 1 < text_.size() ? text_[start + 1] : '\0');
         std::uint64_t hash = fnvOffsetBasis;
         for (std::size_t at = start; lengths != 0 && at < text_.size(); ++at) {
             if (cutClassOf(text_[at]) == gapCut) {
@@ -131,14 +128,6 @@ private:
             }
         }
         return best;
-    }
-
-    /// Lengths of the names that could begin at `start`.
-    std::uint64_t lengthsAt(std::size_t start) const {
-        const char second = start + 1 < text_.size() ? text_[start + 1] : '\0';
-        const std::uint64_t predefined = defines_.predefined_.lengths->of(text_[start], second);
-        return withProgramNames_ ? predefined | defines_.table_.lengths().of(text_[start], second)
-                                 : predefined;
     }
 
     /// A name that is longer than the lengths tell.
@@ -169,6 +158,7 @@ private:
     std::string_view text_;
     std::size_t rowLimit_;
     bool withProgramNames_;
+    const NameLengths& lengths_;
     bool hasLongNames_;
     /// The long names' windows over the word from `windowsStart_` to `windowsEnd_`.
     LongNameWindows windows_;

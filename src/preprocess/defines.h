@@ -29,7 +29,7 @@ struct Piece {
 class Defines {
 public:
     Defines(Program& program, const PredefinedTable& predefined)
-        : program_(program), predefined_(predefined) {}
+        : program_(program), predefined_(predefined), table_(*predefined.lengths) {}
 
     DefineTable& table() { return table_; }
 

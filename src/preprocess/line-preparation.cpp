@@ -68,6 +68,10 @@ void prepareLine(Preprocessing& run, LineList& list, const ScannedLine& line,
     if (cut.insertedBytes > run.limits.lineExpansion) {
         failAt(position, Message::ExpansionTooLarge);
     }
+    if (cut.insertedBytes == 0 && cut.pieces.size() == 1) {
+        lexLine(run.program, list, run.axes, cut.pieces[0].token.text, position);
+        return;
+    }
     run.defines.visitPieces(cut.pieces, [&](const Piece& piece) {
         if (piece.kind == Piece::Kind::define) {
             list.tokens.push_back(piece.token);

@@ -52,9 +52,12 @@ bool convertSetparm(Statement& statement) {
     if (!readOperand(statement, 'v', value)) {
         return false;
     }
+    const std::string arguments = ", " + name + ", " + value + ")";
     for (const std::string& axis : axes) {
         statement.text += &axis == &axes.front() ? "" : "\n";
-        statement.text += "ParameterSetAxisValue(" + axis + ", " + name + ", " + value + ")";
+        statement.text += "ParameterSetAxisValue(";
+        statement.text += axis;
+        statement.text += arguments;
     }
     return true;
 }
