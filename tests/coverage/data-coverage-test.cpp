@@ -71,7 +71,7 @@ TEST(DataCoverage, EveryKindOfParameterIsMetByNameAndByIdentifier) {
 #define SYSTEM_PARAMETER_REMOVED(number, legacy) add("removed system parameter", #legacy);
 #define SYSTEM_PARAMETER_UNLISTED(number, legacy) groups.add("unlisted parameter", #legacy);
 #include "data/parameters.def"
-    EXPECT_EQ(groups.unmet(), "") << "are met by no golden case";
+    EXPECT_TRUE(groups.unmet().empty()) << "are met by no golden case:\n" << groups.unmet();
 }
 
 TEST(DataCoverage, EveryKindOfDataItemIsMetAsASignalAndAsAStatusItem) {
@@ -86,7 +86,7 @@ TEST(DataCoverage, EveryKindOfDataItemIsMetAsASignalAndAsAStatusItem) {
 #define SYSTEM_ITEM_MISSPELLED(number, legacy, signal) add("misspelled system item", #legacy);
 #define REMOVED_ITEM(number, legacy) add("removed item", #legacy);
 #include "data/data-items.def"
-    EXPECT_EQ(groups.unmet(), "") << "are met by no golden case";
+    EXPECT_TRUE(groups.unmet().empty()) << "are met by no golden case:\n" << groups.unmet();
 
     Missing missing;
     for (const std::string_view prefix :
@@ -97,7 +97,7 @@ TEST(DataCoverage, EveryKindOfDataItemIsMetAsASignalAndAsAStatusItem) {
                        }),
                        prefix);
     }
-    EXPECT_EQ(missing.list(), "") << "are written by no golden case";
+    EXPECT_TRUE(missing.list().empty()) << "are written by no golden case:\n" << missing.list();
 }
 
 /// The files of constants other than parameters and data items. A family is what its names have in
@@ -127,15 +127,16 @@ TEST(DataCoverage, EveryFamilyOfConstantsIsMet) {
 #include "data/task-status.def"
 #undef PREDEFINED
 #undef PREDEFINED_REPLACED
-    EXPECT_EQ(groups.unmet(), "") << "are met by no golden case";
+    EXPECT_TRUE(groups.unmet().empty()) << "are met by no golden case:\n" << groups.unmet();
 }
 
 TEST(DataCoverage, EveryShorthandIsMet) {
     Missing missing;
-#define PREDEFINED(name, value) missing.unless(goldenWords().contains(std::string_view(name)), name);
+#define PREDEFINED(name, value) \
+    missing.unless(goldenWords().contains(std::string_view(name)), name);
 #include "data/shorthands.def"
 #undef PREDEFINED
-    EXPECT_EQ(missing.list(), "") << "are met by no golden case";
+    EXPECT_TRUE(missing.list().empty()) << "are met by no golden case:\n" << missing.list();
 }
 
 }  // namespace

@@ -70,9 +70,8 @@ std::vector<GoldenLine> readGoldenLines() {
     std::vector<GoldenLine> lines;
     const auto collect = [&lines](const std::vector<std::string>& arguments, const Limits& limits) {
         const CommandLine commandLine = parseCommandLine(arguments);
-        const AxisNames axes = commandLine.parameterFile
-                                   ? loadParameterFile(*commandLine.parameterFile)
-                                   : AxisNames();
+        const AxisNames axes =
+            commandLine.parameterFile ? loadParameterFile(*commandLine.parameterFile) : AxisNames();
         Program program;
         preprocessProgram(program, commandLine.programPath, axes, limits);
         addLines(lines, program, axes, limits, program.list);

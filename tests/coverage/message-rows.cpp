@@ -47,18 +47,14 @@ std::size_t lengthOf(const std::vector<std::string_view>& literals) {
     return length;
 }
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 /// Takes "path:line: " off the front.
 std::string_view withoutPlace(std::string_view line) {
     for (std::size_t colon = line.find(':'); colon != std::string_view::npos;
          colon = line.find(':', colon + 1)) {
-        const auto* const digits = line.begin() + colon + 1;
-        const auto* const end = std::find_if_not(digits, line.end(), isDigit);
-        if (end != digits && std::string_view(end, line.end()).starts_with(": ")) {
-            return {end + 2, line.end()};
+        const std::string_view rest = line.substr(colon + 1);
+        const std::size_t digits = std::min(rest.find_first_not_of("0123456789"), rest.size());
+        if (digits > 0 && rest.substr(digits).starts_with(": ")) {
+            return rest.substr(digits + 2);
         }
     }
     return line;
