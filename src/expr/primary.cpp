@@ -83,17 +83,19 @@ bool translatePrimary(ConversionContext& context, TokenCursor& cursor, Expressio
     if (cursor.atEnd()) {
         return logConversionMessage(context, Message::NumericExpressionExpected);
     }
-    const TokenType type = cursor.type();
-    if (isNumericVariable(type)) {
-        return translateVariableOperand(context, cursor, out);
+    switch (cursor.type()) {
+        case TokenType::INTEGER_LITERAL:
+        case TokenType::HEX_LITERAL:
+        case TokenType::FLOAT_LITERAL:
+        case TokenType::NUMBER_DEFINE:
+        case TokenType::DOT:
+        case TokenType::TRUE:
+        case TokenType::FALSE: return translateNumericLiteral(context, cursor, out);
+        case TokenType::LEFT_PAREN: return translateParenthesised(context, cursor, out);
+        default: break;
     }
-    if (isOneOf(type, numericLiterals)) {
-        return translateNumericLiteral(context, cursor, out);
-    }
-    if (type == TokenType::LEFT_PAREN) {
-        return translateParenthesised(context, cursor, out);
-    }
-    return translateFunction(context, cursor, out);
+    return isNumericVariable(cursor.type()) ? translateVariableOperand(context, cursor, out)
+                                            : translateFunction(context, cursor, out);
 }
 
 }  // namespace torvel

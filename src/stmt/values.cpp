@@ -10,16 +10,6 @@ namespace torvel {
 
 namespace {
 
-struct RefusedValue {
-    TokenType token;
-    Message message;
-};
-
-constexpr RefusedValue refusedValues[] = {
-#define VALUE(token, message) {TokenType::token, Message::message},
-#include "src/stmt/values.def"
-};
-
 /// FILESIZE file, FILESIZE ( file ): the file's name, or its handle
 /// FileSize(file)
 bool translateFileSize(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
@@ -55,8 +45,7 @@ bool translateFlashParameter(ConversionContext& context, TokenCursor& cursor, Ex
 
 bool translateAssignmentValue(ConversionContext& context, TokenCursor& cursor,
                               ExpressionText& out) {
-    const TokenType type = cursor.type();
-    switch (type) {
+    switch (cursor.type()) {
         case TokenType::DBLTOSTR:
         case TokenType::STRMID:
         case TokenType::STRUPR:
@@ -65,14 +54,12 @@ bool translateAssignmentValue(ConversionContext& context, TokenCursor& cursor,
         case TokenType::FILESIZE: return translateFileSize(context, cursor, out);
         case TokenType::DSPMEM: return translateDriveMemoryRead(context, cursor, out);
         case TokenType::FLASHPARAM: return translateFlashParameter(context, cursor, out);
-        default: break;
+#define VALUE(token, message) \
+    case TokenType::token:    \
+        return logConversionMessage(context, Message::message);
+#include "src/stmt/values.def"
+        default: return translateExpression(context, cursor, out);
     }
-    for (const RefusedValue& value : refusedValues) {
-        if (value.token == type) {
-            return logConversionMessage(context, value.message);
-        }
-    }
-    return translateExpression(context, cursor, out);
 }
 
 }  // namespace torvel
