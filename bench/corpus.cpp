@@ -73,35 +73,90 @@ constexpr std::string_view comments[] = {
 };
 
 constexpr std::string_view defines[] = {
-    "#define {d} {i}",     "#define {d} {r}", "#define {d} {a}",
-    "#define {d} \"{w}\"", "{v} = {d} + {i}", "{v} = {d} * {d}",
+    "#define {d} {i}",
+    "#define {d} {r}",
+    "#define {d} {v} * {i}",
+};
+
+constexpr std::string_view defineUses[] = {
+    "{v} = {d} + {i}",
+    "{v} = {d} * {d}",
+    "$DO[{d}].{a} = {i}",
+    "MOVEINC {a} {d} {i}",
+    "IF_{w}: {v} = TASKSTATE_Idle",
 };
 
 constexpr std::string_view motion[] = {
-    "LINEAR {a} {r} F{i}", "G1 {a}{r} F{i}",      "G90",
-    "MOVEINC {a} {r} {i}", "MOVEABS {a} {r} {i}", "HOME {a}",
-    "ENABLE {a}",          "WAIT MOVEDONE {a}",   "DWELL {r}",
+    "MOVEINC {a} {r} {i}",
+    "MOVEABS {a} {r}, {i}",
+    "HOME {a}",
+    "ENABLE {a}",
+    "WAIT MOVEDONE {a}",
+    "DWELL {r}",
+    "WAIT ({c}) {i}",
+    "FREERUN {a} {r}",
+    "PVT {a} {r}, {i} TIME {r}",
+    "CW X {r} Y {r} I {r} J 1",
+    "MOVEDELAY {a}, {i}",
+    "MOVETOLIM {a} CCW",
+};
+
+constexpr std::string_view gcode[] = {
+    "G1 {a}{r} F{i}", "G1 X{r} Y{r} F{i}", "G90", "G4 P{r}", "M3 S{i}", "G1 X({e}) Y={v}",
+};
+
+constexpr std::string_view ramps[] = {
+    "RAMP RATE {r}", "RAMP TIME X {r} Y {r}",  "RAMP MODE RATE", "RAMP TYPE LINEAR",
+    "VELOCITY ON",   "ROUNDING TOLERANCE {r}", "ABSOLUTE",       "INCREMENTAL",
+};
+
+constexpr std::string_view status[] = {
+    "{v} = AXISSTATUS({a}, DATAITEM_PositionFeedback)",
+    "{v} = $PAXIS[2].{a}",
+    "CountsPerUnit.{a} = {i}",
+    "{v} = ISDONE({a})",
+    "SETPARM {a}, CountsPerUnit, {i}",
+};
+
+constexpr std::string_view drives[] = {
+    "BRAKE {a} 1",
+    "SETPOSCMD {a} {r}",
+    "GEAR {a} RATIO {i}, {i}",
+    "AUTOFOCUS {a} ON",
+    "DATAACQ {a} ARRAY {i}, {i}",
+    "GALVO LASERMODE {a} {i}",
+    "IFOV SIZE {r}",
+    "DATACOLLECT ITEM {i}, {a}, DATAITEM_PositionCommand",
+};
+
+constexpr std::string_view tasks[] = {
+    "FEEDHOLD ON",     "MFO {i}",       "PROGRAM {i} STOP",
+    "SAFEZONE {i} ON", "THERMOCOMP ON", "AXISFAULT {a}, {i}",
 };
 
 constexpr std::string_view unconvertible[] = {
-    "$TASK[{i}] = {e}",
-    "FARGOTO {w}",
-    "{v} = {v} BNOR {v}",
-    "GOTO",
+    "$TASK[{i}] = {e}", "FARGOTO {w}", "{v} = {v} BNOR {v}", "GOTO", "PROBE {a}",
+    "MSGHIDE",          "G45",         "PSOCONTROL {a} ON",
 };
 
 constexpr Family families[] = {
-    {"assignments", true, 30, assignments},
-    {"expressions", true, 20, expressions},
-    {"comments", true, 12, comments},
-    {"flow-control", true, 14, {}},
-    {"strings", true, 5, strings},
-    {"declarations", true, 3, declarations},
-    {"calls", true, 6, calls},
+    {"assignments", true, 22, assignments},
+    {"expressions", true, 14, expressions},
+    {"comments", true, 18, comments},
+    {"flow-control", true, 10, {}},
+    {"strings", true, 3, strings},
+    {"declarations", true, 2, declarations},
+    {"calls", true, 4, calls},
     {"includes", true, 0, {}},
-    {"defines", false, 10, defines},
-    {"motion", false, 30, motion},
-    {"unconvertible", false, 4, unconvertible},
+    {"defines", true, 1, defines},
+    {"define-uses", true, 15, defineUses},
+    {"motion", true, 10, motion},
+    {"gcode", true, 6, gcode},
+    {"ramps", true, 3, ramps},
+    {"status", true, 3, status},
+    {"drives", true, 3, drives},
+    {"tasks", true, 2, tasks},
+    {"unconvertible", true, 6, unconvertible},
 };
 
 constexpr Block blocks[] = {
@@ -116,6 +171,9 @@ constexpr std::string_view words[] = {
     "vacuum",  "pressure", "laserhead", "marker", "counter", "retries", "waiting",
     "tilt",    "pitch",    "depth",     "layer",  "wafer",   "border",
 };
+
+/// Names of defines that begin with each word: 216 in all.
+constexpr unsigned namesPerWord = 8;
 
 constexpr std::string_view axes[] = {"X", "Y", "Z", "U", "XX", "YY"};
 
@@ -171,12 +229,13 @@ public:
 
     Corpus run() {
         corpus_.push_back({"main.pgm", {}});
+        std::string head = isWanted("define-uses") ? defineNames() : std::string();
         if (!isWanted("includes")) {
-            corpus_[0].text = lines(options_.bytes);
+            corpus_[0].text = head + lines(options_.bytes);
             return std::move(corpus_);
         }
         // The program includes parts, and every part includes a small file of its own.
-        std::string main = lines(std::min(options_.bytes / 4, bytesPerFile));
+        std::string main = std::move(head) + lines(std::min(options_.bytes / 4, bytesPerFile));
         std::size_t made = main.size();
         for (std::size_t number = 1; made < options_.bytes; ++number) {
             const std::string part = "parts/part" + std::to_string(number) + ".pgm";
@@ -206,6 +265,18 @@ private:
     bool isWanted(std::string_view name) const {
         return std::any_of(wanted_.begin(), wanted_.end(),
                            [name](const Family* family) { return family->name == name; });
+    }
+
+    /// A define for each name that a hole {d} may be filled with.
+    std::string defineNames() {
+        std::string text;
+        for (const std::string_view word : words) {
+            for (unsigned number = 0; number < namesPerWord; ++number) {
+                text += "#define D_" + std::string(word) + "_" + std::to_string(number);
+                fill(number % 2 == 0 ? " {i}\n" : " {r}\n", text);
+            }
+        }
+        return text;
     }
 
     /// Whole lines, about `bytes` of them; all blocks are closed.
@@ -293,7 +364,10 @@ private:
             case 's': fill(random_.below(3) == 0 ? "$STRGLOB[{i}]" : "\"{w} {w}\"", text); break;
             case 'w': text += random_.pick(words); break;
             case 'a': text += random_.pick(axes); break;
-            case 'd': text += "D_" + std::string(random_.pick(words)); break;
+            case 'd':
+                text += "D_" + std::string(random_.pick(words)) + "_" +
+                        std::to_string(random_.below(namesPerWord));
+                break;
             default: throw std::logic_error("a hole of an unknown kind");
         }
     }
