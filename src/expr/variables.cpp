@@ -103,16 +103,15 @@ bool translateTaskSelector(ConversionContext& context, TokenCursor& cursor, Expr
 
 bool translateSelector(ConversionContext& context, TokenCursor& cursor, Selector selector,
                        ExpressionText& out) {
-    switch (selector) {
-        case Selector::none: return true;
-        case Selector::task: return translateTaskSelector(context, cursor, out);
-        case Selector::axis:
-            if (!expectToken(context, cursor, TokenType::DOT) ||
-                !translateAxisSelector(context, cursor, out)) {
-                return false;
-            }
-            out += ", ";
-            return true;
+    if (selector == Selector::task) {
+        return translateTaskSelector(context, cursor, out);
+    }
+    if (selector == Selector::axis) {
+        if (!expectToken(context, cursor, TokenType::DOT) ||
+            !translateAxisSelector(context, cursor, out)) {
+            return false;
+        }
+        out += ", ";
     }
     return true;
 }

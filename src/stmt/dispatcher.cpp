@@ -77,11 +77,10 @@ bool convertBy(Statement& statement, const Conversion& conversion) {
         case Conversion::Kind::routine: return conversion.convert(statement);
         case Conversion::Kind::refused: return refuse(statement, conversion.message);
         case Conversion::Kind::byWord: return convertByWord(statement, conversion.pattern);
-        case Conversion::Kind::form:
+        default:
             statement.cursor.advance();
             return writeForm(statement, conversion.pattern, conversion.text, {}, conversion.advice);
     }
-    return false;
 }
 
 /// "/" [level] ["/" [level]] in front of a statement that could be skipped.

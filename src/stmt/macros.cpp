@@ -56,7 +56,9 @@ bool convertMacroCall(Statement& statement) {
     statement.text += statement.cursor.text();
     statement.text += '(';
     statement.cursor.advance();
-    statement.cursor.advance();
+    if (!expect(statement, TokenType::LEFT_PAREN)) {
+        return false;
+    }
     if (!statement.cursor.is(TokenType::RIGHT_PAREN)) {
         if (!writeArgument(statement)) {
             return false;
