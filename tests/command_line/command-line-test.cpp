@@ -1,4 +1,5 @@
-// Runs the program itself on the cases of this folder; tests/golden/README.md tells their form.
+// Runs the program itself on the cases of this folder, and on those that only this platform has;
+// tests/golden/README.md tells their form.
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,7 @@
 
 #include "tests/support/case-file.h"
 #include "tests/support/case-run.h"
+#include "tests/support/platform.h"
 #include "tests/support/start-program.h"
 
 namespace torvel::test {
@@ -29,10 +31,13 @@ public:
 
     void TestBody() override {
         const Case test = readCase(path_);
+        if (const std::string reason = whyNotHere(test); !reason.empty()) {
+            GTEST_SKIP() << reason;
+        }
         const Outcome outcome = runCase(test, test.files, runProgram);
         const std::string difference = checkExpectations(path_, test, outcome, update_);
         if (!difference.empty()) {
-            ADD_FAILURE_AT(path_.c_str(), 1) << difference;
+            ADD_FAILURE_AT(path_.string().c_str(), 1) << difference;
         }
     }
 
@@ -59,14 +64,15 @@ int main(int argc, char** argv) {
     using namespace torvel::test;
     testing::InitGoogleTest(&argc, argv);
     const bool update = takeUpdateFlag(argc, argv);
-    const std::filesystem::path root =
-        std::filesystem::path(TORVEL_SOURCE_DIR) / "tests/command_line";
-    visitCases(root, [update](const std::string& subject, const std::string& name,
-                              const std::filesystem::path& path) {
-        ++caseCount;
-        testing::RegisterTest(
-            subject.c_str(), name.c_str(), nullptr, nullptr, path.c_str(), 1,
-            [path, update]() -> testing::Test* { return new CommandLineTest(path, update); });
-    });
+    for (const std::string& folder : commandLineFolders()) {
+        const std::filesystem::path root = std::filesystem::path(TORVEL_SOURCE_DIR) / folder;
+        visitCases(root, [update](const std::string& subject, const std::string& name,
+                                  const std::filesystem::path& path) {
+            ++caseCount;
+            testing::RegisterTest(
+                subject.c_str(), name.c_str(), nullptr, nullptr, path.string().c_str(), 1,
+                [path, update]() -> testing::Test* { return new CommandLineTest(path, update); });
+        });
+    }
     return RUN_ALL_TESTS();
 }

@@ -55,7 +55,8 @@ private:
         outcome.files = plain.files;  // these may be sources
         const std::string difference = outcomeDifference(plain, outcome);
         if (!difference.empty()) {
-            ADD_FAILURE_AT(path_.string().c_str(), 1) << "with " << name << " line ends:\n" << difference;
+            ADD_FAILURE_AT(path_.string().c_str(), 1) << "with " << name << " line ends:\n"
+                                                      << difference;
         }
     }
 

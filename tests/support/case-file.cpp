@@ -240,11 +240,14 @@ std::string Case::outputDirectory() const {
             directory = arguments[i + 1];
         }
     }
-    return directory.starts_with("{dir}/") ? directory.substr(6) : directory;
+    const bool isBelow = directory.starts_with("{dir}/") || directory.starts_with("{dir}\\");
+    return isBelow ? directory.substr(6) : directory;
 }
 
 std::string Case::stem() const {
-    return arguments.empty() ? "" : std::filesystem::path(arguments.back()).stem().string();
+    const std::u8string stem =
+        arguments.empty() ? std::u8string() : pathOf(arguments.back()).stem().u8string();
+    return {stem.begin(), stem.end()};
 }
 
 Case readCase(const std::filesystem::path& path) {

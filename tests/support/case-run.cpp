@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <string>
 
 #include "tests/support/escapes.h"
+#include "tests/support/platform.h"
 #include "tests/support/temporary-directory.h"
 #include "tests/support/text-difference.h"
 
@@ -34,20 +36,25 @@ private:
 void layOut(const Case& test, const std::vector<CaseEntry>& files, const fs::path& root) {
     fs::create_directory(root / "out");
     for (const std::string& directory : test.directories) {
-        fs::create_directories(root / directory);
+        fs::create_directories(root / pathOf(directory));
     }
     for (const CaseEntry& file : files) {
-        writeFile(root / file.path, file.content);
+        writeFile(root / pathOf(file.path), file.content);
     }
     for (const CaseEntry& link : test.links) {
-        fs::create_directories((root / link.path).parent_path());
-        fs::create_symlink(link.content, root / link.path);
+        const fs::path path = root / pathOf(link.path);
+        fs::create_directories(path.parent_path());
+        fs::create_symlink(pathOf(link.content), path);
     }
     for (const CaseEntry& link : test.hardLinks) {
-        const fs::path path = root / link.path;
+        const fs::path path = root / pathOf(link.path);
         fs::create_directories(path.parent_path());
-        fs::create_hard_link(path.parent_path() / link.content, path);
+        fs::create_hard_link(path.parent_path() / pathOf(link.content), path);
     }
+}
+
+std::optional<std::string> contentOf(const fs::path& path) {
+    return fs::is_regular_file(path) ? std::optional(readFile(path)) : std::nullopt;
 }
 
 std::string joined(const std::vector<std::string>& lines) {
@@ -86,28 +93,36 @@ Outcome runCase(const Case& test, const std::vector<CaseEntry>& files, const Run
     for (const std::string& argument : test.arguments) {
         arguments.push_back(replaceAll(argument, "{dir}", root.string()));
     }
+    const fs::path base = root / pathOf(test.outputDirectory());
+    std::vector<fs::path> paths = {base / pathOf(test.stem() + ".torvel"),
+                                   base / pathOf(test.stem() + ".log")};
+    for (const CaseEntry& file : test.expected.files) {
+        paths.push_back(root / pathOf(file.path));
+    }
+    std::vector<std::optional<std::string>> before;
+    std::transform(paths.begin(), paths.end(), std::back_inserter(before), contentOf);
     const CommandResult result = [&] {
         const WorkingDirectory here(root);
         return run(arguments, test.limits);
     }();
 
-    const auto withoutRoot = [&root](const std::string& text) {
-        return replaceAll(text, root.string(), "{dir}");
-    };
-    const auto content = [&](const fs::path& path) {
-        return fs::is_regular_file(path) ? std::optional(withoutRoot(readFile(path)))
-                                         : std::nullopt;
+    // What the run did not write has the line ends that it had.
+    const auto contentAfter = [&](std::size_t i) {
+        std::optional<std::string> content = contentOf(paths[i]);
+        if (content && content != before[i]) {
+            content = withoutRoot(plainLineEnds(*content), root);
+        }
+        return content;
     };
     Outcome outcome;
     outcome.status = result.status;
-    outcome.standardOutput = withoutRoot(result.standardOutput);
-    outcome.standardError = withoutRoot(result.standardError);
-    const fs::path base = root / test.outputDirectory();
-    outcome.output = content(base / (test.stem() + ".torvel"));
-    outcome.log = content(base / (test.stem() + ".log"));
-    for (const CaseEntry& file : test.expected.files) {
-        if (const std::optional<std::string> found = content(root / file.path)) {
-            outcome.files.push_back({file.path, *found});
+    outcome.standardOutput = withoutRoot(result.standardOutput, root);
+    outcome.standardError = withoutRoot(result.standardError, root);
+    outcome.output = contentAfter(0);
+    outcome.log = contentAfter(1);
+    for (std::size_t i = 0; i < test.expected.files.size(); ++i) {
+        if (const std::optional<std::string> found = contentAfter(i + 2)) {
+            outcome.files.push_back({test.expected.files[i].path, *found});
         }
     }
     return outcome;

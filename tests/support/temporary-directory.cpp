@@ -21,6 +21,10 @@ TemporaryDirectory::~TemporaryDirectory() {
     std::filesystem::remove_all(path_, ignored);
 }
 
+std::filesystem::path pathOf(std::string_view text) {
+    return std::u8string(text.begin(), text.end());
+}
+
 std::string readFile(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     std::ostringstream content;

@@ -21,6 +21,9 @@ private:
     std::filesystem::path path_;
 };
 
+/// A path that stands in a case or a table, in UTF-8.
+std::filesystem::path pathOf(std::string_view text);
+
 /// The bytes of a file. Throws std::runtime_error if it cannot be read.
 std::string readFile(const std::filesystem::path& path);
 

@@ -614,12 +614,14 @@ TEST(PredefinedConstants, EveryNameIsReplacedWhole) {
 
 TEST(PredefinedConstants, FamiliesHaveTheirSizes) {
     const std::map<std::string_view, std::size_t> sizes = {
-        {"PARAMETERID_", 608},      {"DATAITEM_", 410},           {"DRIVEINFO_", 108},
-        {"DF_", 36},                {"TASKSTATUS0_", 25},         {"TASKSTATUS1_", 18},
-        {"TASKSTATUS2_", 29},       {"TASKMODE_", 25},            {"FIBERSEARCHRESULT_", 22},
-        {"DATAMATRIXFORMAT_", 20},  {"DATAMATRIXENCODING_", 7},   {"RETURNTYPE_", 5},
-        {"TASKSTATE_", 10},         {"AXISSTATUS_", 27},          {"AXISFAULT_", 28},
-        {"DRIVESTATUS_", 31},
+        {"PARAMETERID_", 608},      {"DATAITEM_", 410},
+        {"DRIVEINFO_", 108},        {"DF_", 36},
+        {"TASKSTATUS0_", 25},       {"TASKSTATUS1_", 18},
+        {"TASKSTATUS2_", 29},       {"TASKMODE_", 25},
+        {"FIBERSEARCHRESULT_", 22}, {"DATAMATRIXFORMAT_", 20},
+        {"DATAMATRIXENCODING_", 7}, {"RETURNTYPE_", 5},
+        {"TASKSTATE_", 10},         {"AXISSTATUS_", 27},
+        {"AXISFAULT_", 28},         {"DRIVESTATUS_", 31},
     };
     for (const auto& [prefix, size] : sizes) {
         EXPECT_EQ(family(prefix).size(), size) << prefix;
@@ -659,11 +661,12 @@ TEST(PredefinedConstants, SmallGroups) {
         EXPECT_LE(size, 13) << prefix;
     }
     for (const char* prefix :
-         {"BEZIERSETUP_", "PSOSTATUS_", "ETHERNET_", "QUEUESTATUS_", "CONFIGITEM_", "AXISCAL_",
-          "ANALOG_", "TASKEXEC_", "STOSTATUS_", "PROGRAM_", "TASK_", "SCOPETRIG_",
-          "SAFEZONETYPE_", "PROBE_", "GALVO_", "VME_", "THERMOCOMPSTATUS_", "PULSEOUTPUTMODE_",
-          "PRIORITY_", "ONSET_", "IFOVSETUP_", "GALVOWOBBLETYPE_", "GALVOWOBBLEMODE_",
-          "WAITOPTION_", "UNIT_", "SOFTLIMIT_", "BARCODEOPTIONS_"}) {
+         {"BEZIERSETUP_", "PSOSTATUS_",        "ETHERNET_",        "QUEUESTATUS_", "CONFIGITEM_",
+          "AXISCAL_",     "ANALOG_",           "TASKEXEC_",        "STOSTATUS_",   "PROGRAM_",
+          "TASK_",        "SCOPETRIG_",        "SAFEZONETYPE_",    "PROBE_",       "GALVO_",
+          "VME_",         "THERMOCOMPSTATUS_", "PULSEOUTPUTMODE_", "PRIORITY_",    "ONSET_",
+          "IFOVSETUP_",   "GALVOWOBBLETYPE_",  "GALVOWOBBLEMODE_", "WAITOPTION_",  "UNIT_",
+          "SOFTLIMIT_",   "BARCODEOPTIONS_"}) {
         EXPECT_TRUE(groups.contains(prefix)) << prefix;
     }
     for (const auto& [prefix, size] : groups) {
@@ -773,7 +776,9 @@ TEST(Shorthands, CallbackCodes) {
 
 TEST(Shorthands, NoOtherCommandTakesACodeThatHasItsOwnMessage) {
     const std::map<int, std::set<std::string>> owners = {
-        {1015, {"DOTNETCALLBACK"}}, {1031, {"OPENDLL"}},   {1033, {"CLOSEDLL"}},
+        {1015, {"DOTNETCALLBACK"}},
+        {1031, {"OPENDLL"}},
+        {1033, {"CLOSEDLL"}},
         {1044, {"SCOPEOPEN"}},
     };
     for (const Constant& row : constants) {

@@ -1,0 +1,28 @@
+# The tests of the Windows program: the golden cases in one process, the cases that start the program with
+# those that only Windows has, and what the program's file imports. The other tests are about code that is
+# the same on every platform.
+
+# Each test is one process: under Wine, starting one takes longer than most cases.
+function(add_windows_test name)
+    add_executable(${name} ${ARGN})
+    target_link_libraries(${name} PRIVATE test_support)
+    add_test(NAME windows/${name} COMMAND ${name} --gtest_brief=1)
+    set_tests_properties(windows/${name} PROPERTIES TIMEOUT 600)
+endfunction()
+
+add_windows_test(golden-tests golden/golden-test.cpp)
+
+file(GLOB windows_sources CONFIGURE_DEPENDS windows/*.cpp)
+add_windows_test(command-line-tests command_line/command-line-test.cpp ${windows_sources})
+target_link_libraries(command-line-tests PRIVATE version)
+target_compile_definitions(command-line-tests PRIVATE
+                           "TORVEL_PROGRAM=\"${drive}$<TARGET_FILE:BrannicToTorvel64>\""
+                           "TORVEL_VERSION=\"${PROJECT_VERSION}\"")
+add_dependencies(command-line-tests BrannicToTorvel64)
+
+if(MINGW)
+    add_test(NAME windows/imports
+             COMMAND ${CMAKE_COMMAND} -DOBJDUMP=${CMAKE_OBJDUMP}
+                     -DPROGRAM=$<TARGET_FILE:BrannicToTorvel64>
+                     -P ${CMAKE_CURRENT_LIST_DIR}/check-imports.cmake)
+endif()
