@@ -51,15 +51,12 @@ void convertProgram(ConversionContext& context, OutputFile& output) {
     const LineList& list = context.program.list;
     OutputLayout layout;
     StatementText text;
-    std::string lineText;
     for (std::size_t number = 0; number < list.lines.size(); ++number) {
         const SourceLine& line = list.lines[number];
         context.position = line.position();
         BlockEffect effect{};
         const bool isConverted = convertStatement(context, list.tokensOf(number), text, effect);
-        lineText.clear();
-        layout.write(context.program, line, isConverted ? &text : nullptr, effect, lineText);
-        output.write(lineText);
+        layout.write(context.program, line, isConverted ? &text : nullptr, effect, output.buffer());
     }
 }
 

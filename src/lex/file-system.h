@@ -89,11 +89,13 @@ class OutputFile {
 public:
     /// Creates or empties the file. False if that cannot be done.
     bool open(const NativePath& path);
-    void write(std::string_view text) {
-        if (buffer_.size() + text.size() > bufferSize) {
+    void write(std::string_view text) { buffer() += text; }
+    /// The text that is not written yet, for appending to it.
+    std::string& buffer() {
+        if (buffer_.size() >= bufferSize) {
             flush();
         }
-        buffer_ += text;
+        return buffer_;
     }
     /// Writes what is buffered and closes. False if any write failed.
     bool close();

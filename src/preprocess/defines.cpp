@@ -80,11 +80,12 @@ public:
 
     /// The first name at or behind `at`; its place is then `at`. No expansion: there is none.
     Match next(std::size_t& at) {
-        bool isStart = true;  // of a word, or behind a name
+        CutClass previous = gapCut;  // a word begins here, or a name has just ended
         for (; at < text_.size(); ++at) {
             const char c = text_[at];
+            const CutClass current = cutClassOf(c);
             if (lengths_.begins[static_cast<unsigned char>(c)]) {
-                if (isStart || isCut(text_[at - 1], c)) {
+                if (cuts[previous][current]) {
                     if (const Match match = longestAt(at); match.expansion != nullptr) {
                         return match;
                     }
@@ -92,7 +93,7 @@ public:
             } else if (c == '"') {
                 at = std::min(text_.find('"', at + 1), text_.size() - 1);
             }
-            isStart = false;
+            previous = current;
         }
         return {};
     }

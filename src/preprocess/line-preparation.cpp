@@ -34,7 +34,7 @@ void lexPiece(Preprocessing& run, LineList& list, TextSpan piece, const ScannedL
 
 /// The length of the name if the line calls a macro: its first word is a macro's name and "(" follows.
 std::size_t macroCallLength(Preprocessing& run, std::string_view code) {
-    if (!run.substitutes) {
+    if (!run.substitutes || run.program.macros.empty()) {
         return 0;
     }
     std::size_t length = 0;

@@ -141,9 +141,13 @@ void LineSplitter::finishLine(ScannedLine& line, const char* lineStart, const ch
         return span.part(static_cast<std::size_t>(inner.data() - text.data()), inner.size());
     };
     line.text = trimmed(whole);
-    line.code = trimmed(whole.part(0, markerAt));
-    line.comment =
-        trimmed(whole.part(markerAt + markerLength, whole.length - markerAt - markerLength));
+    line.code = line.text;
+    line.comment = {};
+    if (markerLength != 0) {
+        const std::size_t commentAt = markerAt + markerLength;
+        line.code = trimmed(whole.part(0, markerAt));
+        line.comment = trimmed(whole.part(commentAt, whole.length - commentAt));
+    }
 }
 
 void LineSplitter::finish() {

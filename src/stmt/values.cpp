@@ -1,5 +1,7 @@
 #include "src/stmt/values.h"
 
+#include <array>
+
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
 #include "src/expr/strings.h"
@@ -9,6 +11,15 @@
 namespace torvel {
 
 namespace {
+
+/// What is told of the values that have no conversion, by kind of token.
+constexpr auto refusals = [] {
+    std::array<std::optional<Message>, tokenTypeCount> table{};
+#define VALUE(token, message) \
+    table[static_cast<std::uint32_t>(TokenType::token)] = Message::message;
+#include "src/stmt/values.def"
+    return table;
+}();
 
 /// FILESIZE file, FILESIZE ( file ): the file's name, or its handle
 /// FileSize(file)
@@ -54,12 +65,12 @@ bool translateAssignmentValue(ConversionContext& context, TokenCursor& cursor,
         case TokenType::FILESIZE: return translateFileSize(context, cursor, out);
         case TokenType::DSPMEM: return translateDriveMemoryRead(context, cursor, out);
         case TokenType::FLASHPARAM: return translateFlashParameter(context, cursor, out);
-#define VALUE(token, message) \
-    case TokenType::token:    \
-        return logConversionMessage(context, Message::message);
-#include "src/stmt/values.def"
-        default: return translateExpression(context, cursor, out);
+        default: break;
     }
+    if (const auto refusal = refusals[static_cast<std::uint32_t>(cursor.type())]) {
+        return logConversionMessage(context, *refusal);
+    }
+    return translateExpression(context, cursor, out);
 }
 
 }  // namespace torvel
