@@ -12,8 +12,6 @@ namespace torvel {
 
 namespace {
 
-constexpr std::string_view unconvertiblePrefix = "#error_unconvertible ";
-
 /// Two texts with a blank between them; the second may be empty.
 std::string joinWords(std::string_view first, std::string_view second) {
     std::string joined(first);
@@ -24,8 +22,10 @@ std::string joinWords(std::string_view first, std::string_view second) {
     return joined;
 }
 
-/// `text` with every line behind `prefix`, and " \" behind every line but the last.
-std::string keptLines(std::string_view prefix, std::string_view text) {
+/// A directive that cannot be converted: every line behind the prefix, and " \" behind every line but the
+/// last.
+std::string unconvertedText(std::string_view text) {
+    constexpr std::string_view prefix = "#error_unconvertible ";
     std::string kept(prefix);
     for (char c : text) {
         if (c == '\n') {
@@ -82,7 +82,7 @@ void runDefine(Preprocessing& run, DirectiveLine& directive) {
         kept = head + " " + preserved->value;
     } else {
         expansion = run.defines.keep(cut, static_cast<std::uint32_t>(bytes));
-        kept = keptLines(unconvertiblePrefix, joinWords(head, run.program.text.view(body.text)));
+        kept = unconvertedText(joinWords(head, run.program.text.view(body.text)));
     }
     run.defines.table().enter(name, DefineTable::Kind::define, expansion);
     appendDirectiveLine(run, directive.position(), directive.source(), body.comment,
@@ -144,7 +144,7 @@ void runMacro(Preprocessing& run, DirectiveLine& directive) {
     const std::string_view text = run.program.text.view(body.text);
     Macro& macro = run.program.macros.emplace_back();
     macro.head = run.program.text.add(head);
-    macro.unconverted = run.program.text.add(keptLines(unconvertiblePrefix, joinWords(head, text)));
+    macro.unconverted = run.program.text.add(unconvertedText(joinWords(head, text)));
 
     // In the body an argument is a variable, even where a define has its name.
     run.defines.table().openScope(true);

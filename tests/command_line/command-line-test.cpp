@@ -5,11 +5,11 @@
 
 #include <filesystem>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "tests/support/case-file.h"
 #include "tests/support/case-run.h"
+#include "tests/support/case-test.h"
 #include "tests/support/platform.h"
 #include "tests/support/start-program.h"
 
@@ -24,26 +24,11 @@ CommandResult runProgram(const std::vector<std::string>& arguments, const Limits
     return startProgram(TORVEL_PROGRAM, arguments);
 }
 
-class CommandLineTest : public testing::Test {
+class CommandLineTest : public CaseTest {
 public:
-    CommandLineTest(std::filesystem::path path, bool update)
-        : path_(std::move(path)), update_(update) {}
+    using CaseTest::CaseTest;
 
-    void TestBody() override {
-        const Case test = readCase(path_);
-        if (const std::string reason = whyNotHere(test); !reason.empty()) {
-            GTEST_SKIP() << reason;
-        }
-        const Outcome outcome = runCase(test, test.files, runProgram);
-        const std::string difference = checkExpectations(path_, test, outcome, update_);
-        if (!difference.empty()) {
-            ADD_FAILURE_AT(path_.string().c_str(), 1) << difference;
-        }
-    }
-
-private:
-    std::filesystem::path path_;
-    bool update_;
+    void TestBody() override { runAsItStands(readCase(path()), runProgram); }
 };
 
 std::size_t caseCount = 0;
@@ -66,13 +51,7 @@ int main(int argc, char** argv) {
     const bool update = takeUpdateFlag(argc, argv);
     for (const std::string& folder : commandLineFolders()) {
         const std::filesystem::path root = std::filesystem::path(TORVEL_SOURCE_DIR) / folder;
-        visitCases(root, [update](const std::string& subject, const std::string& name,
-                                  const std::filesystem::path& path) {
-            ++caseCount;
-            testing::RegisterTest(
-                subject.c_str(), name.c_str(), nullptr, nullptr, path.string().c_str(), 1,
-                [path, update]() -> testing::Test* { return new CommandLineTest(path, update); });
-        });
+        caseCount += registerCases<CommandLineTest>(root, update);
     }
     return RUN_ALL_TESTS();
 }

@@ -3,42 +3,37 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "src/app/command.h"
 #include "tests/support/case-file.h"
 #include "tests/support/case-run.h"
+#include "tests/support/case-test.h"
 #include "tests/support/escapes.h"
 #include "tests/support/numbered-comments.h"
-#include "tests/support/platform.h"
 
 namespace torvel::test {
 
 namespace {
 
-class GoldenTest : public testing::Test {
+class GoldenTest : public CaseTest {
 public:
-    GoldenTest(std::filesystem::path path, bool update) : path_(std::move(path)), update_(update) {}
+    using CaseTest::CaseTest;
 
     void TestBody() override {
-        const Case test = readCase(path_);
-        if (const std::string reason = whyNotHere(test); !reason.empty()) {
-            GTEST_SKIP() << reason;
-        }
-        const Outcome outcome = runCase(test, test.files, runCommand);
-        const std::string difference = checkExpectations(path_, test, outcome, update_);
-        if (!difference.empty()) {
-            ADD_FAILURE_AT(path_.string().c_str(), 1) << difference;
+        const Case test = readCase(path());
+        const std::optional<Outcome> plain = runAsItStands(test, runCommand);
+        if (!plain) {
             return;
         }
         if (!test.linefeedsOnly) {
-            runWithLineEnds(test, outcome, "\r\n", "CR LF");
-            runWithLineEnds(test, outcome, "\r", "CR");
+            runWithLineEnds(test, *plain, "\r\n", "CR LF");
+            runWithLineEnds(test, *plain, "\r", "CR");
         }
         if (!test.withoutComments) {
-            runWithComments(test, outcome);
+            runWithComments(test, *plain);
         }
     }
 
@@ -55,8 +50,7 @@ private:
         outcome.files = plain.files;  // these may be sources
         const std::string difference = outcomeDifference(plain, outcome);
         if (!difference.empty()) {
-            ADD_FAILURE_AT(path_.string().c_str(), 1) << "with " << name << " line ends:\n"
-                                                      << difference;
+            fail("with " + std::string(name) + " line ends:\n" + difference);
         }
     }
 
@@ -72,12 +66,9 @@ private:
         outcome.files = plain.files;
         fault += outcomeDifference(plain, outcome);
         if (!fault.empty()) {
-            ADD_FAILURE_AT(path_.string().c_str(), 1) << "with a comment at every line:\n" << fault;
+            fail("with a comment at every line:\n" + fault);
         }
     }
-
-    std::filesystem::path path_;
-    bool update_;
 };
 
 std::size_t caseCount = 0;
@@ -95,12 +86,6 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     const bool update = takeUpdateFlag(argc, argv);
     const std::filesystem::path root = std::filesystem::path(TORVEL_SOURCE_DIR) / "tests/golden";
-    visitCases(root, [update](const std::string& subject, const std::string& name,
-                              const std::filesystem::path& path) {
-        ++caseCount;
-        testing::RegisterTest(
-            subject.c_str(), name.c_str(), nullptr, nullptr, path.string().c_str(), 1,
-            [path, update]() -> testing::Test* { return new GoldenTest(path, update); });
-    });
+    caseCount = registerCases<GoldenTest>(root, update);
     return RUN_ALL_TESTS();
 }
