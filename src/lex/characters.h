@@ -16,6 +16,7 @@ enum CharacterClass : std::uint8_t {
     underscoreClass = 8,
     blankClass = 16,       // blank, tab
     whiteSpaceClass = 32,  // blank, tab, line feed, vertical tab, form feed, carriage return
+    hashClass = 64,        // "#"
 };
 
 inline constexpr std::array<std::uint8_t, 256> characterClasses = [] {
@@ -32,6 +33,7 @@ inline constexpr std::array<std::uint8_t, 256> characterClasses = [] {
         classes[c + 32] |= hexDigitClass;
     }
     classes['_'] = underscoreClass;
+    classes['#'] = hashClass;
     for (unsigned c : {' ', '\t'}) {
         classes[c] = blankClass | whiteSpaceClass;
     }
@@ -53,9 +55,12 @@ constexpr bool isDigit(char c) {
 constexpr bool isHexDigit(char c) {
     return hasClass(c, hexDigitClass);
 }
-/// Letter, digit or "_".
+/// What begins a word: letter, "_" or "#".
+inline constexpr unsigned wordStartClasses = letterClass | underscoreClass | hashClass;
+/// What goes on with it: letter, digit or "_".
+inline constexpr unsigned wordClasses = letterClass | digitClass | underscoreClass;
 constexpr bool isWordCharacter(char c) {
-    return hasClass(c, letterClass | digitClass | underscoreClass);
+    return hasClass(c, wordClasses);
 }
 /// Blank or tab.
 constexpr bool isBlank(char c) {

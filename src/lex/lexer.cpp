@@ -6,6 +6,7 @@
 #include "src/lex/lexer.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "src/lex/characters.h"
@@ -26,93 +27,136 @@ TokenType addressLetterKind(char letter) {
                : static_cast<TokenType>(static_cast<std::size_t>(TokenType::LETTER_E) + index);
 }
 
+/// What a byte begins.
+struct Start {
+    enum class Kind : std::uint8_t { blank, single, word, number, punctuation };
+
+    Kind kind = Kind::punctuation;
+    /// The kind of token that a single character is whatever follows.
+    TokenType single = TokenType::INVALID;
+};
+
+constexpr std::array<Start, 256> starts = [] {
+    std::array<Start, 256> table{};
+    for (unsigned c = 0; c < table.size(); ++c) {
+        const char character = static_cast<char>(c);
+        table[c].kind = isBlank(character)                      ? Start::Kind::blank
+                        : isDigit(character)                    ? Start::Kind::number
+                        : hasClass(character, wordStartClasses) ? Start::Kind::word
+                                                                : Start::Kind::punctuation;
+    }
+    using enum TokenType;
+    table['('] = {Start::Kind::single, LEFT_PAREN};
+    table[')'] = {Start::Kind::single, RIGHT_PAREN};
+    table['['] = {Start::Kind::single, LEFT_BRACKET};
+    table[']'] = {Start::Kind::single, RIGHT_BRACKET};
+    table[','] = {Start::Kind::single, COMMA};
+    table['.'] = {Start::Kind::single, DOT};
+    table[':'] = {Start::Kind::single, COLON};
+    table['@'] = {Start::Kind::single, AT};
+    table['^'] = {Start::Kind::single, CARET};
+    table['~'] = {Start::Kind::single, TILDE};
+    return table;
+}();
+
+/// A token that was read: its kind and the place behind it. Its text is the source's; a token with
+/// another text has been appended by its reader, its kind here is TokenType::INVALID.
+struct Lexeme {
+    TokenType type;
+    const char* last;
+};
+
+/// Each reader takes the place of a token's first byte.
 class Lexer {
 public:
     Lexer(Program& program, LineList& list, const AxisNames& axes, TextSpan code,
           const SourcePosition& position)
         : program_(program),
-          list_(list),
+          tokens_(list.tokens),
           axes_(axes),
           position_(position),
           code_(code),
           begin_(program.text.view(code).data()),
-          next_(begin_),
           end_(begin_ + code.length),
           wordEnd_(begin_) {}
 
     void run() {
-        while (next_ != end_) {
-            if (isBlank(*next_)) {
-                ++next_;
-            } else {
-                list_.tokens.push_back(readToken());
+        for (const char* next = begin_; next != end_;) {
+            const Start start = starts[static_cast<unsigned char>(*next)];
+            if (start.kind == Start::Kind::blank) {
+                ++next;
+                continue;
             }
+            const Lexeme lexeme = start.kind == Start::Kind::single ? Lexeme{start.single, next + 1}
+                                                                    : read(start.kind, next);
+            if (lexeme.type != TokenType::INVALID) {
+                append(lexeme.type, next, lexeme.last);
+            }
+            next = lexeme.last;
         }
     }
 
 private:
-    Token readToken() {
-        const char c = *next_;
-        if (isLetter(c) || c == '_' || c == '#') {
-            return readWord();
+    /// The byte `distance` behind `at`; NUL behind the end.
+    char peek(const char* at, std::ptrdiff_t distance = 1) const {
+        return end_ - at > distance ? at[distance] : '\0';
+    }
+
+    void append(TokenType type, const char* first, const char* last) {
+        tokens_.push_back({type, code_.part(static_cast<std::size_t>(first - begin_),
+                                            static_cast<std::size_t>(last - first))});
+    }
+
+    Lexeme appendAs(TokenType type, const std::string& text, const char* last) {
+        tokens_.push_back({type, program_.text.add(text)});
+        return {TokenType::INVALID, last};
+    }
+
+    Lexeme read(Start::Kind start, const char* first) {
+        return start == Start::Kind::word     ? readWord(first)
+               : start == Start::Kind::number ? readNumber(first)
+                                              : readPunctuation(first);
+    }
+
+    /// Where the characters of `classes` end that begin at `from`.
+    const char* endOfRun(const char* from, unsigned classes) const {
+        const char* const end = end_;
+        while (from != end && hasClass(*from, classes)) {
+            ++from;
         }
-        return isDigit(c) ? readNumber() : readPunctuation();
+        return from;
     }
 
-    /// The byte `distance` after the current one; NUL behind the end.
-    char peek(std::ptrdiff_t distance = 1) const {
-        return end_ - next_ > distance ? next_[distance] : '\0';
-    }
-
-    /// A token of the text from the current byte up to `last`, where reading goes on.
-    Token take(TokenType type, const char* last) {
-        const char* first = next_;
-        next_ = last;
-        return {type, code_.part(static_cast<std::size_t>(first - begin_),
-                                 static_cast<std::size_t>(last - first))};
-    }
-    Token take(TokenType type, std::ptrdiff_t length) { return take(type, next_ + length); }
-
-    /// A token of another text than it has in the source, up to `last`.
-    Token takeAs(TokenType type, const std::string& text, const char* last) {
-        next_ = last;
-        return {type, program_.text.add(text)};
-    }
-
-    template <typename Predicate>
-    const char* endOfRun(const char* from, Predicate predicate) const {
-        return std::find_if_not(from, end_, predicate);
-    }
-
-    /// Where the word at the current byte ends. A word that is cut into many tokens is measured once.
-    const char* endOfWord() {
-        if (next_ >= wordEnd_) {
-            wordEnd_ = endOfRun(next_ + 1, isWordCharacter);
+    /// Where the word at `first` ends. A word that is cut into many tokens is measured once.
+    const char* endOfWord(const char* first) {
+        if (first >= wordEnd_) {
+            wordEnd_ = endOfRun(first + 1, wordClasses);
         }
         return wordEnd_;
     }
 
-    Token readWord() {
-        const char following = peek();
-        if ((*next_ == 'G' || *next_ == 'g') && isDigit(following)) {
-            return take(TokenType::GCODE_WORD, endOfRun(next_ + 1, isDigit));
+    Lexeme readWord(const char* first) {
+        const char following = peek(first);
+        if ((*first == 'G' || *first == 'g') && isDigit(following)) {
+            return {TokenType::GCODE_WORD, endOfRun(first + 1, digitClass)};
         }
-        if (!isLetter(following) && following != '_') {
-            if (const TokenType letter = addressLetterKind(*next_); letter != TokenType::INVALID) {
-                return take(letter, 1);
+        if (!hasClass(following, letterClass | underscoreClass)) {
+            if (const TokenType letter = addressLetterKind(*first); letter != TokenType::INVALID) {
+                return {letter, first + 1};
             }
         }
-        const std::string_view word(next_, static_cast<std::size_t>(endOfWord() - next_));
+        const char* last = endOfWord(first);
+        const std::string_view word(first, static_cast<std::size_t>(last - first));
         if (const TokenType keyword = keywordKind(word); keyword != TokenType::INVALID) {
-            return take(keyword, wordEnd_);
+            return {keyword, last};
         }
         if (const std::size_t length = axisFeedrateLength(word); length != 0) {
-            return readAxisFeedrate(word.substr(0, length));
+            return readAxisFeedrate(first, word.substr(0, length));
         }
         if (const std::size_t length = axisLength(word); length != 0) {
-            return take(TokenType::AXIS_NAME, next_ + length);
+            return {TokenType::AXIS_NAME, first + length};
         }
-        return take(TokenType::IDENTIFIER, wordEnd_);
+        return {TokenType::IDENTIFIER, last};
     }
 
     /// The length of AXISF at the end of the word or before a digit; 0 if it does not begin so.
@@ -128,13 +172,13 @@ private:
     }
 
     /// "XF100" is the specifier XF, its F in upper case, and the number 100.
-    Token readAxisFeedrate(std::string_view specifier) {
-        const char* last = next_ + specifier.size();
+    Lexeme readAxisFeedrate(const char* first, std::string_view specifier) {
+        const char* last = first + specifier.size();
         if (specifier.back() == 'F') {
-            return take(TokenType::AXIS_FEEDRATE, last);
+            return {TokenType::AXIS_FEEDRATE, last};
         }
         specifier.remove_suffix(1);
-        return takeAs(TokenType::AXIS_FEEDRATE, std::string(specifier) + 'F', last);
+        return appendAs(TokenType::AXIS_FEEDRATE, std::string(specifier) + 'F', last);
     }
 
     /// The length of the axis name that the word is, or of the longest one in front of a number: "X10"
@@ -151,133 +195,126 @@ private:
         return 0;
     }
 
-    Token readNumber() {
-        const char following = upperCase(peek());
-        if (*next_ == '0' && (following == 'X' || following == 'H')) {
-            return readHexadecimal();
-        }
-        const char* last = endOfRun(next_ + 1, isDigit);
-        if (last != end_ && isLetter(*last)) {
-            const std::string_view word(next_, static_cast<std::size_t>(last + 1 - next_));
-            if (const TokenType keyword = keywordKind(word); keyword != TokenType::INVALID) {
-                return take(keyword, last + 1);
+    Lexeme readNumber(const char* first) {
+        const char* last = endOfRun(first + 1, digitClass);
+        if (last != end_) {
+            if (isLetter(*last)) {
+                const char letter = upperCase(*last);
+                if (last == first + 1 && *first == '0' && (letter == 'X' || letter == 'H')) {
+                    return readHexadecimal(first);
+                }
+                const std::string_view word(first, static_cast<std::size_t>(last + 1 - first));
+                if (const TokenType keyword = keywordKind(word); keyword != TokenType::INVALID) {
+                    return {keyword, last + 1};
+                }
+            } else if (*last == '.') {
+                return {TokenType::FLOAT_LITERAL, endOfRun(last + 1, digitClass)};
             }
         }
-        if (last != end_ && *last == '.') {
-            return take(TokenType::FLOAT_LITERAL, endOfRun(last + 1, isDigit));
-        }
-        return take(TokenType::INTEGER_LITERAL, last);
+        return {TokenType::INTEGER_LITERAL, last};
     }
 
     /// A prefix of two characters ("0x", "0H", "&h") and hexadecimal digits: the text begins "0x".
-    Token readHexadecimal() {
-        const char* last = endOfRun(next_ + 2, isHexDigit);
-        if (next_[0] == '0' && next_[1] == 'x') {
-            return take(TokenType::HEX_LITERAL, last);
+    Lexeme readHexadecimal(const char* first) {
+        const char* last = endOfRun(first + 2, hexDigitClass);
+        if (first[0] == '0' && first[1] == 'x') {
+            return {TokenType::HEX_LITERAL, last};
         }
-        return takeAs(TokenType::HEX_LITERAL, "0x" + std::string(next_ + 2, last), last);
+        return appendAs(TokenType::HEX_LITERAL, "0x" + std::string(first + 2, last), last);
     }
 
-    Token readString() {
-        const char* quote = std::find(next_ + 1, end_, '"');
+    Lexeme readString(const char* first) {
+        const char* quote = std::find(first + 1, end_, '"');
         if (quote == end_) {
             throw ParseException(messageText(Message::StringNotTerminated), position_);
         }
-        ++next_;
-        const Token token = take(TokenType::STRING_LITERAL, quote);
-        ++next_;
-        return token;
+        append(TokenType::STRING_LITERAL, first + 1, quote);
+        return {TokenType::INVALID, quote + 1};
     }
 
-    Token readVariable() {
-        const char* last = endOfRun(next_ + 1, isWordCharacter);
-        return take(variableKind({next_, static_cast<std::size_t>(last - next_)}), last);
+    Lexeme readVariable(const char* first) {
+        const char* last = endOfRun(first + 1, wordClasses);
+        return {variableKind({first, static_cast<std::size_t>(last - first)}), last};
     }
 
-    /// `following` behind the current byte makes a token of two characters, anything else one of one.
-    Token takeOneOrTwo(TokenType one, char following, TokenType two) {
-        return peek() == following ? take(two, 2) : take(one, 1);
+    /// `following` behind the first byte makes a token of two characters, anything else one of one.
+    Lexeme takeOneOrTwo(TokenType one, const char* first, char following, TokenType two) {
+        return peek(first) == following ? Lexeme{two, first + 2} : Lexeme{one, first + 1};
     }
 
-    Token readPunctuation() {
+    Lexeme readPunctuation(const char* first) {
         using enum TokenType;
-        switch (*next_) {
-            case '"': return readString();
-            case '$': return readVariable();
-            case '(': return take(LEFT_PAREN, 1);
-            case ')': return take(RIGHT_PAREN, 1);
-            case '[': return take(LEFT_BRACKET, 1);
-            case ']': return take(RIGHT_BRACKET, 1);
-            case ',': return take(COMMA, 1);
-            case '.': return take(DOT, 1);
-            case ':': return take(COLON, 1);
-            case '@': return take(AT, 1);
-            case '^': return take(CARET, 1);
-            case '~': return take(TILDE, 1);
-            case '!': return takeOneOrTwo(EXCLAMATION, '=', NOT_EQUAL);
-            case '%': return takeOneOrTwo(PERCENT, '=', PERCENT);
-            case '/': return takeOneOrTwo(SLASH, '=', SLASH_ASSIGN);
-            case '=': return takeOneOrTwo(ASSIGN, '=', EQUAL);
+        const char following = peek(first);
+        switch (*first) {
+            case '"': return readString(first);
+            case '$': return readVariable(first);
+            case '!': return takeOneOrTwo(EXCLAMATION, first, '=', NOT_EQUAL);
+            case '%': return takeOneOrTwo(PERCENT, first, '=', PERCENT);
+            case '/': return takeOneOrTwo(SLASH, first, '=', SLASH_ASSIGN);
+            case '=': return takeOneOrTwo(ASSIGN, first, '=', EQUAL);
             case '*':
-                return peek() == '*' ? take(STAR_STAR, 2) : takeOneOrTwo(STAR, '=', STAR_ASSIGN);
+                return following == '*' ? Lexeme{STAR_STAR, first + 2}
+                                        : takeOneOrTwo(STAR, first, '=', STAR_ASSIGN);
             case '+':
-                return peek() == '+' ? take(PLUS_PLUS, 2) : takeOneOrTwo(PLUS, '=', PLUS_ASSIGN);
+                return following == '+' ? Lexeme{PLUS_PLUS, first + 2}
+                                        : takeOneOrTwo(PLUS, first, '=', PLUS_ASSIGN);
             case '-':
-                return peek() == '-' ? take(MINUS_MINUS, 2)
-                                     : takeOneOrTwo(MINUS, '=', MINUS_ASSIGN);
-            case '|': return peek() == '|' ? take(BAR_BAR, 2) : takeOneOrTwo(BAR, '=', BAR_ASSIGN);
-            case '&': return readAmpersand();
-            case '<': return readLess();
-            case '>': return readGreater();
-            default: throwUnknown();
+                return following == '-' ? Lexeme{MINUS_MINUS, first + 2}
+                                        : takeOneOrTwo(MINUS, first, '=', MINUS_ASSIGN);
+            case '|':
+                return following == '|' ? Lexeme{BAR_BAR, first + 2}
+                                        : takeOneOrTwo(BAR, first, '=', BAR_ASSIGN);
+            case '&': return readAmpersand(first);
+            case '<': return readLess(first);
+            case '>': return readGreater(first);
+            default: throwUnknown(first);
         }
     }
 
-    Token readAmpersand() {
-        const char following = upperCase(peek());
+    Lexeme readAmpersand(const char* first) {
+        const char following = upperCase(peek(first));
         if (following == 'X' || following == 'H') {
-            return readHexadecimal();
+            return readHexadecimal(first);
         }
         return following == '&'
-                   ? take(TokenType::AMPERSAND_AMPERSAND, 2)
-                   : takeOneOrTwo(TokenType::AMPERSAND, '=', TokenType::AMPERSAND_ASSIGN);
+                   ? Lexeme{TokenType::AMPERSAND_AMPERSAND, first + 2}
+                   : takeOneOrTwo(TokenType::AMPERSAND, first, '=', TokenType::AMPERSAND_ASSIGN);
     }
 
-    Token readLess() {
-        switch (peek()) {
-            case '=': return take(TokenType::LESS_EQUAL, 2);
-            case '>': return take(TokenType::NOT_EQUAL, 2);
+    Lexeme readLess(const char* first) {
+        switch (peek(first)) {
+            case '=': return {TokenType::LESS_EQUAL, first + 2};
+            case '>': return {TokenType::NOT_EQUAL, first + 2};
             case '<':
-                return peek(2) == '=' ? take(TokenType::SHIFT_LEFT_ASSIGN, 3)
-                                      : take(TokenType::SHIFT_LEFT, 2);
-            default: return take(TokenType::LESS, 1);
+                return peek(first, 2) == '=' ? Lexeme{TokenType::SHIFT_LEFT_ASSIGN, first + 3}
+                                             : Lexeme{TokenType::SHIFT_LEFT, first + 2};
+            default: return {TokenType::LESS, first + 1};
         }
     }
 
-    Token readGreater() {
-        switch (peek()) {
-            case '=': return take(TokenType::GREATER_EQUAL, 2);
+    Lexeme readGreater(const char* first) {
+        switch (peek(first)) {
+            case '=': return {TokenType::GREATER_EQUAL, first + 2};
             case '>':
-                return peek(2) == '=' ? take(TokenType::SHIFT_RIGHT_ASSIGN, 3)
-                                      : take(TokenType::SHIFT_RIGHT, 2);
-            default: return take(TokenType::GREATER, 1);
+                return peek(first, 2) == '=' ? Lexeme{TokenType::SHIFT_RIGHT_ASSIGN, first + 3}
+                                             : Lexeme{TokenType::SHIFT_RIGHT, first + 2};
+            default: return {TokenType::GREATER, first + 1};
         }
     }
 
-    [[noreturn]] void throwUnknown() const {
-        const int value = static_cast<signed char>(*next_);
+    [[noreturn]] void throwUnknown(const char* at) const {
+        const int value = static_cast<signed char>(*at);
         throw ParseException(
-            messageText(Message::UnknownToken, {std::string_view(next_, 1), std::to_string(value)}),
+            messageText(Message::UnknownToken, {std::string_view(at, 1), std::to_string(value)}),
             position_);
     }
 
     Program& program_;
-    LineList& list_;
+    GrowingArray<Token>& tokens_;
     const AxisNames& axes_;
     const SourcePosition& position_;
     TextSpan code_;
     const char* begin_;
-    const char* next_;
     const char* end_;
     const char* wordEnd_;
 };

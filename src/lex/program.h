@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "src/lex/growing-array.h"
 #include "src/lex/source-position.h"
 #include "src/lex/text-store.h"
 #include "src/lex/token-type.h"
@@ -53,8 +54,8 @@ static_assert(sizeof(SourceLine) == 32);
 
 /// Lines in order, and the tokens of all of them in one array.
 struct LineList {
-    std::vector<SourceLine> lines;
-    std::vector<Token> tokens;
+    GrowingArray<SourceLine> lines;
+    GrowingArray<Token> tokens;
 
     std::span<const Token> tokensOf(std::size_t line) const {
         const std::size_t first = lines[line].firstToken;

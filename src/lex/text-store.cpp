@@ -10,7 +10,7 @@ std::uint32_t TextStore::addChunk(std::size_t bytes) {
     if (count > (std::size_t{1} << (32 - pageBits)) - first) {
         throw TextStoreFull();
     }
-    chunks_.push_back(std::make_unique_for_overwrite<char[]>(bytes));
+    chunks_.push_back(std::make_unique_for_overwrite<char[]>(bytes + nulBytes));
     for (std::size_t page = 0; page < count; ++page) {
         pages_.push_back(chunks_.back().get() + (page << pageBits));
     }
@@ -33,7 +33,7 @@ TextSpan TextStore::allocate(std::size_t length) {
         offset = next_;
         next_ += static_cast<std::uint32_t>(bytes);
     }
-    *(address(offset) + length) = '\0';
+    std::memset(address(offset) + length, 0, nulBytes);
     return {offset, static_cast<std::uint32_t>(length)};
 }
 

@@ -33,7 +33,11 @@ struct TextStoreFull : std::length_error {
 /// pages stands in one piece of memory, so an offset turns into an address with one look-up.
 class TextStore {
 public:
-    /// Room for `length` bytes that the caller fills, and a NUL behind them.
+    /// NUL bytes that stand behind a text when it is made. One is always there; the others may become
+    /// the text behind it, but can be read.
+    static constexpr std::size_t nulBytes = 16;
+
+    /// Room for `length` bytes that the caller fills, and NUL bytes behind them.
     /// Throws TextStoreFull when the offsets are used up.
     TextSpan allocate(std::size_t length);
 

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 #include "src/lex/characters.h"
-#include "src/lex/hash.h"
 #include "src/lex/token-type.h"
 
 namespace torvel {
@@ -18,17 +18,18 @@ struct WordRow {
     TokenType kind;
 };
 
-/// Words by FNV-1a hash, made at compile time. Whatever the case of a word, it is found as its upper
-/// case.
+/// Words by a hash that is the same whatever the case of a word, made at compile time. A word is found as
+/// its upper case.
 template <std::size_t count>
 class WordTable {
 public:
     explicit constexpr WordTable(const WordRow (&rows)[count]) : rows_(rows) {
         for (std::size_t row = 0; row < count; ++row) {
-            longest_ = std::max(longest_, rows[row].word.size());
-            std::size_t slot = hashText(rows[row].word) & slotMask;
+            const std::string_view word = rows[row].word;
+            lengths_[firstOf(word)] |= lengthBit(word.size());
+            std::size_t slot = slotOf(word);
             while (slots_[slot] != 0) {
-                slot = (slot + 1) & slotMask;
+                slot = (slot + 1) % slotCount;
             }
             slots_[slot] = static_cast<std::uint16_t>(row + 1);
         }
@@ -36,14 +37,10 @@ public:
 
     /// The kind of `word`; TokenType::INVALID if it is not in the table.
     TokenType find(std::string_view word) const {
-        if (word.size() > longest_) {
+        if (word.empty() || (lengths_[firstOf(word)] & lengthBit(word.size())) == 0) {
             return TokenType::INVALID;
         }
-        std::uint64_t hash = fnvOffsetBasis;
-        for (const char c : word) {
-            hash = extendHash(hash, upperCase(c));
-        }
-        for (std::size_t slot = hash & slotMask; slots_[slot] != 0; slot = (slot + 1) & slotMask) {
+        for (std::size_t slot = slotOf(word); slots_[slot] != 0; slot = (slot + 1) % slotCount) {
             const WordRow& row = rows_[slots_[slot] - 1U];
             if (isUpperCaseOf(row.word, word)) {
                 return row.kind;
@@ -54,23 +51,53 @@ public:
 
 private:
     /// Four slots for a word: the next power of two.
-    static constexpr std::size_t slotCount = [] {
-        std::size_t slots = 1;
-        while (slots < 4 * count) {
-            slots *= 2;
+    static constexpr unsigned slotBits = std::bit_width(4 * count - 1);
+    static constexpr std::size_t slotCount = std::size_t{1} << slotBits;
+
+    /// The first letter, whatever its case.
+    static constexpr std::size_t firstOf(std::string_view word) {
+        return static_cast<unsigned char>(word[0]) % 32U;
+    }
+    static constexpr std::uint32_t lengthBit(std::size_t length) {
+        return std::uint32_t{1} << std::min<std::size_t>(length, 31);
+    }
+
+    /// Four bytes as one number, their letters in lower case and other characters mixed up.
+    static constexpr std::uint64_t fourBytes(const char* bytes) {
+        const auto byte = [=](unsigned i) {
+            return std::uint32_t{static_cast<unsigned char>(bytes[i])} << (8 * i);
+        };
+        return (byte(0) | byte(1) | byte(2) | byte(3)) | 0x20202020U;
+    }
+    /// By the length and the first and last four bytes: a few steps for a word of any length.
+    static constexpr std::size_t slotOf(std::string_view word) {
+        std::uint64_t bytes = 0;
+        if (word.size() < 4) {
+            for (const char c : word) {
+                bytes = bytes << 8U | (static_cast<unsigned char>(c) | 0x20U);
+            }
+        } else {
+            bytes = fourBytes(word.data()) << 32U | fourBytes(word.data() + word.size() - 4);
         }
-        return slots;
-    }();
-    static constexpr std::size_t slotMask = slotCount - 1;
+        bytes ^= word.size() << 24U;
+        return (bytes * 0x9E3779B97F4A7C15ULL) >> (64U - slotBits);
+    }
 
     static bool isUpperCaseOf(std::string_view upper, std::string_view word) {
-        return std::equal(upper.begin(), upper.end(), word.begin(), word.end(),
-                          [](char u, char c) { return u == upperCase(c); });
+        if (upper.size() != word.size()) {
+            return false;
+        }
+        std::size_t i = 0;
+        while (i < word.size() && upper[i] == upperCase(word[i])) {
+            ++i;
+        }
+        return i == word.size();
     }
 
     const WordRow (&rows_)[count];
     std::array<std::uint16_t, slotCount> slots_{};  // row + 1; 0 is free
-    std::size_t longest_ = 0;
+    /// By first letter: the lengths of the words, all from 31 on being one.
+    std::array<std::uint32_t, 32> lengths_{};
 };
 
 }  // namespace torvel

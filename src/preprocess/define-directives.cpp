@@ -66,7 +66,9 @@ void runDefine(Preprocessing& run, DirectiveLine& directive) {
     const DirectiveLine::Body body = directive.readBody();
 
     Defines::Cut& cut = run.defineCut;
-    substitute(run, body.text, cut);
+    if (!run.substitutes || !run.defines.substitute(body.text, cut)) {
+        cut = Defines::wholeText(body.text);
+    }
     const std::uint64_t bytes = cut.plainBytes + cut.insertedBytes;
     if (bytes > run.limits.defineExpansion) {
         failAt(directive.position(), Message::ExpansionTooLarge);

@@ -24,10 +24,16 @@ struct Expansion {
 /// worth a look-up. Pairs share sets, so a set may hold lengths that its pair does not have.
 struct NameLengths {
     static constexpr std::size_t pairs = 1024;
+    /// Lengths that a set can hold: fewer bytes than this.
+    static constexpr std::size_t bits = 64;
 
     std::array<std::uint64_t, pairs> byPair{};
-    /// By byte: whether a name begins with it, and whether it is a name.
-    std::array<bool, 256> begins{};
+    /// By byte: whether a name or a string begins with it, and whether it is a name.
+    std::array<bool, 256> begins = [] {
+        std::array<bool, 256> bytes{};
+        bytes['"'] = true;
+        return bytes;
+    }();
     std::array<bool, 256> isName{};
 
     static constexpr std::size_t pairOf(char first, char second) {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "src/lex/characters.h"
 #include "src/lex/hash.h"
@@ -18,48 +19,75 @@ namespace torvel {
 
 namespace {
 
-enum CutClass : std::uint8_t { otherCut, letterCut, digitCut, underscoreCut, dollarCut, gapCut };
+/// A character's class as one bit, and the classes of the characters that go on behind it without a cut.
+struct CutClasses {
+    std::uint8_t own = 0;
+    std::uint8_t joined = 0;
+};
 
-/// How a character bears on cuts; white space and quotes end a word.
-constexpr std::array<CutClass, 256> cutClasses = [] {
-    std::array<CutClass, 256> classes{};
-    for (unsigned c = 0; c < classes.size(); ++c) {
-        const char character = static_cast<char>(c);
-        classes[c] = isLetter(character)                           ? letterCut
-                     : isDigit(character)                          ? digitCut
-                     : character == '_'                            ? underscoreCut
-                     : character == '$'                            ? dollarCut
-                     : isWhiteSpace(character) || character == '"' ? gapCut
-                                                                   : otherCut;
+enum CutClass : std::uint8_t {
+    letterCut = 1,
+    digitCut = 2,
+    underscoreCut = 4,
+    dollarCut = 8,
+    gapCut = 16,  // white space and quotes, which end a word
+    otherCut = 32,
+};
+
+constexpr CutClasses classify(char c) {
+    if (isLetter(c)) {
+        return {letterCut, letterCut | underscoreCut};
     }
-    return classes;
-}();
-
-CutClass cutClassOf(char c) {
-    return cutClasses[static_cast<unsigned char>(c)];
+    if (isDigit(c)) {
+        return {digitCut, digitCut | underscoreCut};
+    }
+    if (c == '_') {
+        return {underscoreCut, letterCut | digitCut | underscoreCut};
+    }
+    if (c == '$') {
+        return {dollarCut, letterCut | digitCut | underscoreCut | dollarCut};
+    }
+    return {isWhiteSpace(c) || c == '"' ? gapCut : otherCut, 0};
 }
 
-/// Whether a name may end behind a character of the first class and begin at one of the second.
-constexpr std::array<std::array<bool, 6>, 6> cuts = [] {
-    std::array<std::array<bool, 6>, 6> table{};
-    for (std::uint8_t a = 0; a < 6; ++a) {
-        for (std::uint8_t b = 0; b < 6; ++b) {
-            const auto isWord = [](std::uint8_t c) { return c != otherCut && c != gapCut; };
-            table[a][b] = !isWord(a) || !isWord(b) || (a == digitCut && b == letterCut) ||
-                          (a == letterCut && b == digitCut) || (a != dollarCut && b == dollarCut);
-        }
+constexpr std::array<CutClasses, 256> cutClasses = [] {
+    std::array<CutClasses, 256> table{};
+    for (unsigned c = 0; c < table.size(); ++c) {
+        table[c] = classify(static_cast<char>(c));
     }
     return table;
 }();
 
+const CutClasses& cutClassesOf(char c) {
+    return cutClasses[static_cast<unsigned char>(c)];
+}
+
+bool isGap(char c) {
+    return cutClassesOf(c).own == gapCut;
+}
+
+/// Whether a name may end behind `a` and begin at `b`.
 bool isCut(char a, char b) {
-    return cuts[cutClassOf(a)][cutClassOf(b)];
+    return (cutClassesOf(a).joined & cutClassesOf(b).own) == 0;
+}
+
+/// Where the first cut behind `at` is, or `limit`.
+const char* findCut(const char* at, const char* limit) {
+    std::uint8_t joined = cutClassesOf(*at).joined;
+    while (++at != limit) {
+        const CutClasses classes = cutClassesOf(*at);
+        if ((joined & classes.own) == 0) {
+            break;
+        }
+        joined = classes.joined;
+    }
+    return at;
 }
 
 /// The length of the word that `text` begins with.
 std::size_t wordLength(std::string_view text) {
     std::size_t length = 0;
-    while (length < text.size() && cutClassOf(text[length]) != gapCut) {
+    while (length < text.size() && !isGap(text[length])) {
         ++length;
     }
     return length;
@@ -78,24 +106,37 @@ public:
           lengths_(withProgramNames ? defines.table_.lengths() : *defines.predefined_.lengths),
           hasLongNames_(withProgramNames && !defines.table_.longNames().lengths().empty()) {}
 
-    /// The first name at or behind `at`; its place is then `at`. No expansion: there is none.
+    /// The first name at or behind `at`, which is a cut; its place is then `at`. No expansion: there is
+    /// none.
     Match next(std::size_t& at) {
-        CutClass previous = gapCut;  // a word begins here, or a name has just ended
-        for (; at < text_.size(); ++at) {
-            const char c = text_[at];
-            const CutClass current = cutClassOf(c);
-            if (lengths_.begins[static_cast<unsigned char>(c)]) {
-                if (cuts[previous][current]) {
-                    if (const Match match = longestAt(at); match.expansion != nullptr) {
-                        return match;
-                    }
-                }
-            } else if (c == '"') {
-                at = std::min(text_.find('"', at + 1), text_.size() - 1);
+        const std::array<bool, 256>& begins = lengths_.begins;
+        const char* const begin = text_.data();
+        const char* const end = begin + text_.size();
+        const char* next = begin + at;
+        while (true) {
+            while (next != end && !begins[static_cast<unsigned char>(*next)]) {
+                ++next;
             }
-            previous = current;
+            if (next == end) {
+                return {};
+            }
+            if (*next == '"') {
+                next = std::find(next + 1, end, '"');
+                if (next == end) {
+                    return {};
+                }
+                ++next;
+                continue;
+            }
+            const char* const cut = findCut(next, end);
+            if (next == begin || isCut(next[-1], *next)) {
+                at = static_cast<std::size_t>(next - begin);
+                if (const Match match = longestAt(at, cut); match.expansion != nullptr) {
+                    return match;
+                }
+            }
+            next = cut;
         }
-        return {};
     }
 
 private:
@@ -104,31 +145,41 @@ private:
         return at == text_.size() || isCut(text_[at - 1], text_[at]);
     }
 
-    Match longestAt(std::size_t start) {
+    /// `cut` is the first place behind `start` where a name may end.
+    Match longestAt(std::size_t start, const char* cut) {
         if (hasLongNames_) {
             if (const Match match = longName(start); match.expansion != nullptr) {
                 return match;
             }
         }
+        const char* const begin = text_.data() + start;
+        const std::size_t room = text_.size() - start;
+        const std::uint64_t lengths = lengths_.of(begin[0], room > 1 ? begin[1] : '\0');
+        if (lengths >> 1U == 0) {
+            return {};
+        }
+        const char* const limit = begin + std::min(room, NameLengths::bits);
         Match best;
-        std::uint64_t lengths =
-            lengths_.of(text_[start], start + 1 < text_.size() ? text_[start + 1] : '\0');
         std::uint64_t hash = fnvOffsetBasis;
-        for (std::size_t at = start; lengths != 0 && at < text_.size(); ++at) {
-            if (cutClassOf(text_[at]) == gapCut) {
-                break;
+        const char* hashed = begin;
+        while (true) {
+            const auto length = static_cast<std::size_t>(cut - begin);
+            if (length >= NameLengths::bits) {
+                return best;
             }
-            hash = extendHash(hash, text_[at]);
-            lengths >>= 1U;
-            if ((lengths & 1U) != 0 && isCutAt(at + 1)) {
-                const std::size_t length = at + 1 - start;
-                if (const Expansion* expansion = find(text_.substr(start, length), hash)) {
+            if ((lengths >> length & 1U) != 0) {
+                for (; hashed != cut; ++hashed) {
+                    hash = extendHash(hash, *hashed);
+                }
+                if (const Expansion* expansion = find({begin, length}, hash)) {
                     best = {length, expansion};
                 }
-                lengths ^= 1U;
             }
+            if (lengths >> length <= 1 || cut == limit || isGap(*cut)) {
+                return best;
+            }
+            cut = findCut(cut, limit);
         }
-        return best;
     }
 
     /// A name that is longer than the lengths tell.
@@ -136,11 +187,10 @@ private:
         if (start >= windowsEnd_) {
             windowsStart_ = start;
             windowsEnd_ = start + wordLength(text_.substr(start));
-            windows_ = LongNameWindows(defines_.table_.longNames(),
-                                       text_.substr(start, windowsEnd_ - start));
+            windows_.emplace(defines_.table_.longNames(), text_.substr(start, windowsEnd_ - start));
         }
-        windows_.moveTo(start - windowsStart_);
-        for (const std::size_t length : windows_.candidates()) {
+        windows_->moveTo(start - windowsStart_);
+        for (const std::size_t length : windows_->candidates()) {
             const std::string_view span = text_.substr(start, length);
             if (isCutAt(start + length)) {
                 if (const Expansion* expansion = find(span, hashText(span))) {
@@ -162,7 +212,7 @@ private:
     const NameLengths& lengths_;
     bool hasLongNames_;
     /// The long names' windows over the word from `windowsStart_` to `windowsEnd_`.
-    LongNameWindows windows_;
+    std::optional<LongNameWindows> windows_;
     std::size_t windowsStart_ = 0;
     std::size_t windowsEnd_ = 0;
 };
@@ -206,7 +256,9 @@ const Expansion& Defines::predefinedExpansion(std::size_t row) {
                                    {value, program_.text.add(constant.replacement)});
         } else {
             Cut cut;
-            cutText(value, row, false, cut);
+            if (!cutText(value, row, false, cut)) {
+                cut = wholeText(value);
+            }
             expansion = keep(cut, static_cast<std::uint32_t>(cut.plainBytes + cut.insertedBytes));
         }
         predefinedExpansions_[row] = {true, expansion};
@@ -214,11 +266,17 @@ const Expansion& Defines::predefinedExpansion(std::size_t row) {
     return predefinedExpansions_[row].expansion;
 }
 
-void Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames, Cut& cut) {
+bool Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames, Cut& cut) {
+    const std::string_view all = program_.text.view(text);
+    NameFinder names(*this, all, rowLimit, withProgramNames);
+    std::size_t at = 0;
+    Match match = names.next(at);
+    if (match.expansion == nullptr) {
+        return false;
+    }
     cut.pieces.clear();
     cut.insertedBytes = 0;
     cut.plainBytes = 0;
-    const std::string_view all = program_.text.view(text);
     std::size_t plainStart = 0;
     const auto keepPlain = [&](std::size_t end) {
         if (end > plainStart) {
@@ -227,10 +285,7 @@ void Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames
             cut.plainBytes += end - plainStart;
         }
     };
-
-    NameFinder names(*this, all, rowLimit, withProgramNames);
-    std::size_t at = 0;
-    for (Match match = names.next(at); match.expansion != nullptr; match = names.next(at)) {
+    for (; match.expansion != nullptr; match = names.next(at)) {
         const Expansion expansion = *match.expansion;
         keepPlain(at);
         if (expansion.pieceCount == 1) {
@@ -245,6 +300,7 @@ void Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames
         plainStart = at;
     }
     keepPlain(all.size());
+    return true;
 }
 
 Expansion Defines::keep(const Cut& cut, std::uint32_t bytes) {

@@ -42,8 +42,20 @@ public:
 
     /// Cuts `text` into plain text and what the names in it stand for. Strings are plain text. A name
     /// is looked for at every boundary between letters, digits and other characters; the longest
-    /// wins. `cut` is emptied first.
-    void substitute(TextSpan text, Cut& cut) { cutText(text, predefined_.rows.size(), true, cut); }
+    /// wins. False, and `cut` is left as it is: there is no name in it.
+    bool substitute(TextSpan text, Cut& cut) {
+        return cutText(text, predefined_.rows.size(), true, cut);
+    }
+
+    /// A text that holds no name.
+    static Cut wholeText(TextSpan text) {
+        Cut cut;
+        if (!text.empty()) {
+            cut.pieces.push_back({Piece::Kind::plain, {TokenType::INVALID, text}});
+            cut.plainBytes = text.length;
+        }
+        return cut;
+    }
 
     /// Keeps a cut text as what a name stands for. `bytes` is its size in a line.
     Expansion keep(const Cut& cut, std::uint32_t bytes);
@@ -64,7 +76,7 @@ private:
     const Expansion* find(std::string_view name, std::uint64_t hash, std::size_t rowLimit,
                           bool withProgramNames);
     const Expansion& predefinedExpansion(std::size_t row);
-    void cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames, Cut& cut);
+    bool cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames, Cut& cut);
 
     struct Match {
         std::size_t length = 0;

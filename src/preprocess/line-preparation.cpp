@@ -47,30 +47,24 @@ std::size_t macroCallLength(Preprocessing& run, std::string_view code) {
 
 }  // namespace
 
-void substitute(Preprocessing& run, TextSpan text, Defines::Cut& cut) {
-    if (run.substitutes) {
-        run.defines.substitute(text, cut);
-    } else {
-        cut = {{{Piece::Kind::plain, {TokenType::INVALID, text}}}, 0, text.length};
-    }
-}
-
 void prepareLine(Preprocessing& run, LineList& list, const ScannedLine& line,
                  const SourcePosition& position) {
     appendLine(list, position, line.text, line.comment);
     TextSpan code = line.code;
+    if (code.empty()) {
+        return;
+    }
     if (const std::size_t name = macroCallLength(run, run.program.text.view(code)); name != 0) {
         list.tokens.push_back({macroCallToken, code.part(0, name)});
         code = code.part(name, code.length - name);
     }
     Defines::Cut& cut = run.lineCut;
-    substitute(run, code, cut);
+    if (!run.substitutes || !run.defines.substitute(code, cut)) {
+        lexLine(run.program, list, run.axes, code, position);
+        return;
+    }
     if (cut.insertedBytes > run.limits.lineExpansion) {
         failAt(position, Message::ExpansionTooLarge);
-    }
-    if (cut.insertedBytes == 0 && cut.pieces.size() == 1) {
-        lexLine(run.program, list, run.axes, cut.pieces[0].token.text, position);
-        return;
     }
     run.defines.visitPieces(cut.pieces, [&](const Piece& piece) {
         if (piece.kind == Piece::Kind::define) {

@@ -5,41 +5,61 @@
 
 #include "src/preprocess/line-splitter.h"
 
-#include <array>
-
 #include "src/lex/characters.h"
 #include "src/lex/messages.h"
 #include "src/lex/parse-exception.h"
+#include "src/preprocess/byte-search.h"
 
 namespace torvel {
 
 namespace {
 
-/// Bytes that matter outside strings and comments.
-constexpr std::array<bool, 256> isSignificant = [] {
-    std::array<bool, 256> table{};
-    for (const unsigned char c : {'\0', '\n', '\r', '"', ';', '\'', '/'}) {
-        table[c] = true;
-    }
-    return table;
-}();
-
 constexpr bool isLineEnd(char c) {
     return c == '\0' || c == '\n' || c == '\r';
 }
 
-const char* findLineEnd(const char* from) {
-    while (!isLineEnd(*from)) {
+/// The first byte from `from` on that is no blank, or `end`.
+const char* skipBlanks(const char* from, const char* end) {
+    while (from != end && isBlank(*from)) {
         ++from;
     }
     return from;
 }
 
-const char* findSignificant(const char* from) {
-    while (!isSignificant[static_cast<unsigned char>(*from)]) {
-        ++from;
+/// Behind the last byte between `begin` and `end` that is no blank, or `begin`.
+const char* dropBlanks(const char* begin, const char* end) {
+    while (end != begin && isBlank(end[-1])) {
+        --end;
     }
-    return from;
+    return end;
+}
+
+/// Where a line's parts begin and end.
+struct LineParts {
+    const char* code;
+    const char* commentMarker;
+    const char* end;
+};
+
+/// Trims a line's parts. `begin` is where the text of `store` begins, in which the line stands.
+void cutLine(ScannedLine& line, TextSpan store, const char* begin, LineParts parts,
+             std::size_t markerLength) {
+    const auto span = [&](const char* from, const char* to) {
+        return store.part(static_cast<std::size_t>(from - begin),
+                          static_cast<std::size_t>(to - from));
+    };
+    const char* code = skipBlanks(parts.code, parts.commentMarker);
+    const char* codeEnd = dropBlanks(code, parts.commentMarker);
+    line.code = span(code, codeEnd);
+    if (markerLength == 0) {
+        line.text = line.code;
+        line.comment = {};
+        return;
+    }
+    const char* comment = skipBlanks(parts.commentMarker + markerLength, parts.end);
+    const char* commentEnd = dropBlanks(comment, parts.end);
+    line.comment = span(comment, commentEnd);
+    line.text = span(code, commentEnd == comment ? parts.commentMarker + markerLength : commentEnd);
 }
 
 /// The position behind the line end at `at`, which is no NUL.
@@ -63,10 +83,10 @@ bool LineSplitter::next(ScannedLine& line) {
     const char* lineStart = next_;
     isJoined_ = false;
     while (true) {
-        next_ = findSignificant(next_);
+        next_ = findByte<'\0', '\n', '\r', '"', ';', '\'', '/'>(next_);
         switch (*next_) {
-            case '"': do { ++next_;
-                } while (*next_ != '"' && !isLineEnd(*next_));
+            case '"':
+                next_ = findByte<'\0', '\n', '\r', '"'>(next_ + 1);
                 if (*next_ != '"') {
                     ended_ = true;
                     throw ParseException(messageText(Message::StringNotTerminated), position());
@@ -99,14 +119,17 @@ bool LineSplitter::next(ScannedLine& line) {
 void LineSplitter::skipBlockComment() {
     const SourcePosition start = position();
     next_ += 2;
-    while (!(next_[0] == '*' && next_[1] == '/')) {
+    while (true) {
+        next_ = findByte<'\0', '\n', '\r', '*'>(next_);
         if (*next_ == '\0') {
             ended_ = true;
             throw ParseException(messageText(Message::CommentNotTerminated), start);
         }
-        if (isLineEnd(*next_)) {
+        if (*next_ != '*') {
             next_ = skipLineEnd(next_);
             ++lineNumber_;
+        } else if (next_[1] == '/') {
+            break;
         } else {
             ++next_;
         }
@@ -116,7 +139,8 @@ void LineSplitter::skipBlockComment() {
 
 void LineSplitter::finishLine(ScannedLine& line, const char* lineStart, const char* commentMarker,
                               std::size_t markerLength) {
-    const char* lineEnd = findLineEnd(commentMarker);
+    const char* lineEnd =
+        markerLength == 0 ? commentMarker : findByte<'\0', '\n', '\r'>(commentMarker);
     line.lineNumber = lineNumber_;
     if (*lineEnd == '\0') {
         ended_ = true;
@@ -124,30 +148,16 @@ void LineSplitter::finishLine(ScannedLine& line, const char* lineStart, const ch
         next_ = skipLineEnd(lineEnd);
         ++lineNumber_;
     }
-
-    TextSpan whole;
-    std::size_t markerAt = static_cast<std::size_t>(commentMarker - lineStart);
-    if (isJoined_) {
-        markerAt += joined_.size();
-        joined_.append(lineStart, lineEnd);
-        whole = program_.text.add(joined_);
-    } else {
-        whole = file_.part(static_cast<std::size_t>(lineStart - begin_),
-                           static_cast<std::size_t>(lineEnd - lineStart));
+    if (!isJoined_) {
+        cutLine(line, file_, begin_, {lineStart, commentMarker, lineEnd}, markerLength);
+        return;
     }
-    const auto trimmed = [this](TextSpan span) {
-        const std::string_view text = program_.text.view(span);
-        const std::string_view inner = trimBlanks(text);
-        return span.part(static_cast<std::size_t>(inner.data() - text.data()), inner.size());
-    };
-    line.text = trimmed(whole);
-    line.code = line.text;
-    line.comment = {};
-    if (markerLength != 0) {
-        const std::size_t commentAt = markerAt + markerLength;
-        line.code = trimmed(whole.part(0, markerAt));
-        line.comment = trimmed(whole.part(commentAt, whole.length - commentAt));
-    }
+    const std::size_t markerAt =
+        joined_.size() + static_cast<std::size_t>(commentMarker - lineStart);
+    joined_.append(lineStart, lineEnd);
+    const TextSpan whole = program_.text.add(joined_);
+    const char* begin = program_.text.view(whole).data();
+    cutLine(line, whole, begin, {begin, begin + markerAt, begin + whole.length}, markerLength);
 }
 
 void LineSplitter::finish() {

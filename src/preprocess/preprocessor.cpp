@@ -1,25 +1,11 @@
 #include "src/preprocess/preprocessor.h"
 
-#include <algorithm>
-
 #include "src/lex/parse-exception.h"
 #include "src/preprocess/preprocessing.h"
 
 namespace torvel {
 
 namespace {
-
-/// Room for about as many lines and tokens as `bytes` of program have. Memory that is not used costs
-/// nothing, a list that must move does.
-void makeRoom(LineList& list, std::size_t bytes) {
-    const auto grow = [](auto& rows, std::size_t more) {
-        if (rows.size() + more > rows.capacity()) {
-            rows.reserve(std::max(rows.size() + more, 2 * rows.capacity()));
-        }
-    };
-    grow(list.lines, bytes / 16 + 1);
-    grow(list.tokens, bytes / 4 + 1);
-}
 
 /// The lines of one file. The position of the last line is returned.
 SourcePosition preprocessLines(Preprocessing& run, const Inclusion& inclusion) {
@@ -61,7 +47,6 @@ void preprocessFile(Preprocessing& run, std::string_view path, const SourcePosit
     if (run.programBytes > run.limits.programText) {
         failAt(includedFrom, Message::ProgramTooLarge);
     }
-    makeRoom(run.program.list, file.text.length);
     const Inclusion& inclusion =
         run.program.inclusions.emplace_back(Inclusion{&file, includedFrom});
 

@@ -56,8 +56,11 @@ std::string substituted(const std::string& text, const std::set<std::string>& na
             program.text.view(span), DefineTable::Kind::define,
             defines.keepDefine(TokenType::NUMBER_DEFINE, {span, program.text.add("1")}));
     }
+    const TextSpan span = program.text.add(text);
     Defines::Cut cut;
-    defines.substitute(program.text.add(text), cut);
+    if (!defines.substitute(span, cut)) {
+        cut = Defines::wholeText(span);
+    }
     std::string result;
     defines.visitPieces(cut.pieces, [&](const Piece& piece) {
         if (piece.kind == Piece::Kind::define) {

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+namespace torvel {
+
+/// A vector of plain rows for the lists that hold a whole program. Memory grows with realloc, which moves
+/// large blocks by changing the page table where the system can, so a list of any length is neither copied
+/// nor held twice while it grows.
+template <typename Row>
+class GrowingArray {
+    static_assert(std::is_trivially_copyable_v<Row> && std::is_trivially_destructible_v<Row>);
+
+public:
+    GrowingArray() = default;
+    GrowingArray(GrowingArray&& other) noexcept { swap(other); }
+    GrowingArray& operator=(GrowingArray&& other) noexcept {
+        swap(other);
+        return *this;
+    }
+    GrowingArray(const GrowingArray&) = delete;
+    GrowingArray& operator=(const GrowingArray&) = delete;
+    ~GrowingArray() { std::free(rows_); }
+
+    void swap(GrowingArray& other) noexcept {
+        std::swap(rows_, other.rows_);
+        std::swap(size_, other.size_);
+        std::swap(capacity_, other.capacity_);
+    }
+
+    std::size_t size() const { return size_; }
+    bool empty() const { return size_ == 0; }
+    const Row* data() const { return rows_; }
+    const Row* begin() const { return rows_; }
+    const Row* end() const { return rows_ + size_; }
+    Row& operator[](std::size_t index) { return rows_[index]; }
+    const Row& operator[](std::size_t index) const { return rows_[index]; }
+    Row& back() { return rows_[size_ - 1]; }
+
+    void clear() { size_ = 0; }
+
+    /// Throws std::bad_alloc.
+    void push_back(const Row& row) {
+        if (size_ == capacity_) {
+            grow();
+        }
+        rows_[size_++] = row;
+    }
+
+private:
+    /// Half as much again: what is never touched costs no memory.
+    void grow() {
+        const std::size_t capacity = capacity_ + capacity_ / 2 + 64;
+        void* rows = std::realloc(rows_, capacity * sizeof(Row));
+        if (rows == nullptr) {
+            throw std::bad_alloc();
+        }
+        rows_ = static_cast<Row*>(rows);
+        capacity_ = capacity;
+    }
+
+    Row* rows_ = nullptr;
+    std::size_t size_ = 0;
+    std::size_t capacity_ = 0;
+};
+
+}  // namespace torvel
