@@ -78,11 +78,15 @@ struct Part {
     MessageLog log;
 };
 
+/// Bytes of a line's text for which room is made.
+constexpr std::size_t expectedTextLength = 32;
+
 /// Converts the lines from `first` up to `last`.
 Part convertPart(const ConversionContext& run, std::size_t first, std::size_t last) {
     Part part;
     part.first = first;
     part.lines.reserve(last - first);
+    part.text.reserve((last - first) * expectedTextLength);
     ConversionContext context{run.program, run.axes, run.limits, part.log, {}};
     const LineList& list = run.program.list;
     StatementText text;

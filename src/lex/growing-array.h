@@ -6,6 +6,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "src/lex/large-memory.h"
+
 namespace torvel {
 
 /// A vector of plain rows for the lists that hold a whole program. Memory grows with realloc, which moves
@@ -54,14 +56,23 @@ public:
 private:
     /// Half as much again: what is never touched costs no memory.
     void grow() {
-        const std::size_t capacity = capacity_ + capacity_ / 2 + 64;
-        void* rows = std::realloc(rows_, capacity * sizeof(Row));
+        std::size_t bytes = (size_ + size_ / 2 + 64) * sizeof(Row);
+        if (bytes >= largeBlock) {
+            // With the allocator's words a whole number of pages.
+            bytes = (bytes + largeBlock - 1) / largeBlock * largeBlock - 32;
+        }
+        void* rows = std::realloc(rows_, bytes);
         if (rows == nullptr) {
             throw std::bad_alloc();
         }
         rows_ = static_cast<Row*>(rows);
-        capacity_ = capacity;
+        capacity_ = bytes / sizeof(Row);
+        if (bytes >= largeBlock - 32) {
+            preferLargePages(rows, bytes);
+        }
     }
+
+    static constexpr std::size_t largeBlock = std::size_t{2} << 20U;
 
     Row* rows_ = nullptr;
     std::size_t size_ = 0;

@@ -29,7 +29,7 @@ TokenType addressLetterKind(char letter) {
 
 /// What a byte begins.
 struct Start {
-    enum class Kind : std::uint8_t { blank, single, word, number, punctuation };
+    enum class Kind : std::uint8_t { single, word, number, punctuation };
 
     Kind kind = Kind::punctuation;
     /// The kind of token that a single character is whatever follows.
@@ -40,8 +40,7 @@ constexpr std::array<Start, 256> starts = [] {
     std::array<Start, 256> table{};
     for (unsigned c = 0; c < table.size(); ++c) {
         const char character = static_cast<char>(c);
-        table[c].kind = isBlank(character)                      ? Start::Kind::blank
-                        : isDigit(character)                    ? Start::Kind::number
+        table[c].kind = isDigit(character)                      ? Start::Kind::number
                         : hasClass(character, wordStartClasses) ? Start::Kind::word
                                                                 : Start::Kind::punctuation;
     }
@@ -81,14 +80,16 @@ public:
           wordEnd_(begin_) {}
 
     void run() {
-        for (const char* next = begin_; next != end_;) {
+        for (const char* next = endOfRun(begin_, blankClass); next != end_;
+             next = endOfRun(next, blankClass)) {
             const Start start = starts[static_cast<unsigned char>(*next)];
-            if (start.kind == Start::Kind::blank) {
-                ++next;
-                continue;
+            Lexeme lexeme{start.single, next + 1};
+            switch (start.kind) {
+                case Start::Kind::single: break;
+                case Start::Kind::word: lexeme = readWord(next); break;
+                case Start::Kind::number: lexeme = readNumber(next); break;
+                case Start::Kind::punctuation: lexeme = readPunctuation(next); break;
             }
-            const Lexeme lexeme = start.kind == Start::Kind::single ? Lexeme{start.single, next + 1}
-                                                                    : read(start.kind, next);
             if (lexeme.type != TokenType::INVALID) {
                 append(lexeme.type, next, lexeme.last);
             }
@@ -110,12 +111,6 @@ private:
     Lexeme appendAs(TokenType type, const std::string& text, const char* last) {
         tokens_.push_back({type, program_.text.add(text)});
         return {TokenType::INVALID, last};
-    }
-
-    Lexeme read(Start::Kind start, const char* first) {
-        return start == Start::Kind::word     ? readWord(first)
-               : start == Start::Kind::number ? readNumber(first)
-                                              : readPunctuation(first);
     }
 
     /// Where the characters of `classes` end that begin at `from`.
