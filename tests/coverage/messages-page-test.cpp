@@ -30,6 +30,7 @@ constexpr ExcusedMessage withoutEntry[] = {
 
 constexpr ExcusedMessage withoutExample[] = {
     {"OutOfMemory", "a run that takes all memory would take the machine's"},
+    {"LogOverwritesOutput", "needs a link"},
     {"OutputNotWritten", "needs a disk that is full"},
     {"FileNotOpened", "needs a file that the user running it may not read"},
 };
