@@ -77,7 +77,7 @@ void convertFile(const CommandLine& commandLine, const Limits& limits) {
     std::vector<FileIdentity> inputs;
     AxisNames axes;
     if (commandLine.parameterFile) {
-        axes = loadParameterFile(*commandLine.parameterFile);
+        axes = loadParameterFile(*commandLine.parameterFile, limits);
         inputs.push_back(fileIdentity(nativePath(*commandLine.parameterFile)));
     }
     Program program;

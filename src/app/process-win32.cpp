@@ -3,7 +3,7 @@
 namespace torvel {
 
 void prepareProcess() {
-    // A write that fails raises no signal here.
+    // A write that fails raises no signal here, and the linker has set the stack aside.
 }
 
 }  // namespace torvel

@@ -72,6 +72,7 @@ void setLimit(Limits& limits, const std::string& text) {
         {"includedFiles", [&] { limits.includedFiles = value; }},
         {"defineExpansion", [&] { limits.defineExpansion = value; }},
         {"programText", [&] { limits.programText = value; }},
+        {"parameterFile", [&] { limits.parameterFile = value; }},
         {"expressionNesting", [&] { limits.expressionNesting = value; }},
     };
     setters.at(words.front())();

@@ -124,6 +124,12 @@ void setLimit(Limits& limits, const std::string& name, const std::string& value)
         limits.programText = number;
     } else if (name == "expressionNesting") {
         limits.expressionNesting = static_cast<unsigned>(number);
+    } else if (name == "parameterFile") {
+        limits.parameterFile = number;
+    } else if (name == "elementAttributes") {
+        limits.elementAttributes = static_cast<std::size_t>(number);
+    } else if (name == "axisName") {
+        limits.axisName = static_cast<std::size_t>(number);
     } else {
         throw std::runtime_error("no limit is called " + name);
     }
