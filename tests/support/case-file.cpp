@@ -144,6 +144,8 @@ void readOption(Case& result, std::string option) {
         result.linefeedsOnly = true;
     } else if (word == "no-comments") {
         result.withoutComments = true;
+    } else if (word == "posix-only") {
+        result.posixOnly = option;
     } else if (word == "limit") {
         const std::string name = takeFirstWord(option);
         setLimit(result.limits, name, option);
