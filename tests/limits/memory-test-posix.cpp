@@ -30,8 +30,7 @@ std::uint64_t leastMemory() {
         std::uint64_t works = enough;
         while (works - tooLittle > 4 * kibibyte) {
             const std::uint64_t middle = (tooLittle + works) / 2;
-            const ProgramEnd end =
-                runProgram({.program = TORVEL_PLAIN_PROGRAM, .memory = middle});
+            const ProgramEnd end = runProgram({.program = TORVEL_PLAIN_PROGRAM, .memory = middle});
             (end.status == 1 ? works : tooLittle) = middle;
         }
         return works;
@@ -43,9 +42,8 @@ std::uint64_t leastMemory() {
 void sweep(const std::string& program, const std::string& parameterFile, std::uint64_t step) {
     const TemporaryDirectory directory;
     const fs::path& folder = directory.path();
-    ProgramStart start{.arguments = {"main.pgm"},
-                       .program = TORVEL_PLAIN_PROGRAM,
-                       .directory = folder};
+    ProgramStart start{
+        .arguments = {"main.pgm"}, .program = TORVEL_PLAIN_PROGRAM, .directory = folder};
     writeFile(folder / "main.pgm", program);
     if (!parameterFile.empty()) {
         writeFile(folder / "axes.xml", parameterFile);
