@@ -109,7 +109,8 @@ private:
         if (const std::size_t length = axisFeedrateLength(word); length != 0) {
             return readAxisFeedrate(word.substr(0, length));
         }
-        if (const std::size_t length = axisLength(word); length != 0) {
+        // "X10" is the axis X and 10.
+        if (const std::size_t length = axes_.lengthAt(word); length != 0) {
             return take(TokenType::AXIS_NAME, next_ + length);
         }
         return take(TokenType::IDENTIFIER, wordEnd_);
@@ -135,20 +136,6 @@ private:
         }
         specifier.remove_suffix(1);
         return takeAs(TokenType::AXIS_FEEDRATE, std::string(specifier) + 'F', last);
-    }
-
-    /// The length of the axis name that the word is, or of the longest one in front of a number: "X10"
-    /// is the axis X and 10. 0 if there is none.
-    std::size_t axisLength(std::string_view word) const {
-        if (axes_.contains(word)) {
-            return word.size();
-        }
-        for (std::size_t i = std::min(word.size() - 1, axes_.longestName()); i > 0; --i) {
-            if (isDigit(word[i]) && axes_.contains(word.substr(0, i))) {
-                return i;
-            }
-        }
-        return 0;
     }
 
     Token readNumber() {

@@ -103,6 +103,20 @@ TEST(ParameterFiles, LongestName) {
     EXPECT_EQ(load(file(axis(std::string(5'000'000, 'Q')))).message, malformed);
 }
 
+/// At each place of the line a long name could begin that does not end as it should.
+TEST(ParameterFiles, LongNamesInALongLine) {
+    const std::string name = repeated("A1", 127) + "B";
+    const std::string line = "$x = " + repeated("A1", 50'000);
+    const Outcome outcome = convertWith(file(axis("A") + axis(name)),
+                                        "HOME " + name + "\nHOME A " + name + "\n" + line);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(firstDifference("Home(" + name + ")\nHome([A, " + name +
+                                  "])\n#error_unconvertible (main.pgm:3): " + line + '\n',
+                              outcome.output.value_or("")),
+              "");
+    EXPECT_EQ(outcome.log, "main.pgm:3: Unexpected axis name seen.\n\n");
+}
+
 std::string withAttributes(int count) {
     std::string element = "<Q";
     for (int i = 0; i < count; ++i) {

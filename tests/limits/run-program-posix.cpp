@@ -97,9 +97,10 @@ ProgramEnd runProgram(const ProgramStart& start) {
         settings.emplace_back(*setting);
     }
     for (const auto& [name, value] : start.environment) {
+        const std::string lead = name + "=";
         std::erase_if(settings,
-                      [&](const std::string& setting) { return setting.starts_with(name + "="); });
-        settings.push_back(name + "=" + value);
+                      [&](const std::string& setting) { return setting.starts_with(lead); });
+        settings.push_back(lead + value);
     }
     const std::vector<char*> environment = pointersTo(settings);
 
