@@ -20,6 +20,12 @@ struct Limits {
     std::uint64_t programText = std::uint64_t{1} << 32U;
     /// Constructs open at once in one expression.
     unsigned expressionNesting = 256;
+    /// Bytes of the parameter file.
+    std::uint64_t parameterFile = std::uint64_t{1} << 26U;
+    /// Attributes of one element of the parameter file.
+    std::size_t elementAttributes = 1000;
+    /// Bytes of one axis name.
+    std::size_t axisName = 255;
 };
 
 }  // namespace torvel

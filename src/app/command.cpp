@@ -53,6 +53,14 @@ void checkNoInput(const NativePath& path, const std::vector<FileIdentity>& input
     }
 }
 
+/// Fails if both paths lead to one file that exists.
+void checkApart(const OutputPaths& paths) {
+    const FileIdentity identity = fileIdentity(paths.output);
+    if (identity != FileIdentity() && identity == fileIdentity(paths.log)) {
+        fail(Message::LogOverwritesOutput, {narrowPath(paths.log)});
+    }
+}
+
 void openForWriting(OutputFile& file, const NativePath& path) {
     if (!file.open(path)) {
         fail(Message::OutputNotOpened, {narrowPath(path)});
@@ -69,7 +77,7 @@ void convertFile(const CommandLine& commandLine, const Limits& limits) {
     std::vector<FileIdentity> inputs;
     AxisNames axes;
     if (commandLine.parameterFile) {
-        axes = loadParameterFile(*commandLine.parameterFile);
+        axes = loadParameterFile(*commandLine.parameterFile, limits);
         inputs.push_back(fileIdentity(nativePath(*commandLine.parameterFile)));
     }
     Program program;
@@ -81,9 +89,11 @@ void convertFile(const CommandLine& commandLine, const Limits& limits) {
     }
     checkNoInput(paths.output, inputs);
     checkNoInput(paths.log, inputs);
+    checkApart(paths);
     OutputFile output;
     OutputFile log;
     openForWriting(output, paths.output);
+    checkApart(paths);  // a link can lead to the file that was made just now
     openForWriting(log, paths.log);
 
     MessageLog messages;

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "src/app/xml-attributes.h"
 #include "src/lex/file-system.h"
 #include "src/lex/messages.h"
 
@@ -14,13 +15,21 @@ namespace torvel {
 
 namespace {
 
+[[noreturn]] void fail(Message message) {
+    throw std::runtime_error(messageText(message));
+}
+
 /// The file's bytes; false if they cannot be had.
-bool readFile(const NativePath& path, std::string& content) {
+bool readFile(const NativePath& path, const Limits& limits, std::string& content) {
     InputFile file;
     if (fileKind(path) != FileKind::regular || !file.open(path)) {
         return false;
     }
-    content.resize(static_cast<std::size_t>(file.size()));
+    const std::uint64_t size = file.size();
+    if (size > limits.parameterFile) {
+        fail(Message::ParameterFileTooLarge);
+    }
+    content.resize(static_cast<std::size_t>(size));
     bool failed = false;
     content.resize(file.read(content.data(), content.size(), failed));
     return !failed;
@@ -39,19 +48,21 @@ const tinyxml2::XMLElement* findNameEntry(const tinyxml2::XMLElement& axis) {
 
 }  // namespace
 
-AxisNames loadParameterFile(std::string_view path) {
+AxisNames loadParameterFile(std::string_view path, const Limits& limits) {
     std::string content;
     tinyxml2::XMLDocument document;
-    if (!readFile(nativePath(path), content) ||
+    // The parser compares each attribute of an element with all others.
+    if (!readFile(nativePath(path), limits, content) ||
+        mostAttributes(content) > limits.elementAttributes ||
         document.Parse(content.data(), content.size()) != tinyxml2::XML_SUCCESS) {
-        throw std::runtime_error(messageText(Message::ParameterFileNotLoaded));
+        fail(Message::ParameterFileNotLoaded);
     }
     const tinyxml2::XMLElement* element = document.RootElement();
     for (const char* name : {"Parameters", "Axes"}) {
         element = element == nullptr ? nullptr : element->FirstChildElement(name);
     }
     if (element == nullptr) {
-        throw std::runtime_error(messageText(Message::ParameterFileMalformed));
+        fail(Message::ParameterFileMalformed);
     }
     std::vector<std::string> names;
     for (const tinyxml2::XMLElement* axis = element->FirstChildElement("Axis"); axis != nullptr;
@@ -59,6 +70,9 @@ AxisNames loadParameterFile(std::string_view path) {
         if (const tinyxml2::XMLElement* entry = findNameEntry(*axis)) {
             const char* text = entry->GetText();
             names.emplace_back(text == nullptr ? "" : text);
+            if (names.back().size() > limits.axisName) {
+                fail(Message::ParameterFileMalformed);
+            }
         }
     }
     return AxisNames(std::move(names));

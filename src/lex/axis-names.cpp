@@ -42,10 +42,25 @@ AxisNames::AxisNames(std::vector<std::string> names)
 }
 
 std::optional<std::uint32_t> AxisNames::axisIndex(std::string_view word) const {
-    if (word.size() > longestName_) {
-        return std::nullopt;
+    return word.size() > longestName_ ? std::nullopt : find(word, hashText(word));
+}
+
+std::size_t AxisNames::lengthAt(std::string_view word) const {
+    const std::size_t end = std::min(word.size(), longestName_);
+    std::size_t longest = 0;
+    std::uint64_t hash = fnvOffsetBasis;
+    for (std::size_t length = 1; length <= end; ++length) {
+        hash = extendHash(hash, word[length - 1]);
+        const bool mayEnd = length == word.size() || isDigit(word[length]);
+        if (mayEnd && find(word.substr(0, length), hash)) {
+            longest = length;
+        }
     }
-    std::size_t slot = hashText(word) & (slots_.size() - 1);
+    return longest;
+}
+
+std::optional<std::uint32_t> AxisNames::find(std::string_view word, std::uint64_t hash) const {
+    std::size_t slot = hash & (slots_.size() - 1);
     while (slots_[slot] != 0) {
         if (names_[slots_[slot] - 1] == word) {
             return slots_[slot] - 1;

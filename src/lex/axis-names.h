@@ -22,11 +22,17 @@ public:
     std::optional<std::uint32_t> axisIndex(std::string_view word) const;
     bool contains(std::string_view word) const { return axisIndex(word).has_value(); }
 
+    /// The length of the longest name that `word` is, or that it begins with in front of a digit; 0 if
+    /// there is none. Takes time in proportion to the longest name.
+    std::size_t lengthAt(std::string_view word) const;
+
     const std::vector<std::string>& names() const { return names_; }
     /// Length of the longest name in bytes: no longer word needs to be looked up.
     std::size_t longestName() const { return longestName_; }
 
 private:
+    std::optional<std::uint32_t> find(std::string_view word, std::uint64_t hash) const;
+
     std::vector<std::string> names_;
     std::vector<std::uint32_t> slots_;  // axis number + 1 by hash, open addressing; 0 is free
     std::size_t longestName_ = 0;

@@ -72,8 +72,10 @@ FileIdentity fileIdentity(const NativePath& path) {
 }
 
 bool InputFile::open(const NativePath& path) {
-    descriptor_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
-    return descriptor_ >= 0;
+    // Not to wait for the other end where a pipe has taken the place of the file.
+    descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    struct stat status {};
+    return descriptor_ >= 0 && fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
 }
 
 std::uint64_t InputFile::size() const {
@@ -109,8 +111,10 @@ InputFile::~InputFile() {
 }
 
 bool OutputFile::open(const NativePath& path) {
-    descriptor_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY, 0666);
-    return descriptor_ >= 0;
+    // A pipe that nobody reads is not waited for; one that is read takes its time.
+    constexpr int create = O_WRONLY | O_CREAT | O_TRUNC;
+    descriptor_ = ::open(path.c_str(), create | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0666);
+    return descriptor_ >= 0 && fcntl(descriptor_, F_SETFL, O_WRONLY) == 0;
 }
 
 void OutputFile::flush() {
@@ -128,17 +132,26 @@ void OutputFile::flush() {
 
 bool OutputFile::close() {
     flush();
-    if (::close(descriptor_) != 0) {
-        failed_ = true;
+    if (failed_) {
+        discard();
+        return false;
     }
+    failed_ = ::close(descriptor_) != 0;
     descriptor_ = -1;
     return !failed_;
 }
 
-OutputFile::~OutputFile() {
+void OutputFile::discard() {
     if (descriptor_ >= 0) {
+        // Fails for a device or a pipe, which keep nothing.
+        [[maybe_unused]] const int ignored = ::ftruncate(descriptor_, 0);
         ::close(descriptor_);
+        descriptor_ = -1;
     }
+}
+
+OutputFile::~OutputFile() {
+    discard();
 }
 
 }  // namespace torvel

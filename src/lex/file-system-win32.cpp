@@ -216,17 +216,26 @@ void OutputFile::flush() {
 
 bool OutputFile::close() {
     flush();
-    if (_close(descriptor_) != 0) {
-        failed_ = true;
+    if (failed_) {
+        discard();
+        return false;
     }
+    failed_ = _close(descriptor_) != 0;
     descriptor_ = -1;
     return !failed_;
 }
 
-OutputFile::~OutputFile() {
+void OutputFile::discard() {
     if (descriptor_ >= 0) {
+        // Fails for a device or a pipe, which keep nothing.
+        _chsize_s(descriptor_, 0);
         _close(descriptor_);
+        descriptor_ = -1;
     }
+}
+
+OutputFile::~OutputFile() {
+    discard();
 }
 
 }  // namespace torvel

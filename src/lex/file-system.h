@@ -66,7 +66,7 @@ std::string_view fileStem(std::string_view name);
 /// A file open for reading.
 class InputFile {
 public:
-    /// False if the file cannot be opened.
+    /// False if the file cannot be opened, or is no regular file.
     bool open(const NativePath& path);
     /// The file's length in bytes when asked.
     std::uint64_t size() const;
@@ -84,10 +84,11 @@ private:
     int descriptor_ = -1;
 };
 
-/// A file open for writing, with a buffer. Line feeds become the platform's line ends.
+/// A file open for writing, with a buffer. Line feeds become the platform's line ends. A file that is
+/// not written to its end and closed is left empty.
 class OutputFile {
 public:
-    /// Creates or empties the file. False if that cannot be done.
+    /// Creates or empties the file. False if that cannot be done, or for a pipe without a reader.
     bool open(const NativePath& path);
     void write(std::string_view text) { buffer() += text; }
     /// The text that is not written yet, for appending to it.
@@ -108,6 +109,8 @@ public:
 private:
     static constexpr std::size_t bufferSize = std::size_t{1} << 16U;
     void flush();
+    /// Empties the file and closes it.
+    void discard();
 
     int descriptor_ = -1;
     bool failed_ = false;

@@ -148,7 +148,8 @@ private:
         if (const std::size_t length = axisFeedrateLength(word); length != 0) {
             return readAxisFeedrate(first, word.substr(0, length));
         }
-        if (const std::size_t length = axisLength(word); length != 0) {
+        // "X10" is the axis X and 10.
+        if (const std::size_t length = axes_.lengthAt(word); length != 0) {
             return {TokenType::AXIS_NAME, first + length};
         }
         return {TokenType::IDENTIFIER, last};
@@ -174,20 +175,6 @@ private:
         }
         specifier.remove_suffix(1);
         return appendAs(TokenType::AXIS_FEEDRATE, std::string(specifier) + 'F', last);
-    }
-
-    /// The length of the axis name that the word is, or of the longest one in front of a number: "X10"
-    /// is the axis X and 10. 0 if there is none.
-    std::size_t axisLength(std::string_view word) const {
-        if (axes_.contains(word)) {
-            return word.size();
-        }
-        for (std::size_t i = std::min(word.size() - 1, axes_.longestName()); i > 0; --i) {
-            if (isDigit(word[i]) && axes_.contains(word.substr(0, i))) {
-                return i;
-            }
-        }
-        return 0;
     }
 
     Lexeme readNumber(const char* first) {

@@ -30,6 +30,7 @@ constexpr ExcusedMessage withoutEntry[] = {
 
 constexpr ExcusedMessage withoutExample[] = {
     {"OutOfMemory", "a run that takes all memory would take the machine's"},
+    {"LogOverwritesOutput", "needs a link"},
     {"OutputNotWritten", "needs a disk that is full"},
     {"FileNotOpened", "needs a file that the user running it may not read"},
 };
@@ -71,6 +72,7 @@ void setLimit(Limits& limits, const std::string& text) {
         {"includedFiles", [&] { limits.includedFiles = value; }},
         {"defineExpansion", [&] { limits.defineExpansion = value; }},
         {"programText", [&] { limits.programText = value; }},
+        {"parameterFile", [&] { limits.parameterFile = value; }},
         {"expressionNesting", [&] { limits.expressionNesting = value; }},
     };
     setters.at(words.front())();

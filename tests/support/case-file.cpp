@@ -124,6 +124,12 @@ void setLimit(Limits& limits, const std::string& name, const std::string& value)
         limits.programText = number;
     } else if (name == "expressionNesting") {
         limits.expressionNesting = static_cast<unsigned>(number);
+    } else if (name == "parameterFile") {
+        limits.parameterFile = number;
+    } else if (name == "elementAttributes") {
+        limits.elementAttributes = static_cast<std::size_t>(number);
+    } else if (name == "axisName") {
+        limits.axisName = static_cast<std::size_t>(number);
     } else {
         throw std::runtime_error("no limit is called " + name);
     }
@@ -138,6 +144,8 @@ void readOption(Case& result, std::string option) {
         result.linefeedsOnly = true;
     } else if (word == "no-comments") {
         result.withoutComments = true;
+    } else if (word == "posix-only") {
+        result.posixOnly = option;
     } else if (word == "limit") {
         const std::string name = takeFirstWord(option);
         setLimit(result.limits, name, option);

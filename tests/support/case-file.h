@@ -39,6 +39,8 @@ struct Case {
     std::vector<std::string> arguments;
     bool linefeedsOnly = false;
     bool withoutComments = false;
+    /// Why the case is for POSIX systems only; empty if it is not.
+    std::string posixOnly;
     Limits limits;
     bool hasLimits = false;
     Outcome expected;

@@ -31,6 +31,9 @@ std::string whyNotHere(const Case& test) {
     if (!test.links.empty()) {
         return "symbolic links are not for every user to make, and Wine does not make them";
     }
+    if (!test.posixOnly.empty()) {
+        return test.posixOnly;
+    }
     for (const CaseEntry& file : test.files) {
         if (file.path.find(':') != std::string::npos) {
             return "a colon in a file's name is the mark of a stream, and Wine has no streams";

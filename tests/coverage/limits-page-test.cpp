@@ -1,0 +1,180 @@
+// docs/limits.md tells what comes of which input: every row names a test that exists, and a message and a
+// status that are the test's.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "tests/coverage/message-rows.h"
+#include "tests/support/case-file.h"
+#include "tests/support/case-run.h"
+#include "tests/support/escapes.h"
+#include "tests/support/temporary-directory.h"
+#include "tests/support/text-difference.h"
+
+namespace torvel::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path root = TORVEL_SOURCE_DIR;
+
+struct PageRow {
+    std::string input;
+    std::string status;
+    std::string message;
+    /// "folder/Suite.Name"
+    std::string test;
+};
+
+/// A cell without its backquotes.
+std::string unquoted(std::string_view cell) {
+    if (cell.size() >= 2 && cell.starts_with('`') && cell.ends_with('`')) {
+        cell = cell.substr(1, cell.size() - 2);
+    }
+    return std::string(cell);
+}
+
+std::vector<std::string> cellsOf(std::string_view line) {
+    std::vector<std::string> cells;
+    line.remove_prefix(1);
+    for (std::size_t end = line.find('|'); end != std::string_view::npos; end = line.find('|')) {
+        const std::size_t first = std::min(line.find_first_not_of(' '), end);
+        const std::size_t last = line.find_last_not_of(' ', end - 1);
+        cells.emplace_back(first == end ? "" : line.substr(first, last + 1 - first));
+        line.remove_prefix(end + 1);
+    }
+    return cells;
+}
+
+std::vector<PageRow> readRows() {
+    std::vector<PageRow> rows;
+    const std::string page = readFile(root / "docs/limits.md");
+    bool isInTable = false;
+    for (const std::string_view line : splitLines(page)) {
+        if (!line.starts_with('|')) {
+            isInTable = false;
+        } else if (line == "| input | what happens | status | message | test |") {
+            isInTable = true;
+        } else if (isInTable && !line.starts_with("|-")) {
+            const std::vector<std::string> cells = cellsOf(line);
+            if (cells.size() != 5) {
+                throw std::runtime_error("not five cells: " + std::string(line));
+            }
+            rows.push_back({cells[0], cells[2], unquoted(cells[3]), unquoted(cells[4])});
+        }
+    }
+    return rows;
+}
+
+/// The path of a case; empty if the name is none of a case.
+fs::path casePath(const std::string& test) {
+    fs::path found;
+    for (const std::string folder : {"golden", "command_line"}) {
+        visitCases(root / "tests" / folder,
+                   [&](const std::string& subject, const std::string& name, const fs::path& path) {
+                       if (test == folder + "/" + replaceAll(subject, "_", "-") + "." + name ||
+                           test == folder + "/" + subject + "." + name) {
+                           found = path;
+                       }
+                   });
+    }
+    return found;
+}
+
+/// Whether a source of tests/<folder> has the test: by itself, or as a named row of one that has rows.
+bool isInSources(const std::string& test) {
+    const std::size_t slash = test.find('/');
+    const std::size_t dot = test.find('.');
+    if (slash == std::string::npos || dot == std::string::npos) {
+        return false;
+    }
+    const std::string suite = test.substr(slash + 1, dot - slash - 1);
+    const std::string name = test.substr(dot + 1);
+    for (const auto& entry : fs::directory_iterator(root / "tests" / test.substr(0, slash))) {
+        if (entry.path().extension() != ".cpp") {
+            continue;
+        }
+        const std::string source = readFile(entry.path());
+        const auto has = [&](const std::string& text) {
+            return source.find(text) != std::string::npos;
+        };
+        const std::string both = "(" + suite + ", " + name + ")";
+        if (has("TEST" + both) || has("TEST_F" + both) || has("TEST_P" + both) ||
+            (has("TEST_P(" + suite + ", ") && has("\"" + name + "\""))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The symbol of the message that a cell shows; its own text if it is none.
+std::string symbolOf(const std::string& text) {
+    for (const MessageRow& row : messageRows()) {
+        if (replaceAll(row.text, "{}", "…") == text) {
+            return std::string(row.symbol);
+        }
+    }
+    const MessageRow* const row = rowOfMessage(text);
+    return row == nullptr ? text : std::string(row->symbol);
+}
+
+std::set<std::string> expectedSymbols(const Case& test) {
+    std::set<std::string> symbols;
+    const auto add = [&](const std::string& message) {
+        const MessageRow* const row = rowOfMessage(message);
+        symbols.insert(row == nullptr ? message : std::string(row->symbol));
+    };
+    for (const std::string& message : messagesOfLog(test.expected.log.value_or(""))) {
+        add(message);
+    }
+    if (!test.expected.standardError.empty()) {
+        add(messageOfStandardError(test.expected.standardError));
+    }
+    return symbols;
+}
+
+TEST(LimitsPage, HasRows) {
+    EXPECT_GT(readRows().size(), 80U);
+}
+
+TEST(LimitsPage, EveryRowNamesATestThatExists) {
+    for (const PageRow& row : readRows()) {
+        EXPECT_TRUE(!casePath(row.test).empty() || isInSources(row.test))
+            << row.input << ": no test is called " << row.test;
+    }
+}
+
+TEST(LimitsPage, EveryRowHasAMessageThatExists) {
+    for (const PageRow& row : readRows()) {
+        if (!row.message.empty()) {
+            EXPECT_NE(findMessageRow(symbolOf(row.message)), nullptr)
+                << row.input << ": no message is " << row.message;
+        }
+        EXPECT_TRUE(row.status == "0" || row.status == "1" || row.status == "0 or 1") << row.input;
+    }
+}
+
+TEST(LimitsPage, RowsOfCasesTellWhatTheCaseExpects) {
+    for (const PageRow& row : readRows()) {
+        const fs::path path = casePath(row.test);
+        if (path.empty()) {
+            continue;
+        }
+        const Case test = readCase(path);
+        EXPECT_EQ(row.status, std::to_string(test.expected.status)) << row.input;
+        const std::set<std::string> symbols = expectedSymbols(test);
+        EXPECT_FALSE(row.message.empty() && row.status == "1") << row.input;
+        EXPECT_TRUE(row.message.empty() || symbols.contains(symbolOf(row.message)))
+            << row.input << ": " << path << " does not expect " << row.message;
+    }
+}
+
+}  // namespace
+
+}  // namespace torvel::test
