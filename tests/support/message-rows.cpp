@@ -1,4 +1,4 @@
-#include "tests/coverage/message-rows.h"
+#include "tests/support/message-rows.h"
 
 #include <algorithm>
 
