@@ -2,6 +2,8 @@
 
 #include "fuzz/families.h"
 
+#include <algorithm>
+
 #include "fuzz/words.h"
 
 namespace torvel::fuzz {
@@ -57,6 +59,13 @@ constexpr TableRow tableRows[] = {
 #undef FAMILY
 };
 
+/// All leading tokens, for finding out whether one has been forgotten.
+constexpr TableRow allRows[] = {
+#define FAMILY {}
+#include "src/stmt/statements.def"
+#undef FAMILY
+};
+
 constexpr std::string_view callbackWords[] = {
 #define SERVICE(code, message) #code,
 #define MESSAGE_COMMAND(value, message) #value,
@@ -84,9 +93,9 @@ constexpr HandRow handRows[] = {
     {"assignments",
      "$v | $v[1] | $GLOBAL[1] | $GLOB2 | $TASK[1] | $INFO[1] | $RETURN | $BO[1] | $BI[1] | $RO[1] "
      "| $RI[1] | "
-     "$DO[1].X | $DI[1].X | $WO[1] | $AO[1].X | $AI[1].X | $PORT[1] | $TASKINDEX | $PGLOBAL[1] | "
-     "$PAXIS[1].X | $PTASK[1].2 | $AXISSTATUS[1].X | $STRGLOB[1] | $STRGLOB2 | $STRTASK1 | "
-     "$APTGLOB1 | VARD "
+     "$DO[1].X | $DI[1].X | $WO[1] | $WI[1] | $AO[1].X | $AI[1].X | $PORT[1] | $TASKINDEX | $PGLOBAL[1] | "
+     "$PAXIS[1].X | $PTASK[1].2 | $AXISSTATUS[1].X | $TASKSTATUS[1].2 | $SYSTEMSTATUS[1] | $STRGLOB[1] | $STRGLOB2 | $STRTASK[1] | "
+     "$APTGLOB[1] | $APTTASK[1] | VARD "
      "| GLOBD | GSTRD",
      "= | ++ | -- | += | -= | *= | /= | |= | &= | <<= | >>= | [ | ] | . | CALLBACK | "
      "READPARMSTRING | "
@@ -173,6 +182,24 @@ std::vector<Family> statementFamilies() {
     append(familyNamed(families, "callbacks").words, callbackWords);
     append(familyNamed(families, "data-signals").words, dataItems);
     return families;
+}
+
+std::string keywordWithoutFamily() {
+    std::vector<std::string> leads;
+    for (const Family& family : statementFamilies()) {
+        append(leads, family.leads);
+    }
+    for (const TableRow& row : allRows) {
+        const std::string word = wordOf(row.type);
+        const auto begins = [&](const std::string& lead) {
+            return (lead + ' ').starts_with(word + ' ');
+        };
+        if (row.place != Place::inner && !word.empty() &&
+            std::none_of(leads.begin(), leads.end(), begins)) {
+            return word;
+        }
+    }
+    return {};
 }
 
 }  // namespace torvel::fuzz
