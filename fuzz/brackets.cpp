@@ -25,4 +25,15 @@ bool hasBalancedBrackets(std::string_view text) {
     return open.empty();
 }
 
+bool bringsOwnBrackets(const Program& program, std::span<const Token> tokens) {
+    return std::any_of(tokens.begin(), tokens.end(), [&](const Token& token) {
+        if (token.type == TokenType::CONVERSION_TEXT || token.type == macroDefinitionToken) {
+            return true;
+        }
+        const bool isNamed = isPreservedDefine(token.type) || token.type == macroCallToken;
+        return isNamed && !(hasBalancedBrackets(program.textOf(token)) &&
+                            hasBalancedBrackets(program.valueOf(token)));
+    });
+}
+
 }  // namespace torvel::fuzz

@@ -61,7 +61,8 @@ constexpr TableRow tableRows[] = {
 
 /// All leading tokens, for finding out whether one has been forgotten.
 constexpr TableRow allRows[] = {
-#define FAMILY {}
+#define FAMILY \
+    {}
 #include "src/stmt/statements.def"
 #undef FAMILY
 };
@@ -89,59 +90,69 @@ struct HandRow {
     std::string_view words;
 };
 
+// clang-format off
 constexpr HandRow handRows[] = {
     {"assignments",
-     "$v | $v[1] | $GLOBAL[1] | $GLOB2 | $TASK[1] | $INFO[1] | $RETURN | $BO[1] | $BI[1] | $RO[1] "
-     "| $RI[1] | "
+     "$v | $v[1] | $GLOBAL[1] | $GLOB2 | $TASK[1] | $INFO[1] | $RETURN | $BO[1] | $BI[1] | $RO[1] | $RI[1] | "
      "$DO[1].X | $DI[1].X | $WO[1] | $WI[1] | $AO[1].X | $AI[1].X | $PORT[1] | $TASKINDEX | $PGLOBAL[1] | "
-     "$PAXIS[1].X | $PTASK[1].2 | $AXISSTATUS[1].X | $TASKSTATUS[1].2 | $SYSTEMSTATUS[1] | $STRGLOB[1] | $STRGLOB2 | $STRTASK[1] | "
-     "$APTGLOB[1] | $APTTASK[1] | VARD "
-     "| GLOBD | GSTRD",
-     "= | ++ | -- | += | -= | *= | /= | |= | &= | <<= | >>= | [ | ] | . | CALLBACK | "
-     "READPARMSTRING | "
+     "$PAXIS[1].X | $PTASK[1].2 | $AXISSTATUS[1].X | $TASKSTATUS[1].2 | $SYSTEMSTATUS[1] | $STRGLOB[1] | "
+     "$STRGLOB2 | $STRTASK[1] | $APTGLOB[1] | $APTTASK[1] | VARD | GLOBD | GSTRD",
+     "= | ++ | -- | += | -= | *= | /= | |= | &= | <<= | >>= | [ | ] | . | CALLBACK | READPARMSTRING | "
      "GETPARMSTRING | READCONFIGSTRING | NETWORK | ERRORDECODE"},
-    {"axis-words", "PVT | PT | CW | CCW | POSOFFSET SET | RAMP RATE | RAMP TIME",
+    {"axis-words",
+     "PVT | PT | CW | CCW | POSOFFSET SET | RAMP RATE | RAMP TIME",
      "X1 | Y = 2 | Z($v) | I1 | J-1 | K(2) | R3 | TIME 1 | XF10 | AXD 3 | @1 4 | M3 | G4 | F5"},
-    {"callbacks", "CALLBACK | $v = CALLBACK | $STRGLOB[1] = CALLBACK",
+    {"callbacks",
+     "CALLBACK | $v = CALLBACK | $STRGLOB[1] = CALLBACK",
      "1001 | 1032 | \"Q54CBack.dll\" | \"KelCBackFileClose\""},
     {"data-signals",
-     "DATACOLLECT ITEM | $v = AXISSTATUS( | $v = TASKSTATUS( | $v = SYSTEMSTATUS( | $v = "
-     "AXISSTATUSFAST( | "
+     "DATACOLLECT ITEM | $v = AXISSTATUS( | $v = TASKSTATUS( | $v = SYSTEMSTATUS( | $v = AXISSTATUSFAST( | "
      "$v = $AXISSTATUS[",
      ""},
-    {"declarations", "DVAR | DIM | DVARS",
+    {"declarations",
+     "DVAR | DIM | DVARS",
      "$a | $b[3] | $c[2][2] | AS name | AS | = 1 | = \"text\" | , | VARD | [ | ]"},
-    {"drive", "",
+    {"drive",
+     "",
      "SETPARM X, | MASTER | SLAVE | FAST | NONE | GET | SET | CLEAR | AXISGROUP | RUN"},
-    {"drive-memory", "DSPMEM | $v = DSPMEM", "INT32 | LONG | FLOAT | SINGLE | DOUBLE"},
+    {"drive-memory",
+     "DSPMEM | $v = DSPMEM",
+     "INT32 | LONG | FLOAT | SINGLE | DOUBLE"},
     {"flow-control",
-     "IF | ELSE | ELSE IF | ELSEIF | ENDIF | FOR | NEXT | WHILE | ENDWHILE | DO | DO WHILE | LOOP "
-     "| REPEAT | "
-     "ENDREPEAT | DFS | ENDDFS | END | END IF | END WHILE | END DFS | END SUB | GOTO | CALL | EXIT "
-     "SUB | "
+     "IF | ELSE | ELSE IF | ELSEIF | ENDIF | FOR | NEXT | WHILE | ENDWHILE | DO | DO WHILE | LOOP | REPEAT | "
+     "ENDREPEAT | DFS | ENDDFS | END | END IF | END WHILE | END DFS | END SUB | GOTO | CALL | EXIT SUB | "
      "RETURN | FARGOTO | FARCALL | ON | ONGOSUB",
      "THEN | GOTO | TO | STEP | DO | SUB | PROGRAM | = | name() | N10"},
-    {"galvo", "", "AUTO | CONFIG | COEFFICIENTS | AXES | PRIMARY | SECONDARY"},
-    {"gcode", "",
+    {"galvo",
+     "",
+     "AUTO | CONFIG | COEFFICIENTS | AXES | PRIMARY | SECONDARY"},
+    {"gcode",
+     "",
      "G2 X1 I2 J3 | G4 F1 | G09 | G010 | G[$v] | M[1] | N20 | X($v) | X = 1 | S($v) | AXD 1"},
-    {"labels", "name: | :name | N10 | / | /2 | /2/3 | // | %", "HOME X | : | / | N | 1 | name"},
-    {"macros", "#macro M($a, $b) | #macro N() | MAC( | M( | N()",
+    {"labels",
+     "name: | :name | N10 | / | /2 | /2/3 | // | %",
+     "HOME X | : | / | N | 1 | name"},
+    {"macros",
+     "#macro M($a, $b) | #macro N() | MAC( | M( | N()",
      "$a | $b | \\\n | HOME X | IF $a | MOVEINC X $a $b | #nosubst | , | )"},
-    {"motion", "", "MODE | MOVEDONE | INPOS | AUTO | NOWAIT | CW | CCW | -1 | R | I1 | J1 | TIME"},
-    {"program-control", "PROGRAM",
-     "START | STOP | PAUSE | RESET | RESTART | STEPINTO | STEPOVER | RUN | LOAD | ASSOCIATE | "
-     "BUFFEREDRUN | "
+    {"motion",
+     "",
+     "MODE | MOVEDONE | INPOS | AUTO | NOWAIT | CW | CCW | -1 | R | I1 | J1 | TIME"},
+    {"program-control",
+     "PROGRAM",
+     "START | STOP | PAUSE | RESET | RESTART | STEPINTO | STEPOVER | RUN | LOAD | ASSOCIATE | BUFFEREDRUN | "
      "\"path\""},
-    {"ramps", "",
+    {"ramps",
+     "",
      "DEPENDENT | ACCEL | DECEL | LINEAR | SINE | SCURVE | RATE | TIME | MODE | TYPE | X1 | Y = 2"},
-    {"tasks", "",
-     "NORMAL | PERFORMANCE | RESET | VALUES | UPDATEINTERVAL | MODE | ONCE | RESUME | PAUSE | TYPE "
-     "| AXES"},
-    {"values", "$v = | $STRGLOB[1] = | FILESIZE | FLASHPARAM | DRIVEINFO | TEST",
-     "FILESIZE | FLASHPARAM X GET | DBLTOSTR( | STRMID( | STRUPR( | STRLWR( | DSPMEM | CALLBACK | "
-     "GET"},
-    {"word-statements", "", "TaskGetIndex()"},
+    {"tasks",
+     "",
+     "NORMAL | PERFORMANCE | RESET | VALUES | UPDATEINTERVAL | MODE | ONCE | RESUME | PAUSE | TYPE | AXES"},
+    {"values",
+     "$v = | $STRGLOB[1] = | FILESIZE | FLASHPARAM | DRIVEINFO | TEST",
+     "FILESIZE | FLASHPARAM X GET | DBLTOSTR( | STRMID( | STRUPR( | STRLWR( | DSPMEM | CALLBACK | GET"},
 };
+// clang-format on
 
 Family& familyNamed(std::vector<Family>& families, std::string_view name) {
     for (Family& family : families) {

@@ -40,11 +40,14 @@ std::string asOneInput(const std::vector<test::CaseEntry>& files) {
 std::string linesFor(const Target& target, std::string_view content) {
     const bool wantsExpressions = target.check == checkExpressions;
     std::string input;
+    bool goesOn = false;
     for (std::string_view line : test::splitLines(content)) {
+        const bool isBody = goesOn;
+        goesOn = line.ends_with('\\');
         if (wantsExpressions) {
             const std::size_t sign = line.find('=');
             line.remove_prefix(sign == std::string_view::npos ? 0 : sign + 1);
-        } else if (!isOfTarget(target, line)) {
+        } else if (!isBody && !isOfTarget(target, line)) {
             continue;
         }
         input += line;

@@ -11,23 +11,14 @@
 
 namespace torvel::fuzz {
 
-namespace {
-
-/// The brackets of a define's value and of a macro's arguments are the program's own.
-bool hasOwnText(const Program& program, std::size_t line) {
-    const std::span<const Token> tokens = program.list.tokensOf(line);
-    return !tokens.empty() &&
-           (tokens[0].type == TokenType::CONVERSION_TEXT || tokens[0].type == macroDefinitionToken);
-}
-
-}  // namespace
-
 void checkStatements(const Target& target, std::string_view input) {
     std::string text(prelude);
+    bool goesOn = false;  // a directive's body, which is kept with it
     for (const std::string_view line : test::splitLines(input)) {
-        if (isOfTarget(target, line)) {
+        if (goesOn || isOfTarget(target, line)) {
             text += line;
             text += '\n';
+            goesOn = line.ends_with('\\');
         }
     }
     const Limits limits = lowLimits();
@@ -41,7 +32,8 @@ void checkStatements(const Target& target, std::string_view input) {
     requireNone(test::outputFault(conversion));
     for (std::size_t i = 0; i < conversion.lines().size(); ++i) {
         const test::ConvertedLine& line = conversion.lines()[i];
-        require(!line.isConverted || hasOwnText(program, i) || hasBalancedBrackets(line.text),
+        require(!line.isConverted || bringsOwnBrackets(program, program.list.tokensOf(i)) ||
+                    hasBalancedBrackets(line.text),
                 "unbalanced: " + line.text);
     }
     test::LineByLine again(program, memory.axes(), limits);
