@@ -66,9 +66,7 @@ void runDefine(Preprocessing& run, DirectiveLine& directive) {
     const DirectiveLine::Body body = directive.readBody();
 
     Defines::Cut& cut = run.defineCut;
-    if (!run.substitutes || !run.defines.substitute(body.text, cut)) {
-        cut = Defines::wholeText(body.text);
-    }
+    substitute(run, body.text, cut);
     const std::uint64_t bytes = cut.plainBytes + cut.insertedBytes;
     if (bytes > run.limits.defineExpansion) {
         failAt(directive.position(), Message::ExpansionTooLarge);

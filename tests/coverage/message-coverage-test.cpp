@@ -8,8 +8,8 @@
 #include <string>
 
 #include "tests/coverage/golden-lines.h"
-#include "tests/coverage/message-rows.h"
 #include "tests/support/case-run.h"
+#include "tests/support/message-rows.h"
 
 namespace torvel::test {
 

@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "src/app/command.h"
-#include "tests/coverage/message-rows.h"
 #include "tests/support/case-run.h"
 #include "tests/support/escapes.h"
+#include "tests/support/message-rows.h"
 #include "tests/support/temporary-directory.h"
 #include "tests/support/text-difference.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "src/lex/token-type.h"
-#include "tests/coverage/message-rows.h"
+#include "tests/support/message-rows.h"
 
 namespace torvel::test {
 

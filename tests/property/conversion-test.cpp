@@ -7,10 +7,9 @@
 #include <thread>
 
 #include "src/app/command.h"
-#include "src/lex/characters.h"
 #include "src/preprocess/preprocessor.h"
-#include "src/stmt/statement.h"
 #include "tests/property/programs.h"
+#include "tests/support/line-by-line.h"
 #include "tests/support/temporary-directory.h"
 #include "tests/support/text-difference.h"
 
@@ -50,80 +49,23 @@ Conversion convert(const SampleProgram& sample) {
             readFile(out / (stem + ".log"))};
 }
 
-/// What one line of a program became.
-struct ConvertedLine {
-    SourcePosition position;
-    bool isConverted = false;
-    std::string text;
-    std::size_t messagesBefore = 0;
-    std::size_t messagesAfter = 0;
-
-    std::size_t linesOfText() const {
-        const std::string_view written = trimBlanks(text);
-        return 1 + static_cast<std::size_t>(std::count(written.begin(), written.end(), '\n'));
-    }
-};
-
-/// A program that is converted line by line.
-class LineByLine {
+/// A sample that was preprocessed, to be converted line by line.
+class PreparedSample {
 public:
-    explicit LineByLine(const SampleProgram& sample) {
+    explicit PreparedSample(const SampleProgram& sample) {
         layOut(sample, directory_.path());
         preprocessProgram(program_, (directory_.path() / sample.program).string(), axes_, limits_);
     }
 
-    /// Converts the next line; false if there is none.
-    bool step() {
-        const std::size_t number = lines_.size();
-        if (number == program_.list.lines.size()) {
-            return false;
-        }
-        ConvertedLine line;
-        line.position = program_.list.lines[number].position();
-        context_.position = line.position;
-        line.messagesBefore = log_.size();
-        BlockEffect effect{};
-        line.isConverted =
-            convertStatement(context_, program_.list.tokensOf(number), line.text, effect);
-        line.messagesAfter = log_.size();
-        lines_.push_back(line);
-        return true;
-    }
-
-    LineByLine& finish() {
-        while (step()) {
-        }
-        return *this;
-    }
-
-    const std::vector<ConvertedLine>& lines() const { return lines_; }
-    const MessageLog& log() const { return log_; }
+    Program& program() { return program_; }
+    LineByLine conversion() const { return LineByLine(program_, axes_, limits_); }
 
 private:
     TemporaryDirectory directory_;
     AxisNames axes_;
     Limits limits_;
     Program program_;
-    MessageLog log_;
-    ConversionContext context_{program_, axes_, limits_, log_, {}};
-    std::vector<ConvertedLine> lines_;
 };
-
-void expectSame(const LineByLine& a, const LineByLine& b) {
-    ASSERT_EQ(a.lines().size(), b.lines().size());
-    for (std::size_t i = 0; i < a.lines().size(); ++i) {
-        EXPECT_EQ(a.lines()[i].isConverted, b.lines()[i].isConverted);
-        EXPECT_EQ(a.lines()[i].text, b.lines()[i].text);
-    }
-    ASSERT_EQ(a.log().size(), b.log().size());
-    for (std::size_t i = 0; i < a.log().size(); ++i) {
-        EXPECT_EQ(a.log()[i].text, b.log()[i].text);
-    }
-}
-
-bool isAt(const SourcePosition& a, const SourcePosition& b) {
-    return a.inclusion == b.inclusion && a.lineNumber == b.lineNumber;
-}
 
 }  // namespace
 
@@ -168,46 +110,38 @@ TEST(Conversion, TwoRunsSideBySideDoNotTouchEachOther) {
 }
 
 TEST(Conversion, TwoProgramsConvertedInTurnsLineByLine) {
-    const SampleProgram& first = samplePrograms()[0];
-    const SampleProgram& second = samplePrograms()[1];
-    LineByLine one(first);
-    LineByLine two(second);
+    const PreparedSample first(samplePrograms()[0]);
+    const PreparedSample second(samplePrograms()[1]);
+    LineByLine one = first.conversion();
+    LineByLine two = second.conversion();
     bool goesOn = true;
     while (goesOn) {
         goesOn = one.step();
         goesOn = two.step() || goesOn;
     }
-    expectSame(one, LineByLine(first).finish());
-    expectSame(two, LineByLine(second).finish());
+    EXPECT_EQ(conversionDifference(one, first.conversion().finish()), "");
+    EXPECT_EQ(conversionDifference(two, second.conversion().finish()), "");
 }
 
 TEST(Conversion, EveryLineOfSourceGivesOneStatement) {
     for (const SampleProgram& sample : samplePrograms()) {
         SCOPED_TRACE(sample.name);
-        LineByLine program(sample);
-        std::size_t expected = 0;
-        for (const ConvertedLine& line : program.finish().lines()) {
-            expected += line.isConverted ? line.linesOfText() : 1;
-        }
+        PreparedSample prepared(sample);
+        EXPECT_EQ(sourceLineFault(prepared.program()), "");
+        LineByLine program = prepared.conversion();
+        EXPECT_EQ(outputFault(program.finish()), "");
         const Conversion conversion = convert(sample);
-        EXPECT_EQ(splitLines(conversion.output).size(), expected);
+        EXPECT_EQ(textDifference(program.output(), conversion.output), "");
+        EXPECT_EQ(textDifference(program.logText(), conversion.log), "");
     }
 }
 
 TEST(Conversion, EveryMarkerHasItsMessage) {
     for (const SampleProgram& sample : samplePrograms()) {
         SCOPED_TRACE(sample.name);
-        LineByLine program(sample);
-        for (const ConvertedLine& line : program.finish().lines()) {
-            for (std::size_t i = line.messagesBefore; i < line.messagesAfter; ++i) {
-                EXPECT_TRUE(isAt(program.log()[i].position, line.position))
-                    << program.log()[i].text;
-            }
-            if (!line.isConverted) {
-                EXPECT_GT(line.messagesAfter, line.messagesBefore)
-                    << "line " << line.position.lineNumber << " is refused without a word";
-            }
-        }
+        const PreparedSample prepared(sample);
+        LineByLine program = prepared.conversion();
+        EXPECT_EQ(messageFault(program.finish()), "");
     }
 }
 

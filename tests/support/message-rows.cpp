@@ -1,4 +1,4 @@
-#include "tests/coverage/message-rows.h"
+#include "tests/support/message-rows.h"
 
 #include <algorithm>
 
@@ -80,12 +80,19 @@ const MessageRow* findMessageRow(std::string_view symbol) {
 }
 
 const MessageRow* rowOfMessage(std::string_view message) {
+    static const std::vector<std::vector<std::string_view>> literalsOfRows = [] {
+        std::vector<std::vector<std::string_view>> made;
+        for (const MessageRow& row : messageRows()) {
+            made.push_back(literalsOf(row.text));
+        }
+        return made;
+    }();
     const MessageRow* best = nullptr;
     std::size_t bestLength = 0;
-    for (const MessageRow& row : messageRows()) {
-        const std::vector<std::string_view> literals = literalsOf(row.text);
+    for (std::size_t row = 0; row < literalsOfRows.size(); ++row) {
+        const std::vector<std::string_view>& literals = literalsOfRows[row];
         if (fits(message, literals) && (best == nullptr || lengthOf(literals) > bestLength)) {
-            best = &row;
+            best = &messageRows()[row];
             bestLength = lengthOf(literals);
         }
     }
