@@ -48,12 +48,20 @@ std::string textOf(const Preprocessing& run, const Defines::Cut& cut) {
     return text;
 }
 
+/// An axis name with more blanks around it than this is not taken for one.
+constexpr std::size_t blanksAroundAxis = 1024;
+
 /// The kind and Torvel text of a value; nothing if Torvel cannot keep it. A value that is one use of a
 /// preserved define is of that define's kind.
-std::optional<Classification> classify(const Preprocessing& run, const Defines::Cut& cut) {
+std::optional<Classification> classify(Preprocessing& run, Defines::Cut& cut) {
     if (cut.pieces.size() == 1 && cut.pieces[0].kind == Piece::Kind::define) {
         const Token& alias = cut.pieces[0].token;
         return Classification{alias.type, std::string(run.program.valueOf(alias))};
+    }
+    const bool mayBeAxis =
+        cut.plainBytes + cut.insertedBytes <= run.axes.longestName() + blanksAroundAxis;
+    if (!mayBeAxis && !isKept(run.defines.examine(cut))) {
+        return std::nullopt;
     }
     const std::string text = textOf(run, cut);
     return classifyDefine(trimBlanks(text), run.axes);

@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "tests/coverage/message-rows.h"
 #include "tests/support/case-file.h"
 #include "tests/support/case-run.h"
 #include "tests/support/escapes.h"
+#include "tests/support/message-rows.h"
 #include "tests/support/temporary-directory.h"
 #include "tests/support/text-difference.h"
 
