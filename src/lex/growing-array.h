@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 #include <type_traits>
@@ -56,19 +57,23 @@ public:
 private:
     /// Half as much again: what is never touched costs no memory.
     void grow() {
-        std::size_t bytes = (size_ + size_ / 2 + 64) * sizeof(Row);
+        const std::size_t rows = size_ + size_ / 2 + 64;
+        if (rows > UINT32_MAX) {
+            throw std::bad_alloc();  // rows are counted with 32 bits
+        }
+        std::size_t bytes = rows * sizeof(Row);
         if (bytes >= largeBlock) {
             // With the allocator's words a whole number of pages.
             bytes = (bytes + largeBlock - 1) / largeBlock * largeBlock - 32;
         }
-        void* rows = std::realloc(rows_, bytes);
-        if (rows == nullptr) {
+        void* block = std::realloc(rows_, bytes);
+        if (block == nullptr) {
             throw std::bad_alloc();
         }
-        rows_ = static_cast<Row*>(rows);
+        rows_ = static_cast<Row*>(block);
         capacity_ = bytes / sizeof(Row);
         if (bytes >= largeBlock - 32) {
-            preferLargePages(rows, bytes);
+            preferLargePages(block, bytes);
         }
     }
 
