@@ -24,7 +24,8 @@ std::string_view lastComponent(std::string_view path) {
 }
 
 std::string_view fileStem(std::string_view name) {
-    name = name.substr(0, name.find(':'));
+    const auto stream = std::find(name.begin(), name.end(), ':');
+    name = name.substr(0, static_cast<std::size_t>(stream - name.begin()));
     const std::size_t dot = name.rfind('.');
     if (name == ".." || dot == std::string_view::npos || dot == 0) {
         return name;
