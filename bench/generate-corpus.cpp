@@ -3,11 +3,10 @@
 
 #include <cstdio>
 #include <exception>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 
+#include "bench/corpus-files.h"
 #include "bench/corpus-shares.h"
 
 namespace {
@@ -26,18 +25,6 @@ void readOption(const std::string& name, const std::string& value, CorpusOptions
         }
     } else {
         throw std::invalid_argument("unknown option " + name);
-    }
-}
-
-void writeCorpus(const torvel::bench::Corpus& corpus, const std::filesystem::path& folder) {
-    for (const torvel::bench::CorpusFile& file : corpus) {
-        const std::filesystem::path path = folder / file.path;
-        std::filesystem::create_directories(path.parent_path());
-        std::ofstream out(path, std::ios::binary);
-        out << file.text;
-        if (!out.flush()) {
-            throw std::runtime_error("cannot write " + path.string());
-        }
     }
 }
 
@@ -63,7 +50,7 @@ int main(int argc, char** argv) {
                 "usage: generate-corpus [--bytes N] [--seed N] [--families A,B,...] FOLDER");
         }
         const torvel::bench::Corpus corpus = torvel::bench::generateCorpus(options);
-        writeCorpus(corpus, argv[next]);
+        torvel::bench::writeCorpus(corpus, argv[next]);
         printShares(torvel::bench::countShares(corpus));
         return 0;
     } catch (const std::exception& error) {
