@@ -1,14 +1,13 @@
 // generate-corpus [--bytes N] [--seed N] [--families A,B,...] FOLDER
-// Writes a generated program, main.pgm and what it includes, into a folder.
+// Writes a generated program, main.pgm and what it includes, into a folder, and prints what it is made of.
 
 #include <cstdio>
 #include <exception>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 
-#include "bench/corpus.h"
+#include "bench/corpus-files.h"
+#include "bench/corpus-shares.h"
 
 namespace {
 
@@ -29,16 +28,12 @@ void readOption(const std::string& name, const std::string& value, CorpusOptions
     }
 }
 
-void writeCorpus(const CorpusOptions& options, const std::filesystem::path& folder) {
-    for (const torvel::bench::CorpusFile& file : torvel::bench::generateCorpus(options)) {
-        const std::filesystem::path path = folder / file.path;
-        std::filesystem::create_directories(path.parent_path());
-        std::ofstream out(path, std::ios::binary);
-        out << file.text;
-        if (!out.flush()) {
-            throw std::runtime_error("cannot write " + path.string());
-        }
-    }
+void printShares(const torvel::bench::CorpusShares& shares) {
+    std::printf(
+        "%zu bytes, %zu files, %zu lines, %.1f %% comment lines, %zu defines, %.1f %% of lines "
+        "with a defined name\n",
+        shares.bytes, shares.files, shares.lines, 100 * shares.share(shares.commentLines),
+        shares.defines, 100 * shares.share(shares.linesWithNames));
 }
 
 }  // namespace
@@ -54,7 +49,9 @@ int main(int argc, char** argv) {
             throw std::invalid_argument(
                 "usage: generate-corpus [--bytes N] [--seed N] [--families A,B,...] FOLDER");
         }
-        writeCorpus(options, argv[next]);
+        const torvel::bench::Corpus corpus = torvel::bench::generateCorpus(options);
+        torvel::bench::writeCorpus(corpus, argv[next]);
+        printShares(torvel::bench::countShares(corpus));
         return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());

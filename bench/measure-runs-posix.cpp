@@ -1,7 +1,8 @@
 // measure-runs ROUNDS NAME COMMAND ARG ... -- NAME COMMAND ARG ... -- ...
-// Runs the commands in turns, ROUNDS times each, and prints for each the median wall time, the ratio to the
-// first command's time (the median over the rounds, so that both sides of a ratio were measured next to
-// each other) and the greatest memory it held. What the commands print is thrown away.
+// Runs the commands in turns, ROUNDS times each, and prints for each the median wall time, its ratio to the
+// first command's (the median over the rounds, so that both sides of a ratio were measured next to each
+// other), the quartiles of that ratio, the median processor time and the greatest memory it held. What the
+// commands print is thrown away.
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -23,6 +24,7 @@ struct Command {
     std::string name;
     std::vector<char*> arguments;  // ends in a null pointer
     std::vector<double> milliseconds;
+    std::vector<double> processorMilliseconds;
     long peakKilobytes = 0;
 };
 
@@ -32,7 +34,7 @@ std::vector<Command> readCommands(int argc, char** argv, int first) {
     for (int i = first; i < argc; ++i) {
         const std::string word = argv[i];
         if (begins) {
-            commands.push_back({word, {}, {}, 0});
+            commands.push_back({word, {}, {}, {}, 0});
             begins = false;
         } else if (word == "--") {
             begins = true;
@@ -47,6 +49,10 @@ std::vector<Command> readCommands(int argc, char** argv, int first) {
         command.arguments.push_back(nullptr);
     }
     return commands;
+}
+
+double millisecondsOf(const timeval& time) {
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
 }
 
 void runOnce(Command& command, const posix_spawn_file_actions_t& actions) {
@@ -64,21 +70,28 @@ void runOnce(Command& command, const posix_spawn_file_actions_t& actions) {
         throw std::runtime_error(command.name + " failed");
     }
     command.milliseconds.push_back(time.count());
+    command.processorMilliseconds.push_back(millisecondsOf(usage.ru_utime) +
+                                            millisecondsOf(usage.ru_stime));
     command.peakKilobytes = std::max(command.peakKilobytes, usage.ru_maxrss);
 }
 
-double median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
+/// The value below which `share` of the others are.
+double part(const std::vector<double>& sorted, double share) {
+    return sorted[static_cast<std::size_t>(static_cast<double>(sorted.size() - 1) * share + 0.5)];
 }
 
-double medianRatio(const Command& command, const Command& reference) {
-    std::vector<double> ratios;
+std::vector<double> sorted(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values;
+}
+
+/// The ratios of each round, from the least to the greatest.
+std::vector<double> ratios(const Command& command, const Command& reference) {
+    std::vector<double> values;
     for (std::size_t i = 0; i < command.milliseconds.size(); ++i) {
-        ratios.push_back(command.milliseconds[i] / reference.milliseconds[i]);
+        values.push_back(command.milliseconds[i] / reference.milliseconds[i]);
     }
-    return median(ratios);
+    return sorted(values);
 }
 
 void measure(std::vector<Command>& commands, int rounds) {
@@ -105,11 +118,14 @@ int main(int argc, char** argv) {
             throw std::invalid_argument("usage: measure-runs ROUNDS NAME COMMAND ARG ... [-- ...]");
         }
         measure(commands, rounds);
-        std::printf("%-32s %12s %8s %12s\n", "", "median ms", "ratio", "peak KiB");
+        std::printf("%-24s %11s %8s %8s %9s %11s %10s\n", "", "median ms", "ratio", "lower",
+                    "upper", "cpu ms", "peak KiB");
         for (const Command& command : commands) {
-            std::printf("%-32s %12.3f %8.2f %12ld\n", command.name.c_str(),
-                        median(command.milliseconds), medianRatio(command, commands[0]),
-                        command.peakKilobytes);
+            const std::vector<double> ratio = ratios(command, commands[0]);
+            std::printf("%-24s %11.3f %8.3f %8.3f %9.3f %11.3f %10ld\n", command.name.c_str(),
+                        part(sorted(command.milliseconds), 0.5), part(ratio, 0.5),
+                        part(ratio, 0.25), part(ratio, 0.75),
+                        part(sorted(command.processorMilliseconds), 0.5), command.peakKilobytes);
         }
         return 0;
     } catch (const std::exception& error) {

@@ -1,16 +1,18 @@
-// Throughput of each stage by itself, in bytes of source per second, on a generated program.
+// Throughput of each stage by itself, in bytes of source per second, on a generated program; and of the
+// conversion of each family of statements.
 
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
-#include <fstream>
-#include <stdexcept>
 #include <string>
 
+#include "bench/corpus-files.h"
 #include "bench/corpus.h"
 #include "src/app/command.h"
+#include "src/app/conversion.h"
 #include "src/expr/expressions.h"
 #include "src/lex/lexer.h"
+#include "src/preprocess/defines.h"
 #include "src/preprocess/line-splitter.h"
 #include "src/preprocess/preprocessor.h"
 
@@ -20,81 +22,20 @@ namespace {
 
 constexpr std::size_t corpusBytes = std::size_t{1} << 20U;
 
-std::string flatCorpus(std::vector<std::string> families) {
-    return generateCorpus({corpusBytes, 1, std::move(families)})[0].text;
-}
-
-const std::string& mixedText() {
-    static const std::string text =
-        flatCorpus({"assignments", "expressions", "comments", "flow-control", "strings",
-                    "declarations", "calls"});
-    return text;
-}
-
-/// A program with one file that stands in memory.
-struct MemoryProgram {
-    explicit MemoryProgram(std::string_view content) {
-        SourceFile file;
-        file.displayPath = file.name = "main.pgm";
-        file.text = program.text.add(content);
-        inclusion = &program.inclusions.emplace_back(
-            Inclusion{&program.files.emplace_back(std::move(file)), {}});
-    }
-
-    std::vector<ScannedLine> split() {
-        LineSplitter splitter(program, *inclusion);
-        std::vector<ScannedLine> lines;
-        for (ScannedLine line; splitter.next(line);) {
-            lines.push_back(line);
-        }
-        return lines;
-    }
-
-    Program program;
-    const Inclusion* inclusion = nullptr;
-};
-
 void countBytes(benchmark::State& state, std::size_t bytes) {
     state.SetBytesProcessed(static_cast<std::int64_t>(bytes) * state.iterations());
 }
 
-void splitting(benchmark::State& state) {
-    for (auto _ : state) {
-        MemoryProgram source(mixedText());
-        LineSplitter splitter(source.program, *source.inclusion);
-        for (ScannedLine line; splitter.next(line);) {
-            benchmark::DoNotOptimize(line);
-        }
-    }
-    countBytes(state, mixedText().size());
-}
-BENCHMARK(splitting);
-
-void lexing(benchmark::State& state) {
-    MemoryProgram source(mixedText());
-    const std::vector<ScannedLine> lines = source.split();
-    const AxisNames axes;
-    for (auto _ : state) {
-        source.program.list.tokens.clear();
-        for (const ScannedLine& line : lines) {
-            lexLine(source.program, source.program.list, axes, line.code,
-                    {source.inclusion, line.lineNumber});
-        }
-        benchmark::DoNotOptimize(source.program.list.tokens.data());
-    }
-    countBytes(state, mixedText().size());
-}
-BENCHMARK(lexing);
-
-/// A folder with files that are converted, gone at the end.
+/// A folder with files that are converted, in memory where that is possible, and gone at the end.
 class Folder {
 public:
-    explicit Folder(const Corpus& files)
-        : path_(std::filesystem::temp_directory_path() / "torvel-stage-benchmarks") {
+    explicit Folder(const Corpus& files) {
+        const std::filesystem::path inMemory = "/dev/shm";
+        path_ = (std::filesystem::is_directory(inMemory) ? inMemory
+                                                         : std::filesystem::temp_directory_path()) /
+                "torvel-stage-benchmarks";
+        writeCorpus(files, path_);
         for (const CorpusFile& file : files) {
-            const std::filesystem::path path = path_ / file.path;
-            std::filesystem::create_directories(path.parent_path());
-            std::ofstream(path, std::ios::binary) << file.text;
             bytes_ += file.text.size();
         }
     }
@@ -111,8 +52,112 @@ private:
     std::size_t bytes_ = 0;
 };
 
-void preprocessFiles(benchmark::State& state, const std::vector<std::string>& families) {
-    const Folder folder(generateCorpus({corpusBytes, 1, families}));
+/// A generated program in memory: preprocessed, and its files' lines as the splitter finds them.
+struct Sample {
+    explicit Sample(const std::vector<std::string>& families) : Sample(families, corpusBytes) {}
+    Sample(const std::vector<std::string>& families, std::size_t size) {
+        const Folder folder(generateCorpus({size, 1, families}));
+        bytes = folder.bytes();
+        preprocessProgram(program, folder.program(), axes, limits);
+        for (const Inclusion& inclusion : program.inclusions) {
+            LineSplitter splitter(program, inclusion);
+            for (ScannedLine line; splitter.next(line);) {
+                lines.push_back(line);
+            }
+        }
+    }
+
+    Program program;
+    AxisNames axes;
+    Limits limits;
+    std::size_t bytes = 0;
+    std::vector<ScannedLine> lines;
+};
+
+Sample& everyFamily() {
+    static Sample sample({});
+    return sample;
+}
+
+void readingFiles(benchmark::State& state) {
+    const Folder folder(generateCorpus({corpusBytes, 1, {}}));
+    std::string text;
+    for (auto _ : state) {
+        for (const auto& entry :
+             std::filesystem::recursive_directory_iterator(folder.directory())) {
+            if (entry.is_regular_file()) {
+                InputFile file;
+                bool failed = !file.open(entry.path());
+                text.resize(static_cast<std::size_t>(file.size()));
+                file.read(text.data(), text.size(), failed);
+                benchmark::DoNotOptimize(text.data());
+            }
+        }
+    }
+    countBytes(state, folder.bytes());
+}
+BENCHMARK(readingFiles);
+
+void splitting(benchmark::State& state) {
+    Sample& sample = everyFamily();
+    for (auto _ : state) {
+        for (const Inclusion& inclusion : sample.program.inclusions) {
+            LineSplitter splitter(sample.program, inclusion);
+            for (ScannedLine line; splitter.next(line);) {
+                benchmark::DoNotOptimize(line);
+            }
+        }
+    }
+    countBytes(state, sample.bytes);
+}
+BENCHMARK(splitting);
+
+/// The lines of the program, with the names of its own defines and the predefined ones.
+void substituting(benchmark::State& state) {
+    Sample& sample = everyFamily();
+    Defines defines(sample.program, predefinedConstants());
+    constexpr std::string_view directive = "#define ";
+    for (const ScannedLine& line : sample.lines) {
+        const std::string_view code = sample.program.text.view(line.code);
+        if (code.starts_with(directive)) {
+            const std::string_view rest = code.substr(directive.size());
+            const std::string_view name = rest.substr(0, rest.find(' '));
+            const TextSpan text = sample.program.text.add(name);
+            defines.table().enter(
+                name, DefineTable::Kind::define,
+                defines.keepDefine(TokenType::NUMBER_DEFINE, {text, sample.program.text.add("1")}));
+        }
+    }
+    Defines::Cut cut;
+    for (auto _ : state) {
+        for (const ScannedLine& line : sample.lines) {
+            defines.substitute(line.code, cut);
+            benchmark::DoNotOptimize(cut.pieces.data());
+        }
+    }
+    countBytes(state, sample.bytes);
+}
+BENCHMARK(substituting);
+
+void lexing(benchmark::State& state) {
+    Sample& sample = everyFamily();
+    LineList list;
+    for (auto _ : state) {
+        list.tokens.clear();
+        for (const ScannedLine& line : sample.lines) {
+            if (!sample.program.text.view(line.code).starts_with('#')) {
+                lexLine(sample.program, list, sample.axes, line.code, {});
+            }
+        }
+        benchmark::DoNotOptimize(list.tokens.data());
+    }
+    countBytes(state, sample.bytes);
+}
+BENCHMARK(lexing);
+
+/// Reading, splitting, directives, substitution and lexing together.
+void preprocessing(benchmark::State& state) {
+    const Folder folder(generateCorpus({corpusBytes, 1, {}}));
     const AxisNames axes;
     for (auto _ : state) {
         Program program;
@@ -121,57 +166,122 @@ void preprocessFiles(benchmark::State& state, const std::vector<std::string>& fa
     }
     countBytes(state, folder.bytes());
 }
-BENCHMARK_CAPTURE(preprocessFiles, plain, {});
-BENCHMARK_CAPTURE(preprocessFiles, withDefines, {"assignments", "comments", "defines", "includes"});
+BENCHMARK(preprocessing);
 
-void translatingExpressions(benchmark::State& state) {
-    const CorpusOptions options{corpusBytes, 1, {"expressions"}};
-    const std::string text = generateCorpus(options)[0].text;
-    MemoryProgram source(text);
-    const AxisNames axes;
-    const Limits limits;
-    LineList& list = source.program.list;
-    for (const ScannedLine& line : source.split()) {
-        list.lines.push_back({line.text,
-                              {},
-                              static_cast<std::uint32_t>(list.tokens.size()),
-                              line.lineNumber,
-                              source.inclusion});
-        lexLine(source.program, list, axes, line.code, list.lines.back().position());
-    }
+/// Expressions alone: "$x = ..." is an equality.
+void expressions(benchmark::State& state) {
+    Sample sample({"expressions"});
+    const LineList& list = sample.program.list;
+    ExpressionText out;
     for (auto _ : state) {
         MessageLog log;
-        ConversionContext context{source.program, axes, limits, log, {}};
-        ExpressionText out;
+        ConversionContext context{sample.program, sample.axes, sample.limits, log, {}};
         for (std::size_t line = 0; line + 1 < list.lines.size(); ++line) {
-            TokenCursor cursor(source.program, list.tokensOf(line));
+            TokenCursor cursor(sample.program, list.tokensOf(line));
             out.clear();
-            translateExpression(context, cursor, out);  // "$x = ..." is an equality
+            translateExpression(context, cursor, out);
             benchmark::DoNotOptimize(out.data());
         }
         if (!log.empty()) {
-            throw std::logic_error(log[0].text);
+            state.SkipWithError("an expression is refused");
         }
     }
-    countBytes(state, text.size());
+    countBytes(state, sample.bytes);
 }
-BENCHMARK(translatingExpressions);
+BENCHMARK(expressions);
 
-void wholeConversion(benchmark::State& state, const std::vector<std::string>& families) {
+/// Indentation, comments, markers and writing of lines whose statements are converted.
+void layout(benchmark::State& state) {
+    Sample& sample = everyFamily();
+    struct Converted {
+        bool isConverted = false;
+        StatementText text;
+        BlockEffect effect{};
+    };
+    std::vector<Converted> converted;
+    MessageLog log;
+    ConversionContext context{sample.program, sample.axes, sample.limits, log, {}};
+    const LineList& list = sample.program.list;
+    for (std::size_t line = 0; line < list.lines.size(); ++line) {
+        Converted& row = converted.emplace_back();
+        row.isConverted = convertStatement(context, list.tokensOf(line), row.text, row.effect);
+    }
+    const Folder folder({});
+    std::filesystem::create_directories(folder.directory());
+    for (auto _ : state) {
+        OutputFile file;
+        if (!file.open(folder.directory() + "/out")) {
+            state.SkipWithError("the output cannot be opened");
+        }
+        OutputLayout output;
+        for (std::size_t line = 0; line < list.lines.size(); ++line) {
+            const Converted& row = converted[line];
+            output.write(sample.program, list.lines[line], row.isConverted ? &row.text : nullptr,
+                         row.effect, file.buffer());
+        }
+        file.close();
+    }
+    countBytes(state, sample.bytes);
+}
+BENCHMARK(layout);
+
+/// From tokens to Torvel text, messages included.
+void convertStatements(benchmark::State& state, const std::string& family) {
+    Sample sample({family});
+    const LineList& list = sample.program.list;
+    StatementText text;
+    for (auto _ : state) {
+        MessageLog log;
+        ConversionContext context{sample.program, sample.axes, sample.limits, log, {}};
+        for (std::size_t line = 0; line < list.lines.size(); ++line) {
+            BlockEffect effect{};
+            convertStatement(context, list.tokensOf(line), text, effect);
+            benchmark::DoNotOptimize(text.data());
+        }
+    }
+    countBytes(state, sample.bytes);
+}
+
+/// The whole run, files read and written.
+void convertFiles(benchmark::State& state, const std::vector<std::string>& families) {
     const Folder folder(generateCorpus({corpusBytes, 1, families}));
     for (auto _ : state) {
         const CommandResult result = runCommand({"-o", folder.directory(), folder.program()});
         if (result.status != 0) {
-            throw std::runtime_error(result.standardError);
+            state.SkipWithError(result.standardError.c_str());
         }
     }
     countBytes(state, folder.bytes());
 }
-BENCHMARK_CAPTURE(wholeConversion, plain, {});
-BENCHMARK_CAPTURE(wholeConversion, allUnconvertible, {"unconvertible"});
+BENCHMARK_CAPTURE(convertFiles, everyFamily, {});
+
+void registerFamilies() {
+    for (const std::string_view name : corpusFamilies()) {
+        const std::string family(name);
+        if (family == "includes") {
+            continue;  // no lines of its own
+        }
+        benchmark::RegisterBenchmark(("statements/" + family).c_str(), convertStatements, family);
+    }
+    for (const std::string_view name : corpusFamilies()) {
+        const std::string family(name);
+        if (family == "includes") {
+            continue;
+        }
+        benchmark::RegisterBenchmark(("wholeRun/" + family).c_str(), convertFiles,
+                                     std::vector<std::string>{family});
+    }
+}
 
 }  // namespace
 
 }  // namespace torvel::bench
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    torvel::bench::registerFamilies();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 1;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+}

@@ -23,15 +23,15 @@ void LongNames::add(std::string_view name) {
 }
 
 LongNameWindows::LongNameWindows(const LongNames& names, std::string_view word) : word_(word) {
-    for (const LongNames::Length& entry : names.lengths()) {
-        if (entry.length > word.size()) {
-            continue;
-        }
+    const auto& lengths = names.lengths();
+    auto entry = std::partition_point(lengths.begin(), lengths.end(),
+                                      [&](const auto& each) { return each.length > word.size(); });
+    for (; entry != lengths.end(); ++entry) {
         std::uint64_t hash = 0;
-        for (std::size_t i = 0; i < entry.length; ++i) {
+        for (std::size_t i = 0; i < entry->length; ++i) {
             hash = LongNames::extend(hash, word[i]);
         }
-        windows_.push_back({&entry, hash});
+        windows_.push_back({&*entry, hash});
     }
 }
 
