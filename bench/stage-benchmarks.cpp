@@ -194,17 +194,19 @@ BENCHMARK(expressions);
 void layout(benchmark::State& state) {
     Sample& sample = everyFamily();
     struct Converted {
-        bool isConverted = false;
-        StatementText text;
+        std::optional<StatementText> text;
         BlockEffect effect{};
     };
     std::vector<Converted> converted;
+    StatementText text;
     MessageLog log;
     ConversionContext context{sample.program, sample.axes, sample.limits, log, {}};
     const LineList& list = sample.program.list;
     for (std::size_t line = 0; line < list.lines.size(); ++line) {
         Converted& row = converted.emplace_back();
-        row.isConverted = convertStatement(context, list.tokensOf(line), row.text, row.effect);
+        if (convertStatement(context, list.tokensOf(line), text, row.effect)) {
+            row.text = text;
+        }
     }
     const Folder folder({});
     std::filesystem::create_directories(folder.directory());
@@ -216,8 +218,7 @@ void layout(benchmark::State& state) {
         OutputLayout output;
         for (std::size_t line = 0; line < list.lines.size(); ++line) {
             const Converted& row = converted[line];
-            output.write(sample.program, list.lines[line], row.isConverted ? &row.text : nullptr,
-                         row.effect, file.buffer());
+            output.write(sample.program, list.lines[line], row.text, row.effect, file.buffer());
         }
         file.close();
     }
