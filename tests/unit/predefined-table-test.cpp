@@ -40,6 +40,24 @@ TEST(PredefinedTable, RefusesARowWithoutAName) {
     EXPECT_EQ(faultOf({nullptr, "2", nullptr}), "Internal preprocessor error.");
 }
 
+TEST(PredefinedTable, FindsRowsThatWantTheSameSlot) {
+    // Of five names at least two share one of four lowest hashes, wherever they are.
+    const PredefinedConstant rows[] = {{"A", "1", nullptr},
+                                       {"B", "2", nullptr},
+                                       {"C", "3", nullptr},
+                                       {"D", "4", nullptr},
+                                       {"E", "5", nullptr}};
+    std::array<std::uint16_t, 8> slots{};
+    NameLengths lengths;
+    indexPredefined(rows, slots, lengths);
+    const PredefinedTable table{rows, slots, &lengths};
+    for (std::size_t row = 0; row < std::size(rows); ++row) {
+        const std::string_view name = rows[row].name;
+        EXPECT_EQ(findPredefined(table, name, hashText(name)), row) << name;
+    }
+    EXPECT_FALSE(findPredefined(table, "F", hashText("F")));
+}
+
 TEST(PredefinedTable, FindsEveryRowByItsName) {
     const PredefinedTable& table = predefinedConstants();
     ASSERT_EQ(table.rows.size(), 2267U);

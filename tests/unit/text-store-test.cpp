@@ -6,6 +6,11 @@
 
 #include <cstdint>
 #include <new>
+#include <string>
+
+#include "src/lex/parse-exception.h"
+#include "src/preprocess/preprocessor.h"
+#include "tests/support/temporary-directory.h"
 
 namespace torvel::test {
 
@@ -15,6 +20,21 @@ namespace {
 constexpr std::size_t pageSize = std::size_t{1} << 16U;
 /// The longest text that can be numbered, with the NUL byte behind it.
 constexpr std::size_t longest = UINT32_MAX - pageSize - 1;
+
+/// What ends the run of a program for whose text `room` bytes are left; empty if nothing does.
+std::string faultWithRoom(std::size_t room, const std::string& text) {
+    const TemporaryDirectory directory;
+    const std::string path = (directory.path() / "main.pgm").string();
+    writeFile(path, text);
+    Program program;
+    program.text.allocate(longest - room);
+    try {
+        preprocessProgram(program, path, AxisNames(), Limits());
+    } catch (const ParseException& error) {
+        return error.what();
+    }
+    return {};
+}
 
 }  // namespace
 
@@ -39,6 +59,18 @@ TEST(TextStore, RefusesTextsThatHaveNoOffsetsLeft) {
     EXPECT_THROW(store.add("x"), TextStoreFull);
     EXPECT_THROW(store.allocate(pageSize), TextStoreFull);
     EXPECT_EQ(store.view(most.part(longest - 1, 1)), "z");
+}
+
+TEST(TextStore, WithoutRoomThatTheProgramNeeds) {
+    try {
+        // The file has a piece of its own, and what is made of its lines another.
+        const std::string text = "$a = 1\n#define A \\\n2\n" + std::string(20'000, '\n');
+        EXPECT_EQ(faultWithRoom(2 * pageSize, text), "");
+        EXPECT_EQ(faultWithRoom(pageSize, text), "main.pgm:2: The program is too large.\n");
+        EXPECT_EQ(faultWithRoom(0, text), "The program is too large.\n");
+    } catch (const std::bad_alloc&) {
+        GTEST_SKIP() << "the system has no room for 4 GiB";
+    }
 }
 
 }  // namespace torvel::test
