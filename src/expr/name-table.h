@@ -29,7 +29,7 @@ constexpr std::uint32_t highestNumber(std::span<const NumberedName> rows) {
 template <std::uint32_t highest>
 class NameTable {
 public:
-    constexpr NameTable(std::span<const NumberedName> rows) {
+    explicit constexpr NameTable(std::span<const NumberedName> rows) {
         for (const NumberedName& row : rows) {
             if (names_[row.number].has_value()) {
                 throw "a number has two rows";

@@ -48,6 +48,7 @@ std::optional<std::int32_t> parseIntegerText(std::string_view text) {
     std::uint64_t magnitude = 0;
     const char* const end = digits.data() + digits.size();
     const auto [last, error] = std::from_chars(digits.data(), end, magnitude, base);
+    // cppcheck-suppress redundantAssignment  ; it takes the binding for an assignment
     const std::uint64_t largest = negative ? std::uint64_t{INT32_MAX} + 1 : INT32_MAX;
     if (error != std::errc() || last != end || magnitude > largest) {
         return std::nullopt;

@@ -40,7 +40,6 @@ public:
     const Row* data() const { return rows_; }
     const Row* begin() const { return rows_; }
     const Row* end() const { return rows_ + size_; }
-    Row& operator[](std::size_t index) { return rows_[index]; }
     const Row& operator[](std::size_t index) const { return rows_[index]; }
     Row& back() { return rows_[size_ - 1]; }
 

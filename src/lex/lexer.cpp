@@ -36,7 +36,7 @@ struct Start {
     TokenType single = TokenType::INVALID;
 };
 
-constexpr std::array<Start, 256> starts = [] {
+constexpr std::array<Start, 256> starts = []() {
     std::array<Start, 256> table{};
     for (unsigned c = 0; c < table.size(); ++c) {
         const char character = static_cast<char>(c);

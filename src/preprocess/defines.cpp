@@ -50,7 +50,7 @@ constexpr CutClasses classify(char c) {
     return {isWhiteSpace(c) || c == '"' ? gapCut : otherCut, 0};
 }
 
-constexpr std::array<CutClasses, 256> cutClasses = [] {
+constexpr std::array<CutClasses, 256> cutClasses = []() {
     std::array<CutClasses, 256> table{};
     for (unsigned c = 0; c < table.size(); ++c) {
         table[c] = classify(static_cast<char>(c));

@@ -125,10 +125,10 @@ DirectiveLine::Body DirectiveLine::readBody() {
         }
         code_ = run_.program.text.view(line_.code);
         at_ = lineStart = 0;
-        const std::string_view comment = run_.program.text.view(line_.comment);
-        if (!comment.empty()) {
+        const std::string_view added = run_.program.text.view(line_.comment);
+        if (!added.empty()) {
             comments += comments.empty() ? "" : " ";
-            comments += comment;
+            comments += added;
         }
     }
     if (isJoined) {

@@ -159,7 +159,7 @@ bool dispatch(Statement& statement) {
 }
 
 bool convert(Statement& statement) {
-    TokenCursor& cursor = statement.cursor;
+    const TokenCursor& cursor = statement.cursor;
     if (cursor.atEnd() || cursor.is(TokenType::PERCENT)) {
         return true;
     }

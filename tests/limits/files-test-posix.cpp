@@ -197,6 +197,31 @@ TEST_F(Permissions, LogReadOnly) {
     EXPECT_EQ(readFile(folder() / "main.log"), "old text");
 }
 
+/// A system that gives no threads: the run does without them.
+TEST_F(Permissions, NoThreads) {
+    // More lines than one thread converts in one go.
+    const std::string many = repeated("$a = 1\n", 30'000);
+    writeFile(folder() / "main.pgm", many);
+    const ProgramEnd end = run({.arguments = {"main.pgm"},
+                                .program = (folder() / "converter").string(),
+                                // Looking for lost memory takes a thread.
+                                .environment = {{"ASAN_OPTIONS", "detect_leaks=0"}},
+                                .withoutThreads = true,
+                                .asNobody = canBecomeNobody()});
+    EXPECT_EQ(endOf(end), "status 0") << end.standardError;
+    EXPECT_EQ(end.standardError, "");
+    EXPECT_EQ(firstDifference(many + '\n', readFile(folder() / "main.torvel")), "");
+}
+
+/// Less stack than the deepest expression takes, and no right to more.
+TEST_F(Files, TooLittleStack) {
+    expectFailure(run({.arguments = {"main.pgm"}, .stack = std::uint64_t{1} << 20U}),
+                  "Out of memory.\n");
+    expectNoResults();
+    const ProgramEnd end = run({.arguments = {"main.pgm"}, .stack = std::uint64_t{2} << 20U});
+    EXPECT_EQ(endOf(end), "status 0") << end.standardError;
+}
+
 // Names without end.
 
 TEST_F(Files, NamesTooLong) {

@@ -54,6 +54,12 @@ void setConditions(const ProgramStart& start, const char* output, const char* er
     if (start.fileSize) {
         bound(RLIMIT_FSIZE, *start.fileSize);
     }
+    if (start.stack) {
+        bound(RLIMIT_STACK, *start.stack);
+    }
+    if (start.withoutThreads) {
+        bound(RLIMIT_NPROC, 1);
+    }
     const rlimit noCore{0, 0};
     check(setrlimit(RLIMIT_CORE, &noCore) == 0);
     for (const int stream : start.closed) {

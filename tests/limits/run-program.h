@@ -23,6 +23,10 @@ struct ProgramStart {
     /// Bounds in bytes: of the address space, and of a file that is written.
     std::optional<std::uint64_t> memory;
     std::optional<std::uint64_t> fileSize;
+    /// Bound in bytes on the stack, which the run may not raise.
+    std::optional<std::uint64_t> stack;
+    /// No further process or thread for whoever runs the program; it holds for nobody and other common users.
+    bool withoutThreads = false;
     /// As a user who may not do everything.
     bool asNobody = false;
     /// In a working directory that is gone.

@@ -95,6 +95,18 @@ TEST(LongNames, TheLongestWinsOverAShortOne) {
     EXPECT_EQ(substituted(repeated("a+", 40) + "c", {name, "a"}), repeated("<a>+", 40) + "c");
 }
 
+TEST(LongNames, LongerThanTheWord) {
+    const std::string name(80, 'q');
+    const std::string longer(90, 'r');
+    EXPECT_EQ(substituted(name + " " + longer + " " + std::string(85, 'r'), {name, longer}),
+              "<" + name + "> <" + longer + "> " + std::string(85, 'r'));
+}
+
+TEST(LongNames, NotInAStringThatIsNotClosed) {
+    const std::string name(100, 'z');
+    EXPECT_EQ(substituted(name + " \"" + name, {name}), "<" + name + "> \"" + name);
+}
+
 TEST(LongNames, AreFoundInEveryWordOfALine) {
     const std::string name(100, 'z');
     EXPECT_EQ(substituted(name + " " + name + "+" + name + " " + name, {name}),

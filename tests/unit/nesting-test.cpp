@@ -188,6 +188,19 @@ TEST(Nesting, CountsAllConstructsTogether) {
     EXPECT_EQ(tooMany.messages, std::vector<std::string>{tooDeep});
 }
 
+TEST(Nesting, CountsTheAxisOfAFunction) {
+    const auto scaled = [](const char* function, int depth) {
+        return repeated("(", depth) + function + "(@$i, $x)" + repeated(")", depth);
+    };
+    const Outcome most = convert(scaled("UNITSTOCOUNTS", 254), Reading::expression);
+    EXPECT_TRUE(most.isConverted);
+    EXPECT_EQ(most.text, scaled("UnitsToCounts", 254));
+
+    const Outcome tooMany = convert(scaled("UNITSTOCOUNTS", 255), Reading::expression);
+    EXPECT_FALSE(tooMany.isConverted);
+    EXPECT_EQ(tooMany.messages, std::vector<std::string>{tooDeep});
+}
+
 TEST(Nesting, HoldsForAHostileDepth) {
     for (const Construct& construct : constructs()) {
         SCOPED_TRACE(construct.name);

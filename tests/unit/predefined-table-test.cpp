@@ -40,6 +40,22 @@ TEST(PredefinedTable, RefusesARowWithoutAName) {
     EXPECT_EQ(faultOf({nullptr, "2", nullptr}), "Internal preprocessor error.");
 }
 
+TEST(PredefinedTable, FindsRowsThatWantTheSameSlot) {
+    const PredefinedConstant rows[] = {
+        {"A", "1", nullptr}, {"I", "2", nullptr}, {"Q", "3", nullptr}};
+    std::array<std::uint16_t, 8> slots{};
+    NameLengths lengths;
+    ASSERT_EQ(hashText("A") % slots.size(), hashText("I") % slots.size());
+    ASSERT_EQ(hashText("A") % slots.size(), hashText("Q") % slots.size());
+    indexPredefined(rows, slots, lengths);
+    const PredefinedTable table{rows, slots, &lengths};
+    for (std::size_t row = 0; row < std::size(rows); ++row) {
+        const std::string_view name = rows[row].name;
+        EXPECT_EQ(findPredefined(table, name, hashText(name)), row) << name;
+    }
+    EXPECT_FALSE(findPredefined(table, "Y", hashText("Y")));
+}
+
 TEST(PredefinedTable, FindsEveryRowByItsName) {
     const PredefinedTable& table = predefinedConstants();
     ASSERT_EQ(table.rows.size(), 2267U);

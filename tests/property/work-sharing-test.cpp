@@ -1,0 +1,98 @@
+// However the lines of a program are shared out to threads, its output and its messages are the same.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "bench/corpus.h"
+#include "src/app/conversion.h"
+#include "src/preprocess/preprocessor.h"
+#include "tests/support/temporary-directory.h"
+#include "tests/support/text-difference.h"
+
+namespace torvel::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A generated program of every family of lines, preprocessed.
+class GeneratedProgram {
+public:
+    GeneratedProgram() {
+        bench::CorpusOptions options{60'000, 11, {}};
+        for (const std::string_view family : bench::corpusFamilies()) {
+            options.families.emplace_back(family);
+        }
+        const bench::Corpus files = bench::generateCorpus(options);
+        for (const bench::CorpusFile& file : files) {
+            writeFile(directory_.path() / file.path, file.text);
+        }
+        preprocessProgram(program_, (directory_.path() / files.front().path).string(), axes_,
+                          limits_);
+    }
+
+    std::size_t lineCount() const { return program_.list.lines.size(); }
+
+    struct Conversion {
+        std::string output;
+        /// The messages as the log has them.
+        std::string log;
+    };
+
+    Conversion convert(const WorkSharing& sharing) const {
+        MessageLog log;
+        ConversionContext context{program_, axes_, limits_, log, {}};
+        OutputFile output;
+        const fs::path path = directory_.path() / "output";
+        EXPECT_TRUE(output.open(path));
+        convertProgram(context, output, sharing);
+        EXPECT_TRUE(output.close());
+        Conversion conversion{readFile(path), {}};
+        for (const ConversionMessage& message : log) {
+            conversion.log += formatDiagnostic(message.position, message.text) + '\n';
+        }
+        return conversion;
+    }
+
+private:
+    TemporaryDirectory directory_;
+    AxisNames axes_;
+    Limits limits_;
+    Program program_;
+};
+
+}  // namespace
+
+TEST(WorkSharing, ChangesNothing) {
+    const GeneratedProgram program;
+    const std::size_t lines = program.lineCount();
+    ASSERT_GT(lines, 1'000U);
+    const GeneratedProgram::Conversion whole = program.convert({lines, 0U});
+    EXPECT_NE(whole.output.find("\n\t"), std::string::npos) << "no line stands in a block";
+    EXPECT_GT(std::count(whole.log.begin(), whole.log.end(), '\n'), 100);
+    // A part of no lines counts as one of one line.
+    for (const std::size_t linesPerPart :
+         {std::size_t{0}, std::size_t{1}, std::size_t{2}, std::size_t{7}, std::size_t{64},
+          lines / 2, lines - 1, lines + 1}) {
+        for (const unsigned helpers : {0U, 1U, 3U}) {
+            SCOPED_TRACE(std::to_string(linesPerPart) + " lines in a part, " +
+                         std::to_string(helpers) + " helpers");
+            const GeneratedProgram::Conversion shared = program.convert({linesPerPart, helpers});
+            EXPECT_EQ(textDifference(whole.output, shared.output), "");
+            EXPECT_EQ(textDifference(whole.log, shared.log), "");
+        }
+    }
+}
+
+TEST(WorkSharing, ByTheProcessorsThatThereAre) {
+    const GeneratedProgram program;
+    const GeneratedProgram::Conversion whole = program.convert({program.lineCount(), 0U});
+    const GeneratedProgram::Conversion shared = program.convert({16, {}});
+    EXPECT_EQ(textDifference(whole.output, shared.output), "");
+    EXPECT_EQ(textDifference(whole.log, shared.log), "");
+}
+
+}  // namespace torvel::test
