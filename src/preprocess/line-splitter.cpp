@@ -14,10 +14,6 @@ namespace torvel {
 
 namespace {
 
-constexpr bool isLineEnd(char c) {
-    return c == '\0' || c == '\n' || c == '\r';
-}
-
 /// The first byte from `from` on that is no blank, or `end`.
 const char* skipBlanks(const char* from, const char* end) {
     while (from != end && isBlank(*from)) {

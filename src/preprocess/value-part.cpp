@@ -39,7 +39,7 @@ constexpr bool isArray(std::string_view word) {
 }
 
 constexpr State stateOfWord(std::string_view word, char letter) {
-    for (std::uint8_t i = 0; i < std::size(words); ++i) {
+    for (std::size_t i = 0; i < std::size(words); ++i) {
         if (words[i].size() == word.size() + 1 && words[i].starts_with(word) &&
             words[i].back() == upperCase(letter)) {
             return static_cast<State>(firstWord + i);
@@ -122,7 +122,7 @@ constexpr State behindByte(State state, char c) {
 
 ValuePart examineValue(std::string_view text) {
     ValuePart part;
-    for (std::uint8_t from = 0; from < part.behind.size(); ++from) {
+    for (std::size_t from = 0; from < part.behind.size(); ++from) {
         auto state = static_cast<State>(from);
         for (const char c : text) {
             if (state == refused) {
