@@ -26,11 +26,11 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments) {
     // An option takes the argument behind it, whatever that looks like.
     std::size_t at = 0;
     const auto takeOption = [&](std::optional<std::string>& value, Message twice, Message missing) {
-        if (value) {
-            fail(twice);
-        }
         if (at + 1 == arguments.size()) {
             fail(missing);
+        }
+        if (value) {
+            fail(twice);
         }
         value = arguments[++at];
     };
