@@ -31,24 +31,24 @@ constexpr Constant constants[] = {
 #include "data/predefined-constants.def"
 };
 
-enum class Fate { named, removed, unlisted };
+enum class Fate { named, removed, secondName };
 
 struct Parameter {
     char group;  // 'A' axis, 'T' task, 'S' system
     int number;
     std::string_view legacy;
-    std::string_view torvel;  // empty for a removed and an unlisted one
+    std::string_view torvel;  // empty for a removed one and a second name
     Fate fate;
 };
 
 constexpr Parameter parameters[] = {
 #define AXIS_PARAMETER(number, legacy, torvel) {'A', number, #legacy, #torvel, Fate::named},
 #define AXIS_PARAMETER_REMOVED(number, legacy) {'A', number, #legacy, "", Fate::removed},
+#define AXIS_PARAMETER_SECOND_NAME(number, legacy) {'A', number, #legacy, "", Fate::secondName},
 #define TASK_PARAMETER(number, legacy, torvel) {'T', number, #legacy, #torvel, Fate::named},
 #define TASK_PARAMETER_REMOVED(number, legacy) {'T', number, #legacy, "", Fate::removed},
 #define SYSTEM_PARAMETER(number, legacy, torvel) {'S', number, #legacy, #torvel, Fate::named},
 #define SYSTEM_PARAMETER_REMOVED(number, legacy) {'S', number, #legacy, "", Fate::removed},
-#define SYSTEM_PARAMETER_UNLISTED(number, legacy) {'S', number, #legacy, "", Fate::unlisted},
 #include "data/parameters.def"
 };
 
@@ -310,6 +310,16 @@ const char* const defaultAxisNames[] = {
     "XX", "YY", "ZZ", "UU", "AA", "BB", "CC", "DD", "xx", "yy", "zz", "uu", "aa", "bb", "cc", "dd",
 };
 
+// Groups of constants, the largest first.
+const char* const smallGroups[] = {
+    "BEZIERSETUP_", "PSOSTATUS_",        "ETHERNET_",        "QUEUESTATUS_", "CONFIGITEM_",
+    "AXISCAL_",     "ANALOG_",           "TASKEXEC_",        "STOSTATUS_",   "PROGRAM_",
+    "TASK_",        "SCOPETRIG_",        "SAFEZONETYPE_",    "PROBE_",       "GALVO_",
+    "VME_",         "THERMOCOMPSTATUS_", "PULSEOUTPUTMODE_", "PRIORITY_",    "ONSET_",
+    "IFOVSETUP_",   "GALVOWOBBLETYPE_",  "GALVOWOBBLEMODE_", "WAITOPTION_",  "UNIT_",
+    "SOFTLIMIT_",   "BARCODEOPTIONS_",
+};
+
 // Tools
 
 std::vector<std::string> words(const char* text) {
@@ -373,7 +383,7 @@ std::string_view groupPrefix(std::string_view name) {
 const Parameter* parameter(char group, int number) {
     const auto found =
         std::find_if(std::begin(parameters), std::end(parameters), [&](const Parameter& row) {
-            return row.group == group && row.number == number && row.fate != Fate::unlisted;
+            return row.group == group && row.number == number && row.fate != Fate::secondName;
         });
     return found == std::end(parameters) ? nullptr : found;
 }
@@ -660,13 +670,7 @@ TEST(PredefinedConstants, SmallGroups) {
         EXPECT_GE(size, 2) << prefix;
         EXPECT_LE(size, 13) << prefix;
     }
-    for (const char* prefix :
-         {"BEZIERSETUP_", "PSOSTATUS_",        "ETHERNET_",        "QUEUESTATUS_", "CONFIGITEM_",
-          "AXISCAL_",     "ANALOG_",           "TASKEXEC_",        "STOSTATUS_",   "PROGRAM_",
-          "TASK_",        "SCOPETRIG_",        "SAFEZONETYPE_",    "PROBE_",       "GALVO_",
-          "VME_",         "THERMOCOMPSTATUS_", "PULSEOUTPUTMODE_", "PRIORITY_",    "ONSET_",
-          "IFOVSETUP_",   "GALVOWOBBLETYPE_",  "GALVOWOBBLEMODE_", "WAITOPTION_",  "UNIT_",
-          "SOFTLIMIT_",   "BARCODEOPTIONS_"}) {
+    for (const char* prefix : smallGroups) {
         EXPECT_TRUE(groups.contains(prefix)) << prefix;
     }
     for (const auto& [prefix, size] : groups) {
@@ -674,6 +678,14 @@ TEST(PredefinedConstants, SmallGroups) {
         if (prefix != "CALLBACK_") {
             expectDistinctValues(prefix);
         }
+    }
+}
+
+TEST(PredefinedConstants, SmallGroupsFallInSizeInTheirOrder) {
+    std::size_t largest = 13;
+    for (const char* prefix : smallGroups) {
+        EXPECT_LE(family(prefix).size(), largest) << prefix;
+        largest = family(prefix).size();
     }
 }
 
@@ -844,9 +856,9 @@ TEST(Shorthands, ColoursAreNumbers) {
 TEST(Parameters, Counts) {
     EXPECT_EQ(parameterCount('A', Fate::named), 352);
     EXPECT_EQ(parameterCount('A', Fate::removed), 51);
+    EXPECT_EQ(parameterCount('A', Fate::secondName), 1);
     EXPECT_EQ(parameterCount('S', Fate::named), 28);
     EXPECT_EQ(parameterCount('S', Fate::removed), 16);
-    EXPECT_EQ(parameterCount('S', Fate::unlisted), 1);
     EXPECT_EQ(parameterCount('T', Fate::named), 55);
     EXPECT_EQ(parameterCount('T', Fate::removed), 105);
     EXPECT_EQ(std::size(parameters), 608U);
@@ -857,7 +869,11 @@ TEST(Parameters, NumbersAndTorvelNamesAreDistinctInATableLegacyNamesEverywhere) 
     std::set<std::pair<char, std::string_view>> torvelNames;
     std::set<std::string_view> legacyNames;
     for (const Parameter& row : parameters) {
-        EXPECT_TRUE(numbers.insert({row.group, row.number}).second) << row.legacy;
+        if (row.fate == Fate::secondName) {
+            EXPECT_NE(parameter(row.group, row.number), nullptr) << row.legacy;
+        } else {
+            EXPECT_TRUE(numbers.insert({row.group, row.number}).second) << row.legacy;
+        }
         EXPECT_TRUE(legacyNames.insert(row.legacy).second) << row.legacy;
         if (row.fate == Fate::named) {
             EXPECT_TRUE(torvelNames.insert({row.group, row.torvel}).second) << row.torvel;
@@ -905,6 +921,7 @@ TEST(Parameters, KnownNames) {
         {'S', 24, "AsciiInterfacePort"},
         {'S', 39, "AsciiInterfaceSetup"},
         {'S', 45, "RequiredAxes"},
+        {'S', 53, "AsciiInterfaceInvalidCharacter"},
         {'T', 1, "DefaultCoordinatedSCurvePercentage"},
         {'T', 7, "TaskErrorAbortAxes"},
         {'T', 8, "JoystickInput1MinVoltage"},
@@ -919,6 +936,7 @@ TEST(Parameters, KnownNames) {
         EXPECT_EQ(found->torvel, row.torvel);
     }
     EXPECT_EQ(parameter('A', 2)->legacy, "CountsPerUnit");
+    EXPECT_EQ(parameter('S', 53)->legacy, "CommandInvalidCharacter");
 }
 
 TEST(Parameters, BacklashDistanceIsTheAxisParameterThatMessagesName) {
@@ -930,7 +948,6 @@ TEST(Parameters, BacklashDistanceIsTheAxisParameterThatMessagesName) {
 
 TEST(Parameters, KnownRemovedAndAbsentNumbers) {
     EXPECT_EQ(parameter('A', 3), nullptr);
-    EXPECT_EQ(parameter('S', 53), nullptr);
     for (const int number : {5, 6, 7}) {
         ASSERT_NE(parameter('A', number), nullptr) << number;
         EXPECT_EQ(parameter('A', number)->fate, Fate::removed) << number;
