@@ -18,7 +18,8 @@ struct SourceFile {
     /// The last component of the path, for the marker of a line that cannot be converted.
     std::string name;
     FileIdentity identity;
-    /// The bytes of the file up to its end or its first NUL.
+    /// The bytes of the file up to its end or its first NUL, without a byte-order mark in front and
+    /// the end marks of old editors, 0x1A, behind the last byte.
     TextSpan text;
     bool endsAtNul = false;
 };

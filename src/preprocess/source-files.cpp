@@ -14,6 +14,15 @@ namespace {
     throw ParseException(messageText(message, {narrowPath(path)}), includedFrom);
 }
 
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+/// What old editors end a file with.
+constexpr char endMark = '\x1A';
+
+/// How long a file's content is without the end marks behind it.
+std::size_t lengthWithoutEndMarks(std::string_view content) {
+    return content.find_last_not_of(endMark) + 1;
+}
+
 }  // namespace
 
 const SourceFile& SourceFiles::load(std::string_view path, const SourcePosition& includedFrom) {
@@ -54,17 +63,22 @@ const SourceFile& SourceFiles::read(const NativePath& path, const SourcePosition
     }
     TextSpan text = program_.text.allocate(static_cast<std::size_t>(size));
     bool failed = false;
-    const std::size_t length = input.read(program_.text.data(text), text.length, failed);
+    char* const content = program_.text.data(text);
+    const std::size_t bytes = input.read(content, text.length, failed);
     if (failed) {
         fail(Message::FileNotOpened, path, includedFrom);
     }
+    const std::size_t length = lengthWithoutEndMarks({content, bytes});
     // The splitter ends at the first NUL: the one behind the text, or one of the file's own.
-    program_.text.data(text)[length] = '\0';
-    text.length = static_cast<std::uint32_t>(std::strlen(program_.text.data(text)));
+    content[length] = '\0';
+    const std::size_t textEnd = std::strlen(content);
+    const std::size_t textStart =
+        std::string_view(content, textEnd).starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    text = text.part(textStart, textEnd - textStart);
 
     const std::string shown = displayPath(path, programDirectory_);
-    program_.files.push_back({path, shown, std::string(lastComponent(shown)), input.identity(),
-                              text, text.length < length});
+    program_.files.push_back(
+        {path, shown, std::string(lastComponent(shown)), input.identity(), text, textEnd < length});
     return program_.files.back();
 }
 

@@ -385,7 +385,7 @@ TEST(Bytes, EveryByteAtTheBeginningOfALine) {
     for (int value = 0; value < 256; ++value) {
         SCOPED_TRACE(value);
         const auto byte = static_cast<unsigned char>(value);
-        const Outcome outcome = convertText("$a = 1\n" + encoded(static_cast<char>(byte)));
+        const Outcome outcome = convertText("$a = 1\n" + encoded(static_cast<char>(byte)) + '\n');
         if (beginsNothing(byte)) {
             ++unknown;
             EXPECT_EQ(outcome.status, 1);

@@ -98,14 +98,18 @@ private:
 
 std::string numberFile(const std::string& content, std::size_t file,
                        std::vector<NumberedLine>& numbers) {
+    // A mark in front and end marks behind are no part of the text.
+    const std::size_t textEnd = content.find_last_not_of('\x1A') + 1;
+    const std::size_t textStart = content.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    const std::string endMarks = content.substr(textEnd);
     CommentPlaces places;
-    std::string result;
-    std::string_view rest = content;
+    std::string result = content.substr(0, textStart);
+    std::string_view rest = std::string_view(content).substr(textStart, textEnd - textStart);
     for (std::size_t number = 1;; ++number) {
         const std::size_t end = std::min(rest.find('\n'), rest.size());
         std::string_view line = rest.substr(0, end);
         if (line.find_first_of(std::string_view("\r\0", 2)) != std::string_view::npos) {
-            return result + std::string(rest);
+            return result + std::string(rest) + endMarks;
         }
         const CommentPlaces::Place place = places.next(line);
         if (place.takesComment) {
@@ -116,7 +120,7 @@ std::string numberFile(const std::string& content, std::size_t file,
             result += line;
         }
         if (end == rest.size()) {
-            return result;
+            return result + endMarks;
         }
         result += '\n';
         rest.remove_prefix(end + 1);
