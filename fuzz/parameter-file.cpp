@@ -11,6 +11,8 @@ namespace torvel::fuzz {
 
 namespace {
 
+constexpr std::string_view whiteSpace = " \t\r\n";
+
 /// The names of the axes, a line each, or the message.
 std::string load(const std::string& path) {
     std::string result;
@@ -20,7 +22,16 @@ std::string load(const std::string& path) {
         for (std::uint32_t number = 0; number < axes.names().size(); ++number) {
             const std::string& name = axes.names()[number];
             const auto found = axes.axisIndex(name);
-            require(found && *found >= number && axes.names()[*found] == name,
+            const bool isTrimmed =
+                name.empty() || (whiteSpace.find(name.front()) == std::string_view::npos &&
+                                 whiteSpace.find(name.back()) == std::string_view::npos);
+            require(isTrimmed, "white space around an axis: " + name);
+            require(name.empty() != found.has_value(), "a name without an axis: " + name);
+            if (!found) {
+                result += '\n';
+                continue;
+            }
+            require(*found >= number && axes.names()[*found] == name,
                     "an axis is not found: " + name);
             require(axes.contains(name) && !axes.axisIndex(name + '\x01'), "an axis too many");
             longest = std::max(longest, name.size());

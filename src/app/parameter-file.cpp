@@ -46,6 +46,17 @@ const tinyxml2::XMLElement* findNameEntry(const tinyxml2::XMLElement& axis) {
     return nullptr;
 }
 
+/// The name that an entry holds, without white space around it; empty if there is none.
+std::string_view nameOf(const tinyxml2::XMLElement& entry) {
+    constexpr std::string_view whiteSpace = " \t\r\n";
+    const char* text = entry.GetText();
+    const std::string_view name = text == nullptr ? "" : text;
+    const std::size_t begin = name.find_first_not_of(whiteSpace);
+    return begin == std::string_view::npos
+               ? std::string_view()
+               : name.substr(begin, name.find_last_not_of(whiteSpace) + 1 - begin);
+}
+
 }  // namespace
 
 AxisNames loadParameterFile(std::string_view path, const Limits& limits) {
@@ -68,8 +79,7 @@ AxisNames loadParameterFile(std::string_view path, const Limits& limits) {
     for (const tinyxml2::XMLElement* axis = element->FirstChildElement("Axis"); axis != nullptr;
          axis = axis->NextSiblingElement("Axis")) {
         if (const tinyxml2::XMLElement* entry = findNameEntry(*axis)) {
-            const char* text = entry->GetText();
-            names.emplace_back(text == nullptr ? "" : text);
+            names.emplace_back(nameOf(*entry));
             if (names.back().size() > limits.axisName) {
                 fail(Message::ParameterFileMalformed);
             }

@@ -60,7 +60,8 @@ bool translateSingleAxis(ConversionContext& context, TokenCursor& cursor, Expres
 bool translateAxisNumber(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
     const std::vector<std::string>& names = context.axes.names();
     const std::optional<std::int32_t> number = parseIntegerText(cursor.text());
-    if (!number || static_cast<std::size_t>(*number) >= names.size()) {
+    if (!number || static_cast<std::size_t>(*number) >= names.size() ||
+        names[static_cast<std::size_t>(*number)].empty()) {
         return logConversionMessage(context, Message::AxisIndexInvalid);
     }
     cursor.advance();

@@ -32,7 +32,8 @@ bool translateAxisExpression(ConversionContext& context, TokenCursor& cursor, Ex
 /// The axis behind a ".": a name, a preserved define, an axis number, or "@" expression.
 bool translateAxisSelector(ConversionContext& context, TokenCursor& cursor, ExpressionText& out);
 
-/// The name of the axis whose number the current token is, an integer literal.
+/// The name of the axis whose number the current token is, an integer literal. An axis without a name cannot
+/// be selected.
 bool translateAxisNumber(ConversionContext& context, TokenCursor& cursor, ExpressionText& out);
 
 }  // namespace torvel

@@ -32,6 +32,9 @@ AxisNames::AxisNames(std::vector<std::string> names)
     : names_(std::move(names)), slots_(std::bit_ceil(2 * names_.size() + 2)) {
     for (std::uint32_t axis = 0; axis < names_.size(); ++axis) {
         const std::string& name = names_[axis];
+        if (name.empty()) {
+            continue;
+        }
         longestName_ = std::max(longestName_, name.size());
         std::size_t slot = hashText(name) & (slots_.size() - 1);
         while (slots_[slot] != 0 && names_[slots_[slot] - 1] != name) {

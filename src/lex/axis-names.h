@@ -15,7 +15,8 @@ class AxisNames {
 public:
     /// The 32 default axes: X Y Z U A B C D, in lower case, doubled, doubled in lower case.
     AxisNames();
-    /// The axes of a parameter file. Of a name that occurs twice the later number is found.
+    /// The axes of a parameter file. Of a name that occurs twice the later number is found; an empty name
+    /// keeps its number, and is found by no word.
     explicit AxisNames(std::vector<std::string> names);
 
     /// The number of the axis called `word`; nothing if there is none.

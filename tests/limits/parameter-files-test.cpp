@@ -64,6 +64,23 @@ TEST(ParameterFiles, TheSameNameTwice) {
     EXPECT_EQ(loaded.axes.axisIndex("Y"), 1U);
 }
 
+TEST(ParameterFiles, WhiteSpaceAroundNames) {
+    const Loaded loaded =
+        load(file(axis("\n\t X1 \r\n") + axis(" &#9;&#10;&#13;&#32;Y&#9; ") + axis("A B ")));
+    EXPECT_EQ(loaded.message, "");
+    EXPECT_EQ(loaded.axes.names(), (std::vector<std::string>{"X1", "Y", "A B"}));
+    EXPECT_EQ(load(file(axis(std::string(300, ' ') + std::string(255, 'Q') + '\n'))).message, "");
+    EXPECT_EQ(load(file(axis(' ' + std::string(256, 'Q')))).message, malformed);
+}
+
+TEST(ParameterFiles, EmptyNames) {
+    const Loaded loaded = load(file(axis("X") + axis("") + axis(" \t\r\n") + axis("Y")));
+    EXPECT_EQ(loaded.axes.names(), (std::vector<std::string>{"X", "", "", "Y"}));
+    EXPECT_EQ(loaded.axes.axisIndex("Y"), 3U);
+    EXPECT_FALSE(loaded.axes.contains(""));
+    EXPECT_FALSE(loaded.axes.contains(" "));
+}
+
 TEST(ParameterFiles, NamesThatNoWordCanBe) {
     const std::string content = file(axis("") + axis("MOVEINC") + axis("12") + axis("$v") +
                                      axis("A B") + axis("\"") + axis("Theta") + axis("&lt;"));
