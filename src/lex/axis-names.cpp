@@ -42,6 +42,19 @@ AxisNames::AxisNames(std::vector<std::string> names)
         }
         slots_[slot] = axis + 1;
     }
+    findContinuations();
+}
+
+void AxisNames::findContinuations() {
+    for (const std::string_view name : names_) {
+        std::uint64_t hash = fnvOffsetBasis;
+        for (std::size_t length = 1; length < name.size(); ++length) {
+            hash = extendHash(hash, name[length - 1]);
+            if (find(name.substr(0, length), hash)) {
+                continuations_[static_cast<unsigned char>(name[length])] = true;
+            }
+        }
+    }
 }
 
 std::optional<std::uint32_t> AxisNames::axisIndex(std::string_view word) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -27,16 +28,21 @@ public:
     /// there is none. Takes time in proportion to the longest name.
     std::size_t lengthAt(std::string_view word) const;
 
+    /// Whether some name is another one followed by `c`, whatever follows then.
+    bool goesOnWith(char c) const { return continuations_[static_cast<unsigned char>(c)]; }
+
     const std::vector<std::string>& names() const { return names_; }
     /// Length of the longest name in bytes: no longer word needs to be looked up.
     std::size_t longestName() const { return longestName_; }
 
 private:
+    void findContinuations();
     std::optional<std::uint32_t> find(std::string_view word, std::uint64_t hash) const;
 
     std::vector<std::string> names_;
     std::vector<std::uint32_t> slots_;  // axis number + 1 by hash, open addressing; 0 is free
     std::size_t longestName_ = 0;
+    std::array<bool, 256> continuations_{};
 };
 
 }  // namespace torvel

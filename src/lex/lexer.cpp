@@ -27,6 +27,49 @@ TokenType addressLetterKind(char letter) {
                : static_cast<TokenType>(static_cast<std::size_t>(TokenType::LETTER_E) + index);
 }
 
+/// The kind of a G-code word or an address letter, told by its first byte and the one behind it;
+/// TokenType::INVALID for any other word.
+TokenType letterKind(char first, char following) {
+    if ((first == 'G' || first == 'g') && isDigit(following)) {
+        return TokenType::GCODE_WORD;
+    }
+    return hasClass(following, letterClass | underscoreClass) ? TokenType::INVALID
+                                                              : addressLetterKind(first);
+}
+
+/// The length of AXISF at the end of the word or before a digit; 0 if it does not begin so.
+std::size_t axisFeedrateLength(std::string_view word, const AxisNames& axes) {
+    const std::size_t bound = std::min(word.size(), axes.longestName() + 1);
+    for (std::size_t i = 1; i < bound; ++i) {
+        if (upperCase(word[i]) == 'F') {
+            const bool isComplete = i + 1 == word.size() || isDigit(word[i + 1]);
+            return isComplete && axes.contains(word.substr(0, i)) ? i + 1 : 0;
+        }
+    }
+    return 0;
+}
+
+/// The first token of a word: its kind and its length.
+struct WordStart {
+    TokenType type;
+    std::size_t length;
+};
+
+/// For a word that begins with neither a G-code word nor an address letter.
+WordStart startOfWord(std::string_view word, const AxisNames& axes) {
+    if (const TokenType keyword = keywordKind(word); keyword != TokenType::INVALID) {
+        return {keyword, word.size()};
+    }
+    if (const std::size_t length = axisFeedrateLength(word, axes); length != 0) {
+        return {TokenType::AXIS_FEEDRATE, length};
+    }
+    // "X10" is the axis X and 10.
+    if (const std::size_t length = axes.lengthAt(word); length != 0) {
+        return {TokenType::AXIS_NAME, length};
+    }
+    return {TokenType::IDENTIFIER, word.size()};
+}
+
 /// What a byte begins.
 struct Start {
     enum class Kind : std::uint8_t { single, word, number, punctuation };
@@ -131,40 +174,18 @@ private:
     }
 
     Lexeme readWord(const char* first) {
-        const char following = peek(first);
-        if ((*first == 'G' || *first == 'g') && isDigit(following)) {
-            return {TokenType::GCODE_WORD, endOfRun(first + 1, digitClass)};
-        }
-        if (!hasClass(following, letterClass | underscoreClass)) {
-            if (const TokenType letter = addressLetterKind(*first); letter != TokenType::INVALID) {
-                return {letter, first + 1};
-            }
+        const TokenType letter = letterKind(*first, peek(first));
+        if (letter != TokenType::INVALID) {
+            return {letter,
+                    letter == TokenType::GCODE_WORD ? endOfRun(first + 1, digitClass) : first + 1};
         }
         const char* last = endOfWord(first);
         const std::string_view word(first, static_cast<std::size_t>(last - first));
-        if (const TokenType keyword = keywordKind(word); keyword != TokenType::INVALID) {
-            return {keyword, last};
+        const WordStart start = startOfWord(word, axes_);
+        if (start.type == TokenType::AXIS_FEEDRATE) {
+            return readAxisFeedrate(first, word.substr(0, start.length));
         }
-        if (const std::size_t length = axisFeedrateLength(word); length != 0) {
-            return readAxisFeedrate(first, word.substr(0, length));
-        }
-        // "X10" is the axis X and 10.
-        if (const std::size_t length = axes_.lengthAt(word); length != 0) {
-            return {TokenType::AXIS_NAME, first + length};
-        }
-        return {TokenType::IDENTIFIER, last};
-    }
-
-    /// The length of AXISF at the end of the word or before a digit; 0 if it does not begin so.
-    std::size_t axisFeedrateLength(std::string_view word) const {
-        const std::size_t bound = std::min(word.size(), axes_.longestName() + 1);
-        for (std::size_t i = 1; i < bound; ++i) {
-            if (upperCase(word[i]) == 'F') {
-                const bool isComplete = i + 1 == word.size() || isDigit(word[i + 1]);
-                return isComplete && axes_.contains(word.substr(0, i)) ? i + 1 : 0;
-            }
-        }
-        return 0;
+        return {start.type, first + start.length};
     }
 
     /// "XF100" is the specifier XF, its F in upper case, and the number 100.
@@ -306,6 +327,21 @@ private:
 void lexLine(Program& program, LineList& list, const AxisNames& axes, TextSpan code,
              const SourcePosition& position) {
     Lexer(program, list, axes, code, position).run();
+}
+
+std::size_t axisNameLength(std::string_view text, const AxisNames& axes) {
+    std::size_t length = 1;
+    while (length < text.size() && isWordCharacter(text[length])) {
+        ++length;
+    }
+    const std::string_view word = text.substr(0, length);
+    const char following = length > 1 ? word[1] : '\0';
+    if (!hasClass(word[0], wordStartClasses) ||
+        letterKind(word[0], following) != TokenType::INVALID) {
+        return 0;
+    }
+    const WordStart start = startOfWord(word, axes);
+    return start.type == TokenType::AXIS_NAME ? start.length : 0;
 }
 
 }  // namespace torvel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "src/lex/axis-names.h"
 #include "src/lex/program.h"
 
@@ -10,5 +12,9 @@ namespace torvel {
 /// ParseException there. Empty code appends nothing.
 void lexLine(Program& program, LineList& list, const AxisNames& axes, TextSpan code,
              const SourcePosition& position);
+
+/// The length of the axis name that is the first token of `text`, which begins with a word; 0 if its
+/// first token is another.
+std::size_t axisNameLength(std::string_view text, const AxisNames& axes);
 
 }  // namespace torvel

@@ -9,6 +9,7 @@
 #include "src/expr/expressions.h"
 #include "src/expr/number-text.h"
 #include "src/lex/characters.h"
+#include "src/lex/lexer.h"
 
 namespace torvel {
 
@@ -81,13 +82,31 @@ bool writeWord(Statement& statement, std::string_view name) {
     return writeExpression(statement);
 }
 
+/// name [=] value, where the name begins with an axis of `axisLength` bytes. If name and value together
+/// begin with a longer axis name, as "X" and "10" do with the axes X and X1, the value stands in
+/// parentheses.
+bool writeAxisValue(Statement& statement, std::string_view name, std::size_t axisLength) {
+    StatementText& text = statement.text;
+    const std::size_t start = text.size();
+    if (!writeWord(statement, name)) {
+        return false;
+    }
+    const AxisNames& axes = statement.context.axes;
+    if (axes.goesOnWith(text[start + axisLength]) &&
+        axisNameLength(std::string_view(text).substr(start), axes) > name.size()) {
+        text.insert(start + name.size(), 1, '(');
+        text += ')';
+    }
+    return true;
+}
+
 /// axis [[=] value]: the value may be left out at the end and in front of another axis.
 bool writeAxisWord(Statement& statement, std::string_view axis) {
     if (statement.cursor.atEnd() || isAxis(statement.cursor.type())) {
         statement.text += axis;
         return true;
     }
-    return writeWord(statement, axis);
+    return writeAxisValue(statement, axis, axis.size());
 }
 
 /// N number
@@ -144,8 +163,9 @@ bool writeLineWord(Statement& statement, bool& expectsDwell) {
             const std::string_view name =
                 type == TokenType::AXIS_DEFINE ? cursor.value() : cursor.text();
             cursor.advance();
-            return type == TokenType::AXIS_FEEDRATE ? writeWord(statement, name)
-                                                    : writeAxisWord(statement, name);
+            return type == TokenType::AXIS_FEEDRATE
+                       ? writeAxisValue(statement, name, name.size() - 1)
+                       : writeAxisWord(statement, name);
         }
         default: return writeLetter(statement, type, isDwell);
     }

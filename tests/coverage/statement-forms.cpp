@@ -454,6 +454,9 @@ stand as they are. A form with several axes or values in turn goes on likewise. 
 
 In front of a statement there may be a block delete (`/`, `/2`), which is dropped with a message, and a label
 (`name:`, `:name`) or an N-code (`N100`), which are kept.
+
+Where an axis and its value in a line of G-code would be read as another axis together, the value stands in
+parentheses: with the axes X and X1, `X=10` is written `X(10)`.
 )";
 
 std::string_view className(FormClass formClass) {

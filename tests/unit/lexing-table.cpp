@@ -21,14 +21,36 @@ std::string lex(const std::string& code, const AxisNames& axes) {
     return printTokens(source.program, source.program.list, 0);
 }
 
-std::string lexWithAxes(const std::string& input) {
-    const auto [axes, code] = splitInput(input);
-    std::istringstream words(axes);
+AxisNames axesNamed(const std::string& list) {
+    std::istringstream words(list);
     std::vector<std::string> names;
     for (std::string name; words >> name;) {
         names.push_back(name);
     }
-    return lex(code, AxisNames(names));
+    return AxisNames(names);
+}
+
+std::string lexWithAxes(const std::string& input) {
+    const auto [axes, code] = splitInput(input);
+    return lex(code, axesNamed(axes));
+}
+
+std::string axisInFront(const std::string& input) {
+    const auto [axes, code] = splitInput(input);
+    const std::size_t length = axisNameLength(code, axesNamed(axes));
+    return length == 0 ? "none" : code.substr(0, length);
+}
+
+/// The characters with which a name goes on behind another.
+std::string continuations(const std::string& list) {
+    const AxisNames axes = axesNamed(list);
+    std::string characters;
+    for (int c = 0; c < 256; ++c) {
+        if (axes.goesOnWith(static_cast<char>(c))) {
+            characters += static_cast<char>(c);
+        }
+    }
+    return characters;
 }
 
 std::string keyword(const std::string& word) {
@@ -44,8 +66,10 @@ std::string nameOfNumber(const std::string& number) {
     return std::string(tokenTypeName(static_cast<TokenType>(std::stoul(number))));
 }
 
-const TableTests lexing("lexing",
-                        {{"tokens", lexWithDefaultAxes}, {"tokens with axes", lexWithAxes}});
+const TableTests lexing("lexing", {{"tokens", lexWithDefaultAxes},
+                                   {"tokens with axes", lexWithAxes},
+                                   {"axis in front", axisInFront},
+                                   {"continuations", continuations}});
 const TableTests keywords("keywords", {{"keyword", keyword}});
 const TableTests tokenTypes("token-types", {{"name", nameOfNumber}});
 
