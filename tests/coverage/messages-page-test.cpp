@@ -1,5 +1,5 @@
-// docs/messages.md: every message has an entry, and each entry's example raises that message. The form
-// of the page is told at its end.
+// docs/messages.md: every message has an entry, each entry's example raises that message, and every message
+// that an entry shows filled in is raised by one of its programs. The form of the page is told at its end.
 
 #include <gtest/gtest.h>
 
@@ -35,6 +35,12 @@ constexpr ExcusedMessage withoutExample[] = {
     {"FileNotOpened", "needs a file that the user running it may not read"},
 };
 
+/// An item that shows a message, or one sentence of it, as it is printed.
+struct PrintedForm {
+    std::string text;
+    std::string program;
+};
+
 /// An entry of the page.
 struct Entry {
     std::string heading;
@@ -45,6 +51,9 @@ struct Entry {
     bool hasText = false;
     /// Messages that come beside this one.
     std::vector<std::string> company;
+    std::vector<PrintedForm> forms;
+    /// What stands in backquotes in its text.
+    std::vector<std::string> quotes;
 };
 
 /// What stands behind `name` in a line "<!-- name: value -->"; empty if it is none.
@@ -90,6 +99,56 @@ bool readMarker(Entry& entry, std::string_view line) {
         return false;
     }
     return true;
+}
+
+/// What stands in backquotes in a line.
+std::vector<std::string> quotesOf(std::string_view line) {
+    std::vector<std::string> quotes;
+    for (std::size_t first = line.find('`'); first != std::string_view::npos;
+         first = line.find('`')) {
+        const std::size_t last = line.find('`', first + 1);
+        if (last == std::string_view::npos) {
+            break;
+        }
+        quotes.emplace_back(line.substr(first + 1, last - first - 1));
+        line.remove_prefix(last + 1);
+    }
+    return quotes;
+}
+
+/// The lines of a program in "  for `line`, `line`: text".
+std::string programOfItem(std::string_view line) {
+    constexpr std::string_view lead = "  for `";
+    if (!line.starts_with(lead)) {
+        throw std::runtime_error("an item without a program: " + std::string(line));
+    }
+    std::string program;
+    line.remove_prefix(lead.size() - 1);
+    while (line.starts_with('`')) {
+        const std::size_t last = line.find('`', 1);
+        program += std::string(line.substr(1, last - 1)) + '\n';
+        line.remove_prefix(last + 1);
+        if (line.starts_with(", `")) {
+            line.remove_prefix(2);
+        }
+    }
+    return program;
+}
+
+/// Takes a line of an entry's text.
+void addText(Entry& entry, std::string_view line) {
+    entry.hasText = true;
+    std::vector<PrintedForm>& forms = entry.forms;
+    if (!forms.empty() && forms.back().program.empty()) {
+        forms.back().program = programOfItem(line);
+        return;
+    }
+    const std::vector<std::string> quotes = quotesOf(line);
+    if (quotes.size() == 1 && line == "- `" + quotes.front() + "`") {
+        forms.push_back({quotes.front(), ""});
+    } else {
+        entry.quotes.insert(entry.quotes.end(), quotes.begin(), quotes.end());
+    }
 }
 
 /// A fenced block: a file of the example, its command, or Torvel text.
@@ -143,11 +202,13 @@ std::vector<Entry> readPage() {
             section.clear();
         } else if (line.starts_with("### ")) {
             isInEntry = true;
-            entries.push_back({std::string(line.substr(4)), section, {}, {}, false, false, {}});
+            entries.emplace_back();
+            entries.back().heading = line.substr(4);
+            entries.back().section = section;
         } else if (const std::string name = markerValue(line, "class"); !name.empty()) {
             section = name;
         } else if (isInEntry && !readMarker(entries.back(), line) && !line.empty()) {
-            entries.back().hasText = true;
+            addText(entries.back(), line);
         }
     }
     return entries;
@@ -158,28 +219,62 @@ const std::vector<Entry>& pageEntries() {
     return entries;
 }
 
-/// What the example gives: its messages in order, and how the run ended.
+/// What an example gives: its messages in order, and how the run ended.
 struct ExampleResult {
+    std::vector<std::string> messages;
     std::vector<std::string> symbols;
     Outcome outcome;
 };
 
-ExampleResult runExample(const Entry& entry) {
-    Case example = entry.example;
+ExampleResult runExample(Case example) {
     if (example.arguments.empty()) {
         example.arguments = {"-o", "out", "main.pgm"};
     }
     ExampleResult result;
     result.outcome = runCase(example, example.files, runCommand);
-    std::vector<std::string> messages = messagesOfLog(result.outcome.log.value_or(""));
+    result.messages = messagesOfLog(result.outcome.log.value_or(""));
     if (!result.outcome.standardError.empty()) {
-        messages.push_back(messageOfStandardError(result.outcome.standardError));
+        result.messages.push_back(messageOfStandardError(result.outcome.standardError));
     }
-    for (const std::string& message : messages) {
+    for (const std::string& message : result.messages) {
         const MessageRow* row = rowOfMessage(message);
         result.symbols.emplace_back(row == nullptr ? message : row->symbol);
     }
     return result;
+}
+
+ExampleResult runProgram(const std::string& program) {
+    Case example;
+    example.files.push_back({"main.pgm", program});
+    return runExample(example);
+}
+
+/// Whether `text` is the message, or the first or the last of its two sentences.
+bool isSentenceOf(const std::string& text, const std::string& message) {
+    return message == text || message.starts_with(text + " ") || message.ends_with(" " + text);
+}
+
+/// Every word of the language, in the order of the token kinds.
+std::vector<std::string> spellingsOfKeywords() {
+    return {
+#define KEYWORD(enumerator, spelling) spelling,
+#include "src/lex/token-kinds.def"
+    };
+}
+
+/// What a line of each word alone gives, where the word itself is refused.
+std::vector<std::string> messagesOfWordsAlone() {
+    std::string program;
+    for (const std::string& word : spellingsOfKeywords()) {
+        program += word + '\n';
+    }
+    std::vector<std::string> messages;
+    for (const std::string& message : runProgram(program).messages) {
+        if (message.ends_with(" keyword seen.")) {
+            messages.push_back(message);
+        }
+    }
+    return messages;
 }
 
 bool isConvertedBeside(std::string_view messageClass) {
@@ -226,7 +321,7 @@ TEST(MessagesPage, EveryExampleRaisesItsMessageAndNoOther) {
         }
         std::multiset<std::string> expected(entry.company.begin(), entry.company.end());
         expected.insert(entry.symbol);
-        const ExampleResult result = runExample(entry);
+        const ExampleResult result = runExample(entry.example);
         EXPECT_EQ(std::multiset<std::string>(result.symbols.begin(), result.symbols.end()),
                   expected)
             << entry.symbol << "\nlog:\n"
@@ -241,13 +336,100 @@ TEST(MessagesPage, ExamplesEndAsTheirClassSays) {
         if (row == nullptr || !entry.hasExample) {
             continue;
         }
-        const ExampleResult result = runExample(entry);
+        const ExampleResult result = runExample(entry.example);
         EXPECT_EQ(result.outcome.status, endsRun(row->messageClass) ? 1 : 0) << entry.symbol;
         if (!endsRun(row->messageClass)) {
             const bool isMarked = result.outcome.output.value_or("").find("#error_unconvertible") !=
                                   std::string::npos;
             EXPECT_NE(isMarked, isConvertedBeside(row->messageClass)) << entry.symbol;
         }
+    }
+}
+
+TEST(MessagesPage, PrintedFormsAreGivenByTheirPrograms) {
+    std::size_t count = 0;
+    for (const Entry& entry : pageEntries()) {
+        for (const PrintedForm& form : entry.forms) {
+            ++count;
+            const ExampleResult result = runProgram(form.program);
+            bool isGiven = false;
+            for (std::size_t i = 0; i < result.messages.size(); ++i) {
+                isGiven = isGiven || (result.symbols[i] == entry.symbol &&
+                                      isSentenceOf(form.text, result.messages[i]));
+            }
+            EXPECT_TRUE(isGiven) << "not '" << form.text << "' but\n"
+                                 << result.outcome.log.value_or("") << result.outcome.standardError
+                                 << "for\n"
+                                 << form.program;
+        }
+    }
+    EXPECT_GT(count, 100U);
+}
+
+/// Quotes of the entry's own message with its holes filled.
+TEST(MessagesPage, MessagesThatTheTextShowsAreGivenByAProgramOfTheEntry) {
+    const std::vector<std::string> ofWords = messagesOfWordsAlone();
+    for (const Entry& entry : pageEntries()) {
+        const MessageRow* own = findMessageRow(entry.symbol);
+        if (own == nullptr || own->text.find("{}") == std::string_view::npos) {
+            continue;
+        }
+        std::vector<std::string> given = ofWords;
+        if (entry.hasExample) {
+            const ExampleResult result = runExample(entry.example);
+            given.insert(given.end(), result.messages.begin(), result.messages.end());
+        }
+        for (const PrintedForm& form : entry.forms) {
+            given.push_back(form.text);
+        }
+        for (std::string quote : entry.quotes) {
+            if (rowOfMessage(quote) != own || quote.find("…") != std::string::npos) {
+                continue;
+            }
+            quote = replaceAll(quote, "/machine/progs", "{dir}");
+            EXPECT_NE(std::find(given.begin(), given.end(), quote), given.end())
+                << entry.symbol << ": no program of the entry gives " << quote;
+        }
+    }
+}
+
+bool isQuoted(std::string_view symbol, const std::string& text) {
+    for (const Entry& entry : pageEntries()) {
+        if (entry.symbol == symbol) {
+            return std::find(entry.quotes.begin(), entry.quotes.end(), text) !=
+                       entry.quotes.end() ||
+                   std::any_of(entry.forms.begin(), entry.forms.end(),
+                               [&](const PrintedForm& form) { return form.text == text; });
+        }
+    }
+    return false;
+}
+
+TEST(MessagesPage, EveryWordThatBeginsNoStatementIsFound) {
+    const std::vector<std::string> messages = messagesOfWordsAlone();
+    EXPECT_GT(messages.size(), 100U);
+    for (const std::string& message : messages) {
+        EXPECT_TRUE(isQuoted("UnexpectedToken", message)) << message;
+    }
+}
+
+/// "Expected a token of type ..." with every list of kinds that the golden cases meet.
+TEST(MessagesPage, EveryListOfExpectedKindsIsFound) {
+    std::set<std::string> sentences;
+    visitCases(
+        std::filesystem::path(TORVEL_SOURCE_DIR) / "tests/golden",
+        [&](const std::string&, const std::string&, const std::filesystem::path& path) {
+            const Case test = readCase(path);
+            for (const std::string& message : messagesOfLog(test.expected.log.value_or(""))) {
+                if (const std::size_t at = message.find("Expected a token of type ");
+                    at != std::string::npos) {
+                    sentences.insert(message.substr(at));
+                }
+            }
+        });
+    EXPECT_GT(sentences.size(), 50U);
+    for (const std::string& sentence : sentences) {
+        EXPECT_TRUE(isQuoted("UnexpectedTokenOf", sentence)) << sentence;
     }
 }
 
