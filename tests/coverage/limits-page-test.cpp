@@ -1,5 +1,5 @@
 // docs/limits.md tells what comes of which input: every row names a test that exists, and a message and a
-// status that are the test's.
+// status that are the test's. What it says of the rules of the languages is converted here.
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "src/app/command.h"
 #include "tests/support/case-file.h"
 #include "tests/support/case-run.h"
 #include "tests/support/escapes.h"
@@ -137,6 +138,69 @@ std::set<std::string> expectedSymbols(const Case& test) {
         add(messageOfStandardError(test.expected.standardError));
     }
     return symbols;
+}
+
+/// A row of what the rules of the languages lose.
+struct Loss {
+    std::string brannic;
+    std::string torvel;
+    /// Empty if nothing is told.
+    std::string message;
+};
+
+/// Stands for a bar inside a cell while rows are cut.
+constexpr const char* bar = "\x01";
+
+/// The lines of a cell: what stands in backquotes, joined by line feeds.
+std::string linesOfCell(const std::string& cell) {
+    return unquoted(replaceAll(replaceAll(cell, "`<br>`", "\n"), bar, "|"));
+}
+
+std::vector<Loss> readLosses() {
+    const std::string page = replaceAll(readFile(root / "docs/limits.md"), "\\|", bar);
+    std::vector<Loss> losses;
+    bool isInTable = false;
+    for (const std::string_view line : splitLines(page)) {
+        if (!line.starts_with('|')) {
+            isInTable = false;
+        } else if (line == "| Brannic | Torvel | message |") {
+            isInTable = true;
+        } else if (isInTable && !line.starts_with("|-")) {
+            std::vector<std::string> cells = cellsOf(line);
+            if (cells.size() != 3) {
+                throw std::runtime_error("not three cells: " + std::string(line));
+            }
+            for (std::string& cell : cells) {
+                cell = linesOfCell(cell);
+            }
+            losses.push_back({cells[0], cells[1], cells[2]});
+        }
+    }
+    return losses;
+}
+
+std::string withoutLineEndsBehind(std::string text) {
+    text.erase(text.find_last_not_of('\n') + 1);
+    return text;
+}
+
+TEST(LimitsPage, WhatTheRulesLoseIsWhatTheConverterGives) {
+    const std::vector<Loss> losses = readLosses();
+    EXPECT_GT(losses.size(), 40U);
+    for (const Loss& loss : losses) {
+        Case test;
+        test.files.push_back({"main.pgm", loss.brannic});
+        test.arguments = {"-o", "out", "main.pgm"};
+        const Outcome outcome = runCase(test, test.files, runCommand);
+        EXPECT_EQ(withoutLineEndsBehind(outcome.output.value_or(outcome.standardError)),
+                  loss.torvel);
+        const std::vector<std::string> messages = messagesOfLog(outcome.log.value_or(""));
+        if (loss.message.empty()) {
+            EXPECT_TRUE(messages.empty()) << loss.brannic << ": " << messages.front();
+        } else {
+            EXPECT_EQ(messages, std::vector<std::string>{loss.message}) << loss.brannic;
+        }
+    }
 }
 
 TEST(LimitsPage, HasRows) {
