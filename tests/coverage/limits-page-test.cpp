@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "src/app/command.h"
+#include "tests/coverage/page-tables.h"
 #include "tests/support/case-file.h"
 #include "tests/support/case-run.h"
 #include "tests/support/escapes.h"
@@ -33,42 +34,12 @@ struct PageRow {
     std::string test;
 };
 
-/// A cell without its backquotes.
-std::string unquoted(std::string_view cell) {
-    if (cell.size() >= 2 && cell.starts_with('`') && cell.ends_with('`')) {
-        cell = cell.substr(1, cell.size() - 2);
-    }
-    return std::string(cell);
-}
-
-std::vector<std::string> cellsOf(std::string_view line) {
-    std::vector<std::string> cells;
-    line.remove_prefix(1);
-    for (std::size_t end = line.find('|'); end != std::string_view::npos; end = line.find('|')) {
-        const std::size_t first = std::min(line.find_first_not_of(' '), end);
-        const std::size_t last = line.find_last_not_of(' ', end - 1);
-        cells.emplace_back(first == end ? "" : line.substr(first, last + 1 - first));
-        line.remove_prefix(end + 1);
-    }
-    return cells;
-}
-
 std::vector<PageRow> readRows() {
     std::vector<PageRow> rows;
-    const std::string page = readFile(root / "docs/limits.md");
-    bool isInTable = false;
-    for (const std::string_view line : splitLines(page)) {
-        if (!line.starts_with('|')) {
-            isInTable = false;
-        } else if (line == "| input | what happens | status | message | test |") {
-            isInTable = true;
-        } else if (isInTable && !line.starts_with("|-")) {
-            const std::vector<std::string> cells = cellsOf(line);
-            if (cells.size() != 5) {
-                throw std::runtime_error("not five cells: " + std::string(line));
-            }
-            rows.push_back({cells[0], cells[2], unquoted(cells[3]), unquoted(cells[4])});
-        }
+    for (const std::vector<std::string>& cells :
+         tableRows(readFile(root / "docs/limits.md"),
+                   "| input | what happens | status | message | test |")) {
+        rows.push_back({cells[0], cells[2], unquoted(cells[3]), unquoted(cells[4])});
     }
     return rows;
 }
@@ -148,33 +119,11 @@ struct Loss {
     std::string message;
 };
 
-/// Stands for a bar inside a cell while rows are cut.
-constexpr const char* bar = "\x01";
-
-/// The lines of a cell: what stands in backquotes, joined by line feeds.
-std::string linesOfCell(const std::string& cell) {
-    return unquoted(replaceAll(replaceAll(cell, "`<br>`", "\n"), bar, "|"));
-}
-
 std::vector<Loss> readLosses() {
-    const std::string page = replaceAll(readFile(root / "docs/limits.md"), "\\|", bar);
     std::vector<Loss> losses;
-    bool isInTable = false;
-    for (const std::string_view line : splitLines(page)) {
-        if (!line.starts_with('|')) {
-            isInTable = false;
-        } else if (line == "| Brannic | Torvel | message |") {
-            isInTable = true;
-        } else if (isInTable && !line.starts_with("|-")) {
-            std::vector<std::string> cells = cellsOf(line);
-            if (cells.size() != 3) {
-                throw std::runtime_error("not three cells: " + std::string(line));
-            }
-            for (std::string& cell : cells) {
-                cell = linesOfCell(cell);
-            }
-            losses.push_back({cells[0], cells[1], cells[2]});
-        }
+    for (const std::vector<std::string>& cells :
+         tableRows(readFile(root / "docs/limits.md"), "| Brannic | Torvel | message |")) {
+        losses.push_back({linesOfCell(cells[0]), linesOfCell(cells[1]), cells[2]});
     }
     return losses;
 }
