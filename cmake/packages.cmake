@@ -1,5 +1,12 @@
-# What is given away: script/package makes the packages of the presets "release" and "windows".
+# What is given away: script/package makes the packages of the presets "release" and "windows" from what is
+# installed here.
 include(GNUInstallDirs)
+
+# The program is the same wherever it is built.
+if(NOT MSVC)
+    target_compile_options(torvel_options INTERFACE
+                           "$<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>")
+endif()
 
 # Notices of what becomes part of the program, from the Debian packages that it comes from.
 string(REGEX MATCH "^[0-9]+" compiler_version "${CMAKE_CXX_COMPILER_VERSION}")
@@ -31,7 +38,18 @@ install(TARGETS BrannicToTorvel64 RUNTIME DESTINATION ${program_directory})
 install(FILES README.md DESTINATION ${document_directory})
 install(DIRECTORY docs examples DESTINATION ${document_directory}
         FILES_MATCHING PATTERN "*.md" PATTERN "*.pgm" PATTERN "*.xml")
-if(NOT WIN32)
+if(WIN32)
+    # Texts for the editors and the command interpreter of Windows.
+    set(text_directory "${PROJECT_BINARY_DIR}/packaging")
+    configure_file(packaging/windows/README.txt "${text_directory}/README.txt"
+                   @ONLY NEWLINE_STYLE CRLF)
+    configure_file(packaging/windows/convert.cmd "${text_directory}/convert.cmd"
+                   @ONLY NEWLINE_STYLE CRLF)
+    configure_file(LICENSE "${text_directory}/LICENSE.txt" @ONLY NEWLINE_STYLE CRLF)
+    install(FILES "${text_directory}/README.txt" "${text_directory}/convert.cmd"
+            "${text_directory}/LICENSE.txt" DESTINATION .)
+else()
+    install(FILES LICENSE DESTINATION ${document_directory})
     find_program(GZIP gzip)
     set(manual_page "${PROJECT_BINARY_DIR}/BrannicToTorvel64.1.gz")
     add_custom_command(
@@ -42,23 +60,3 @@ if(NOT WIN32)
     add_custom_target(manual ALL DEPENDS "${manual_page}")
     install(FILES "${manual_page}" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endif()
-
-set(CPACK_PACKAGE_NAME ${PROJECT_NAME})
-set(CPACK_PACKAGE_VENDOR "The BrannicToTorvel64 maintainers")
-set(CPACK_PACKAGE_CONTACT "The BrannicToTorvel64 maintainers <maintainers@brannictotorvel64.invalid>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Converts Brannic programs to Torvel")
-set(CPACK_STRIP_FILES ON)
-if(WIN32)
-    set(CPACK_GENERATOR ZIP)
-    set(CPACK_PACKAGE_FILE_NAME ${PROJECT_NAME}-${PROJECT_VERSION}-windows-x64)
-else()
-    set(CPACK_GENERATOR TGZ DEB)
-    set(CPACK_PACKAGE_FILE_NAME ${PROJECT_NAME}-${PROJECT_VERSION}-linux-${CMAKE_SYSTEM_PROCESSOR})
-    set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-    set(CPACK_DEBIAN_PACKAGE_NAME brannictotorvel64)
-    set(CPACK_DEBIAN_PACKAGE_SECTION utils)
-    if(NOT TARGET tinyxml2_static)
-        set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-    endif()
-endif()
-include(CPack)
