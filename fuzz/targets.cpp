@@ -101,6 +101,7 @@ Limits lowLimits() {
     limits.includeDepth = 6;
     limits.includedFiles = 24;
     limits.defineExpansion = 2048;
+    limits.composedValue = 64;
     limits.lineExpansion = 2048;
     limits.programText = std::uint64_t{1} << 16U;
     limits.expressionNesting = 64;

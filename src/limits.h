@@ -5,8 +5,8 @@
 
 namespace torvel {
 
-/// Bounds of one run. They keep hostile or broken programs from exhausting the machine; each ends in
-/// a message of its own. docs/limits.md tells users about them; tests lower them.
+/// Bounds of one run. They keep hostile or broken programs from exhausting the machine; each but
+/// composedValue ends in a message of its own. docs/limits.md tells users about them; tests lower them.
 struct Limits {
     /// Files open at once through `#include`, the program file counted.
     unsigned includeDepth = 31;
@@ -14,6 +14,9 @@ struct Limits {
     std::uint32_t includedFiles = 100'000;
     /// Bytes of one define's expansion.
     std::size_t defineExpansion = std::size_t{1} << 20U;
+    /// Bytes of a define's value that holds other defines, if it is to be kept as a define of Torvel: to judge
+    /// such a value it has to be put together. A longer one is not kept, and there is no message.
+    std::size_t composedValue = std::size_t{1} << 12U;
     /// Bytes that defines put into one line.
     std::size_t lineExpansion = std::size_t{1} << 20U;
     /// Bytes of the program with everything it includes.

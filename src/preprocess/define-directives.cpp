@@ -48,19 +48,19 @@ std::string textOf(const Preprocessing& run, const Defines::Cut& cut) {
     return text;
 }
 
-/// An axis name with more blanks around it than this is not taken for one.
-constexpr std::size_t blanksAroundAxis = 1024;
-
-/// The kind and Torvel text of a value; nothing if Torvel cannot keep it. A value that is one use of a
-/// preserved define is of that define's kind.
-std::optional<Classification> classify(Preprocessing& run, Defines::Cut& cut) {
+/// The kind and Torvel text of `value`, which the names of defines have cut into `cut`; nothing if Torvel
+/// cannot keep it. A value that is one use of a preserved define is of that define's kind. Any other with
+/// names in it is put together to be judged, so there is a limit for it.
+std::optional<Classification> classify(const Preprocessing& run, TextSpan value, bool hasNames,
+                                       const Defines::Cut& cut) {
+    if (!hasNames) {
+        return classifyDefine(run.program.text.view(value), run.axes);
+    }
     if (cut.pieces.size() == 1 && cut.pieces[0].kind == Piece::Kind::define) {
         const Token& alias = cut.pieces[0].token;
         return Classification{alias.type, std::string(run.program.valueOf(alias))};
     }
-    const bool mayBeAxis =
-        cut.plainBytes + cut.insertedBytes <= run.axes.longestName() + blanksAroundAxis;
-    if (!mayBeAxis && !isKept(run.defines.examine(cut))) {
+    if (cut.plainBytes + cut.insertedBytes > run.limits.composedValue) {
         return std::nullopt;
     }
     const std::string text = textOf(run, cut);
@@ -74,7 +74,7 @@ void runDefine(Preprocessing& run, DirectiveLine& directive) {
     const DirectiveLine::Body body = directive.readBody();
 
     Defines::Cut& cut = run.defineCut;
-    substitute(run, body.text, cut);
+    const bool hasNames = substitute(run, body.text, cut);
     const std::uint64_t bytes = cut.plainBytes + cut.insertedBytes;
     if (bytes > run.limits.defineExpansion) {
         failAt(directive.position(), Message::ExpansionTooLarge);
@@ -83,7 +83,7 @@ void runDefine(Preprocessing& run, DirectiveLine& directive) {
     const std::string head = "#define " + std::string(name);
     Expansion expansion;
     std::string kept;
-    if (const auto preserved = classify(run, cut)) {
+    if (const auto preserved = classify(run, body.text, hasNames, cut)) {
         const TextSpan nameText = run.program.text.add(name);
         expansion = run.defines.keepDefine(preserved->type,
                                            {nameText, run.program.text.add(preserved->value)});

@@ -18,8 +18,6 @@ struct Expansion {
     std::uint32_t firstPiece = 0;
     std::uint32_t pieceCount = 0;
     std::uint32_t bytes = 0;
-    /// The number of its ValuePart.
-    std::uint32_t part = 0;
 };
 
 /// The lengths of names by the two bytes that they begin with, bit n for n bytes: which spans are

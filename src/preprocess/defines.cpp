@@ -281,8 +281,7 @@ bool Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames
     const auto keepPlain = [&](std::size_t end) {
         if (end > plainStart) {
             cut.pieces.push_back({Piece::Kind::plain,
-                                  {TokenType::INVALID, text.part(plainStart, end - plainStart)},
-                                  0});
+                                  {TokenType::INVALID, text.part(plainStart, end - plainStart)}});
             cut.plainBytes += end - plainStart;
         }
     };
@@ -294,8 +293,7 @@ bool Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames
         } else if (expansion.pieceCount > 1) {
             cut.pieces.push_back(
                 {Piece::Kind::expansion,
-                 {TokenType::INVALID, {expansion.firstPiece, expansion.pieceCount}},
-                 expansion.part});
+                 {TokenType::INVALID, {expansion.firstPiece, expansion.pieceCount}}});
         }
         cut.insertedBytes += expansion.bytes;
         at += match.length;
@@ -305,34 +303,16 @@ bool Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames
     return true;
 }
 
-std::uint32_t Defines::addPart(const ValuePart& part) {
-    parts_.push_back(part);
-    return static_cast<std::uint32_t>(parts_.size() - 1);
-}
-
-ValuePart Defines::examine(Cut& cut) {
-    ValuePart whole = examineValue({});
-    for (Piece& piece : cut.pieces) {
-        if (piece.part == 0) {
-            piece.part = addPart(examineValue(program_.text.view(piece.token.text)));
-        }
-        appendPart(whole, parts_[piece.part]);
-    }
-    return whole;
-}
-
-Expansion Defines::keep(Cut& cut, std::uint32_t bytes) {
-    const auto part = addPart(examine(cut));
+Expansion Defines::keep(const Cut& cut, std::uint32_t bytes) {
     const auto first = static_cast<std::uint32_t>(pieces_.size());
     pieces_.insert(pieces_.end(), cut.pieces.begin(), cut.pieces.end());
-    return {first, static_cast<std::uint32_t>(cut.pieces.size()), bytes, part};
+    return {first, static_cast<std::uint32_t>(cut.pieces.size()), bytes};
 }
 
 Expansion Defines::keepDefine(TokenType type, const DefineTexts& texts) {
-    const auto part = addPart(examineValue(program_.text.view(texts.value)));
     const auto first = static_cast<std::uint32_t>(pieces_.size());
-    pieces_.push_back({Piece::Kind::define, makeDefineToken(program_, type, texts), part});
-    return {first, 1, std::max(texts.value.length, std::uint32_t{1}), part};
+    pieces_.push_back({Piece::Kind::define, makeDefineToken(program_, type, texts)});
+    return {first, 1, std::max(texts.value.length, std::uint32_t{1})};
 }
 
 bool Defines::isDefined(std::string_view name) const {

@@ -7,7 +7,6 @@
 #include "src/lex/program.h"
 #include "src/preprocess/define-table.h"
 #include "src/preprocess/predefined-constants.h"
-#include "src/preprocess/value-part.h"
 
 namespace torvel {
 
@@ -20,8 +19,6 @@ struct Piece {
     };
     Kind kind = Kind::plain;
     Token token;
-    /// The number of its ValuePart; 0: not known, plain text of the line or value at hand.
-    std::uint32_t part = 0;
 };
 
 /// Everything that names stand for in one run: the program's own defines and the predefined constants,
@@ -54,18 +51,14 @@ public:
     static Cut wholeText(TextSpan text) {
         Cut cut;
         if (!text.empty()) {
-            cut.pieces.push_back({Piece::Kind::plain, {TokenType::INVALID, text}, 0});
+            cut.pieces.push_back({Piece::Kind::plain, {TokenType::INVALID, text}});
             cut.plainBytes = text.length;
         }
         return cut;
     }
 
-    /// What the text of a define's value is, its names replaced. Takes time in proportion to the value as
-    /// it is written.
-    ValuePart examine(Cut& cut);
-
     /// Keeps a cut text as what a name stands for. `bytes` is its size in a line.
-    Expansion keep(Cut& cut, std::uint32_t bytes);
+    Expansion keep(const Cut& cut, std::uint32_t bytes);
 
     /// The expansion that is one preserved define.
     Expansion keepDefine(TokenType type, const DefineTexts& texts);
@@ -80,7 +73,6 @@ public:
     bool isMacro(std::string_view name) const;
 
 private:
-    std::uint32_t addPart(const ValuePart& part);
     const Expansion* find(std::string_view name, std::uint64_t hash, std::size_t rowLimit,
                           bool withProgramNames);
     const Expansion& predefinedExpansion(std::size_t row);
@@ -96,7 +88,6 @@ private:
     const PredefinedTable& predefined_;
     DefineTable table_;
     std::vector<Piece> pieces_;
-    std::vector<ValuePart> parts_ = {{}};
     /// Expansions of the predefined constants that were met, by row.
     struct PredefinedExpansion {
         bool made = false;

@@ -47,10 +47,12 @@ std::size_t macroCallLength(Preprocessing& run, std::string_view code) {
 
 }  // namespace
 
-void substitute(Preprocessing& run, TextSpan text, Defines::Cut& cut) {
-    if (!run.substitutes || !run.defines.substitute(text, cut)) {
-        cut = Defines::wholeText(text);
+bool substitute(Preprocessing& run, TextSpan text, Defines::Cut& cut) {
+    if (run.substitutes && run.defines.substitute(text, cut)) {
+        return true;
     }
+    cut = Defines::wholeText(text);
+    return false;
 }
 
 void prepareLine(Preprocessing& run, LineList& list, const ScannedLine& line,

@@ -54,9 +54,9 @@ struct Preprocessing {
 /// Reads a file and appends its lines, with those of the files it includes. `path` is as written.
 void preprocessFile(Preprocessing& run, std::string_view path, const SourcePosition& includedFrom);
 
-/// Cuts `text` at the names of defines. Without a name, and with the substitution switched off, it stays
-/// one piece.
-void substitute(Preprocessing& run, TextSpan text, Defines::Cut& cut);
+/// Cuts `text` at the names of defines. False: it stays one piece, since it holds no name or substitution
+/// is switched off.
+bool substitute(Preprocessing& run, TextSpan text, Defines::Cut& cut);
 
 /// Appends a line without tokens.
 void appendLine(LineList& list, const SourcePosition& position, TextSpan text, TextSpan comment);

@@ -118,6 +118,8 @@ void setLimit(Limits& limits, const std::string& name, const std::string& value)
         limits.includedFiles = static_cast<std::uint32_t>(number);
     } else if (name == "defineExpansion") {
         limits.defineExpansion = static_cast<std::size_t>(number);
+    } else if (name == "composedValue") {
+        limits.composedValue = static_cast<std::size_t>(number);
     } else if (name == "lineExpansion") {
         limits.lineExpansion = static_cast<std::size_t>(number);
     } else if (name == "programText") {

@@ -5,7 +5,6 @@
 #include "src/lex/parse-exception.h"
 #include "src/preprocess/classification.h"
 #include "src/preprocess/preprocessor.h"
-#include "src/preprocess/value-part.h"
 #include "tests/support/program-text.h"
 #include "tests/support/table.h"
 #include "tests/support/temporary-directory.h"
@@ -34,18 +33,8 @@ std::string preprocess(const std::string& content) {
     return printed;
 }
 
-/// Whether the parts into which the value can be cut agree with the classification as a whole.
-void checkParts(const std::string& value, bool isKeptWhole) {
-    for (std::size_t cut = 0; cut <= value.size(); ++cut) {
-        ValuePart part = examineValue(std::string_view(value).substr(0, cut));
-        appendPart(part, examineValue(std::string_view(value).substr(cut)));
-        EXPECT_EQ(isKept(part), isKeptWhole) << value << ", cut at " << cut;
-    }
-}
-
 std::string classify(const std::string& value) {
     const std::optional<Classification> result = classifyDefine(value, AxisNames());
-    checkParts(value, result && result->type != TokenType::AXIS_DEFINE);
     return result ? std::to_string(static_cast<unsigned>(result->type)) + " " + result->value
                   : "none";
 }
