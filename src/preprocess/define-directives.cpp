@@ -22,10 +22,8 @@ std::string joinWords(std::string_view first, std::string_view second) {
     return joined;
 }
 
-/// A directive that cannot be converted: every line behind the prefix, and " \" behind every line but the
-/// last.
-std::string unconvertedText(std::string_view text) {
-    constexpr std::string_view prefix = "#error_unconvertible ";
+/// A directive as it is kept: `prefix` in front of every line, and " \" behind every line but the last.
+std::string keptText(std::string_view text, std::string_view prefix = {}) {
     std::string kept(prefix);
     for (char c : text) {
         if (c == '\n') {
@@ -36,6 +34,11 @@ std::string unconvertedText(std::string_view text) {
         }
     }
     return kept;
+}
+
+/// A directive that cannot be converted.
+std::string unconvertedText(std::string_view text) {
+    return keptText(text, "#error_unconvertible ");
 }
 
 /// The value as text: a preserved define in it counts with its own value.
@@ -87,7 +90,7 @@ void runDefine(Preprocessing& run, DirectiveLine& directive) {
         const TextSpan nameText = run.program.text.add(name);
         expansion = run.defines.keepDefine(preserved->type,
                                            {nameText, run.program.text.add(preserved->value)});
-        kept = head + " " + preserved->value;
+        kept = keptText(joinWords(head, preserved->value));
     } else {
         expansion = run.defines.keep(cut, static_cast<std::uint32_t>(bytes));
         kept = unconvertedText(joinWords(head, run.program.text.view(body.text)));
