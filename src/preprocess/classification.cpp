@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "src/lex/characters.h"
+#include "src/lex/keywords.h"
 
 namespace torvel {
 
@@ -68,7 +69,8 @@ Result classifyGlobal(TokenType type, std::string_view array, std::string_view r
     return Classification{type, std::string(array) + "[" + index + "]"};
 }
 
-/// A "$" and letters.
+/// A "$" and letters. A word that has a meaning of its own ($DO, $PGLOB) is no variable of the program: where
+/// it is used, it needs what follows it.
 Result classifyVariable(std::string_view value) {
     const std::size_t letters = runOf(value.substr(1), isLetter);
     if (letters == 0) {
@@ -83,7 +85,7 @@ Result classifyVariable(std::string_view value) {
     if (word == "STRGLOB") {
         return classifyGlobal(TokenType::GLOBAL_STRING_DEFINE, "$sglobal", rest);
     }
-    if (!rest.empty()) {
+    if (!rest.empty() || variableKind(value) != TokenType::VARIABLE) {
         return std::nullopt;
     }
     return Classification{TokenType::PROGRAM_VARIABLE_DEFINE, std::string(value)};
