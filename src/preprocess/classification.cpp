@@ -48,7 +48,7 @@ Result classifyNumber(std::string_view value) {
 }
 
 /// $GLOB3, $GLOBAL[I], $STRGLOB2[I]: `rest` is what follows the word. Both a number behind the word
-/// and brackets make an index that is their sum.
+/// and brackets make an index that is their sum; what binds looser than "+" is put in parentheses.
 Result classifyGlobal(TokenType type, std::string_view array, std::string_view rest) {
     const std::size_t digitCount = runOf(rest, isDigit);
     std::string index(rest.substr(0, digitCount));
@@ -58,10 +58,14 @@ Result classifyGlobal(TokenType type, std::string_view array, std::string_view r
             bracket.find(']') != bracket.size() - 1) {
             return std::nullopt;
         }
-        if (!index.empty()) {
-            index += " + ";
+        const std::string text(bracket.substr(1, bracket.size() - 2));
+        if (index.empty()) {
+            index = text;
+        } else if (text.find_first_of("<>=&|^") == std::string::npos) {
+            index += " + " + text;
+        } else {
+            index += " + (" + text + ')';
         }
-        index += bracket.substr(1, bracket.size() - 2);
     }
     if (index.empty()) {
         return std::nullopt;
