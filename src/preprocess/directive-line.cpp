@@ -131,6 +131,9 @@ DirectiveLine::Body DirectiveLine::readBody() {
             comments += added;
         }
     }
+    if (inString) {
+        fail(Message::StringNotTerminated);
+    }
     if (isJoined) {
         joined += code_.substr(lineStart);
         body = {run_.program.text.add(joined), run_.program.text.add(comments)};
