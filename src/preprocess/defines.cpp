@@ -217,28 +217,28 @@ private:
     std::size_t windowsEnd_ = 0;
 };
 
+/// What the program has made of `name`, a branch that was not taken if nothing else; null: nothing.
+const DefineTable::Entry* Defines::findInProgram(std::string_view name, std::uint64_t hash) const {
+    const DefineTable::Entry* entry = table_.find(name, hash);
+    if (entry != nullptr &&
+        !(entry->kind == DefineTable::Kind::undefined && table_.isProgramWide(*entry))) {
+        return entry;
+    }
+    const DefineTable::Entry* untaken = table_.findUntaken(name, hash);
+    return untaken != nullptr ? untaken : entry;
+}
+
 /// What `name` stands for: the program's names first, then the predefined ones in front of row
-/// `rowLimit`, then those of branches that were not taken.
+/// `rowLimit`.
 const Expansion* Defines::find(std::string_view name, std::uint64_t hash, std::size_t rowLimit,
                                bool withProgramNames) {
-    const auto expansionOf = [](const DefineTable::Entry* entry) {
-        return entry->kind == DefineTable::Kind::define ? &entry->expansion : nullptr;
-    };
     if (withProgramNames) {
-        if (const DefineTable::Entry* entry = table_.find(name, hash)) {
-            if (entry->kind == DefineTable::Kind::undefined && table_.isProgramWide(*entry)) {
-                entry = table_.findUntaken(name, hash);
-            }
-            return entry == nullptr ? nullptr : expansionOf(entry);
+        if (const DefineTable::Entry* entry = findInProgram(name, hash)) {
+            return entry->kind == DefineTable::Kind::define ? &entry->expansion : nullptr;
         }
     }
     if (const auto row = findPredefined(predefined_, name, hash); row && *row < rowLimit) {
         return &predefinedExpansion(*row);
-    }
-    if (withProgramNames) {
-        if (const DefineTable::Entry* entry = table_.findUntaken(name, hash)) {
-            return expansionOf(entry);
-        }
     }
     return nullptr;
 }
@@ -324,12 +324,7 @@ bool Defines::isDefined(std::string_view name) const {
 }
 
 bool Defines::isMacro(std::string_view name) const {
-    const std::uint64_t hash = hashText(name);
-    const DefineTable::Entry* entry = table_.find(name, hash);
-    if (entry == nullptr ||
-        (entry->kind == DefineTable::Kind::undefined && table_.isProgramWide(*entry))) {
-        entry = table_.findUntaken(name, hash);
-    }
+    const DefineTable::Entry* entry = findInProgram(name, hashText(name));
     return entry != nullptr && entry->kind == DefineTable::Kind::macro;
 }
 

@@ -73,6 +73,7 @@ public:
     bool isMacro(std::string_view name) const;
 
 private:
+    const DefineTable::Entry* findInProgram(std::string_view name, std::uint64_t hash) const;
     const Expansion* find(std::string_view name, std::uint64_t hash, std::size_t rowLimit,
                           bool withProgramNames);
     const Expansion& predefinedExpansion(std::size_t row);
