@@ -57,6 +57,7 @@ void substituting(benchmark::State& state, const std::vector<std::string>& names
     const TextSpan span = set.program.text.add(text);
     Defines::Cut cut;
     for (auto _ : state) {
+        cut.clear();
         set.defines.substitute(span, cut);
         benchmark::DoNotOptimize(cut.pieces.data());
     }

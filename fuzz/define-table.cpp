@@ -152,14 +152,9 @@ void checkDefineTable(const Target& /*target*/, std::string_view input) {
             const bool isActive = flag && !plain.isTaken();
             table.beginBranch(isActive);
             plain.begin(isActive);
-        } else if (operation < 15 && plain.hasFrames()) {
+        } else if (plain.hasFrames()) {
             table.closeScope();
             plain.close();
-        } else if (plain.hasFrames()) {
-            // As for the arguments of a macro.
-            table.openScope(true);
-            table.enter(name, Kind::undefined);
-            table.dropScope();
         }
         compareAll(plain, table);
     }

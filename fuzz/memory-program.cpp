@@ -46,7 +46,7 @@ void MemoryProgram::readLines() {
             continue;
         }
         if (!code.starts_with('#') || !runDirective(run_, splitter, inclusion, line)) {
-            prepareLine(run_, text_.program.list, line, {&inclusion, line.lineNumber});
+            prepareLine(run_, line, {&inclusion, line.lineNumber});
         }
     }
 }

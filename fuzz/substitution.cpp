@@ -23,7 +23,7 @@ std::string flatten(MemoryProgram& memory, const std::vector<Piece>& pieces) {
     std::string text;
     const Program& program = memory.program();
     memory.preprocessing().defines.visitPieces(pieces, [&](const Piece& piece) {
-        if (piece.kind == Piece::Kind::define) {
+        if (piece.kind == Piece::Kind::token) {
             text += '\x01' + std::string(program.textOf(piece.token)) + '\x02' +
                     std::string(program.valueOf(piece.token)) + '\x03';
         } else {
@@ -38,7 +38,7 @@ std::uint64_t countedBytes(MemoryProgram& memory, const std::vector<Piece>& piec
     std::uint64_t bytes = 0;
     const Program& program = memory.program();
     memory.preprocessing().defines.visitPieces(pieces, [&](const Piece& piece) {
-        bytes += piece.kind == Piece::Kind::define
+        bytes += piece.kind == Piece::Kind::token
                      ? std::max<std::size_t>(program.valueOf(piece.token).size(), 1)
                      : piece.token.text.length;
     });

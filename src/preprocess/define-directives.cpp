@@ -45,8 +45,8 @@ std::string unconvertedText(std::string_view text) {
 std::string textOf(const Preprocessing& run, const Defines::Cut& cut) {
     std::string text;
     run.defines.visitPieces(cut.pieces, [&](const Piece& piece) {
-        text += piece.kind == Piece::Kind::define ? run.program.valueOf(piece.token)
-                                                  : run.program.text.view(piece.token.text);
+        text += piece.kind == Piece::Kind::token ? run.program.valueOf(piece.token)
+                                                 : run.program.text.view(piece.token.text);
     });
     return text;
 }
@@ -59,7 +59,7 @@ std::optional<Classification> classify(const Preprocessing& run, TextSpan value,
     if (!hasNames) {
         return classifyDefine(run.program.text.view(value), run.axes);
     }
-    if (cut.pieces.size() == 1 && cut.pieces[0].kind == Piece::Kind::define) {
+    if (cut.pieces.size() == 1 && cut.pieces[0].kind == Piece::Kind::token) {
         const Token& alias = cut.pieces[0].token;
         return Classification{alias.type, std::string(run.program.valueOf(alias))};
     }
@@ -157,18 +157,13 @@ void runMacro(Preprocessing& run, DirectiveLine& directive) {
     macro.head = run.program.text.add(head);
     macro.unconverted = run.program.text.add(unconvertedText(joinWords(head, text)));
 
-    // In the body an argument is a variable, even where a define has its name.
-    run.defines.table().openScope(true);
-    for (const std::string_view argument : arguments) {
-        run.defines.table().enter(argument, DefineTable::Kind::undefined);
-    }
+    const std::unordered_set<std::string_view> variables(arguments.begin(), arguments.end());
     for (std::size_t start = 0; start <= text.size();) {
         const std::size_t end = std::min(text.find('\n', start), text.size());
         const TextSpan code = body.text.part(start, end - start);
-        prepareLine(run, macro.lines, {code, code, {}, 0}, directive.position());
+        prepareBodyLine(run, macro.lines, code, directive.position(), variables);
         start = end + 1;
     }
-    run.defines.table().dropScope();
 
     run.defines.table().enter(name, DefineTable::Kind::macro);
     appendDirectiveLine(run, directive.position(), directive.source(), body.comment,

@@ -158,12 +158,4 @@ void DefineTable::closeScope() {
     outer.insert(outer.end(), scope.names.begin(), scope.names.end());
 }
 
-void DefineTable::dropScope() {
-    Scope scope = std::move(scopes_.back());
-    scopes_.pop_back();
-    inactiveScopes_ -= scope.active ? 0 : 1;
-    scope.active = true;
-    takeOff(scope);
-}
-
 }  // namespace torvel

@@ -109,8 +109,6 @@ public:
     void beginBranch(bool active);
     /// Ends the innermost conditional; what it kept becomes the enclosing branch's.
     void closeScope();
-    /// Ends a scope and forgets what was entered in it.
-    void dropScope();
 
     /// The lengths of the table's names and of those found elsewhere.
     const NameLengths& lengths() const { return lengths_; }

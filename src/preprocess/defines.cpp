@@ -257,7 +257,7 @@ const Expansion& Defines::predefinedExpansion(std::size_t row) {
         } else {
             Cut cut;
             if (!cutText(value, row, false, cut)) {
-                cut = wholeText(value);
+                cut.addPlain(value);
             }
             expansion = keep(cut, static_cast<std::uint32_t>(cut.plainBytes + cut.insertedBytes));
         }
@@ -274,20 +274,10 @@ bool Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames
     if (match.expansion == nullptr) {
         return false;
     }
-    cut.pieces.clear();
-    cut.insertedBytes = 0;
-    cut.plainBytes = 0;
     std::size_t plainStart = 0;
-    const auto keepPlain = [&](std::size_t end) {
-        if (end > plainStart) {
-            cut.pieces.push_back({Piece::Kind::plain,
-                                  {TokenType::INVALID, text.part(plainStart, end - plainStart)}});
-            cut.plainBytes += end - plainStart;
-        }
-    };
     for (; match.expansion != nullptr; match = names.next(at)) {
         const Expansion expansion = *match.expansion;
-        keepPlain(at);
+        cut.addPlain(text.part(plainStart, at - plainStart));
         if (expansion.pieceCount == 1) {
             cut.pieces.push_back(pieces_[expansion.firstPiece]);
         } else if (expansion.pieceCount > 1) {
@@ -299,7 +289,7 @@ bool Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames
         at += match.length;
         plainStart = at;
     }
-    keepPlain(all.size());
+    cut.addPlain(text.part(plainStart, all.size() - plainStart));
     return true;
 }
 
@@ -311,7 +301,7 @@ Expansion Defines::keep(const Cut& cut, std::uint32_t bytes) {
 
 Expansion Defines::keepDefine(TokenType type, const DefineTexts& texts) {
     const auto first = static_cast<std::uint32_t>(pieces_.size());
-    pieces_.push_back({Piece::Kind::define, makeDefineToken(program_, type, texts)});
+    pieces_.push_back({Piece::Kind::token, makeDefineToken(program_, type, texts)});
     return {first, 1, std::max(texts.value.length, std::uint32_t{1})};
 }
 

@@ -13,8 +13,8 @@ namespace torvel {
 /// A part of substituted text.
 struct Piece {
     enum class Kind : std::uint8_t {
-        plain,      // token.text is text to be lexed
-        define,     // token stands for a preserved define
+        plain,  // token.text is text to be lexed
+        token,  // token as it stands: a preserved define, an argument of a macro, the name of a call
         expansion,  // token.text are the number of a first piece and a count
     };
     Kind kind = Kind::plain;
@@ -38,23 +38,26 @@ public:
         std::vector<Piece> pieces;
         std::uint64_t insertedBytes = 0;
         std::uint64_t plainBytes = 0;
+
+        void clear() {
+            pieces.clear();
+            insertedBytes = plainBytes = 0;
+        }
+        /// Appends a text in which no name is looked for.
+        void addPlain(TextSpan text) {
+            if (!text.empty()) {
+                pieces.push_back({Piece::Kind::plain, {TokenType::INVALID, text}});
+                plainBytes += text.length;
+            }
+        }
+        void addToken(const Token& token) { pieces.push_back({Piece::Kind::token, token}); }
     };
 
-    /// Cuts `text` into plain text and what the names in it stand for. Strings are plain text. A name
-    /// is looked for at every boundary between letters, digits and other characters; the longest
-    /// wins. False, and `cut` is left as it is: there is no name in it.
+    /// Cuts `text` into plain text and what the names in it stand for, and appends that to `cut`. Strings
+    /// are plain text. A name is looked for at every boundary between letters, digits and other
+    /// characters; the longest wins. False, and nothing is appended: there is no name in it.
     bool substitute(TextSpan text, Cut& cut) {
         return cutText(text, predefined_.rows.size(), true, cut);
-    }
-
-    /// A text that holds no name.
-    static Cut wholeText(TextSpan text) {
-        Cut cut;
-        if (!text.empty()) {
-            cut.pieces.push_back({Piece::Kind::plain, {TokenType::INVALID, text}});
-            cut.plainBytes = text.length;
-        }
-        return cut;
     }
 
     /// Keeps a cut text as what a name stands for. `bytes` is its size in a line.
@@ -63,7 +66,7 @@ public:
     /// The expansion that is one preserved define.
     Expansion keepDefine(TokenType type, const DefineTexts& texts);
 
-    /// Calls `visit` with every plain piece and every define of `pieces` in order.
+    /// Calls `visit` with every plain piece and every token of `pieces` in order.
     template <typename Visit>
     void visitPieces(const std::vector<Piece>& pieces, Visit visit) const;
 

@@ -1,9 +1,12 @@
 // An ordinary line becomes tokens: its code is cut at the names of defines, the plain text between
-// them is lexed, a preserved define is a token already. Line feeds in a define's value begin further
-// lines, which have the text and the position of the line that uses the define.
+// them is lexed, a preserved define is a token already. So are the name of a macro that the line calls, and
+// in the body of a macro its arguments: the texts in front of and behind them are cut by themselves. Line feeds
+// in a define's value begin further lines, which have the text and the position of the line that uses the
+// define.
 
 #include "src/lex/characters.h"
 #include "src/lex/lexer.h"
+#include "src/preprocess/macro-calls.h"
 #include "src/preprocess/preprocessing.h"
 
 namespace torvel {
@@ -32,55 +35,107 @@ void lexPiece(Preprocessing& run, LineList& list, TextSpan piece, const ScannedL
     lexPart(rest);
 }
 
-/// The length of the name if the line calls a macro: its first word is a macro's name and "(" follows.
-std::size_t macroCallLength(Preprocessing& run, std::string_view code) {
-    if (!run.substitutes || run.program.macros.empty()) {
-        return 0;
-    }
-    std::size_t length = 0;
-    while (length < code.size() && !isWhiteSpace(code[length]) && code[length] != '(') {
-        ++length;
-    }
-    const std::string_view rest = trimBlanks(code.substr(length));
-    return rest.starts_with('(') && run.defines.isMacro(code.substr(0, length)) ? length : 0;
-}
-
-}  // namespace
-
-bool substitute(Preprocessing& run, TextSpan text, Defines::Cut& cut) {
+/// Appends what the names of defines in `text` stand for, and the text between them. False: no name is in it,
+/// or substitution is switched off.
+bool addText(Preprocessing& run, TextSpan text, Defines::Cut& cut) {
     if (run.substitutes && run.defines.substitute(text, cut)) {
         return true;
     }
-    cut = Defines::wholeText(text);
+    cut.addPlain(text);
     return false;
 }
 
-void prepareLine(Preprocessing& run, LineList& list, const ScannedLine& line,
-                 const SourcePosition& position) {
-    appendLine(list, position, line.text, line.comment);
-    TextSpan code = line.code;
-    if (code.empty()) {
-        return;
-    }
-    if (const std::size_t name = macroCallLength(run, run.program.text.view(code)); name != 0) {
-        list.tokens.push_back({macroCallToken, code.part(0, name)});
-        code = code.part(name, code.length - name);
-    }
-    Defines::Cut& cut = run.lineCut;
-    if (!run.substitutes || !run.defines.substitute(code, cut)) {
-        lexLine(run.program, list, run.axes, code, position);
-        return;
-    }
+/// Appends the tokens of a line that was cut.
+void appendTokens(Preprocessing& run, LineList& list, const Defines::Cut& cut,
+                  const ScannedLine& line, const SourcePosition& position) {
     if (cut.insertedBytes > run.limits.lineExpansion) {
         failAt(position, Message::ExpansionTooLarge);
     }
     run.defines.visitPieces(cut.pieces, [&](const Piece& piece) {
-        if (piece.kind == Piece::Kind::define) {
+        if (piece.kind == Piece::Kind::token) {
             list.tokens.push_back(piece.token);
         } else {
             lexPiece(run, list, piece.token.text, line, position);
         }
     });
+}
+
+/// A macro's argument in a line of its body: a "$" and the letters, digits and "_" behind it.
+using Arguments = std::unordered_set<std::string_view>;
+
+/// The first word in `text` from `from` on, outside strings, that is one of the arguments.
+std::string_view nextArgument(std::string_view text, std::size_t from, const Arguments& arguments) {
+    bool inString = false;
+    for (std::size_t at = from; at < text.size(); ++at) {
+        inString = inString != (text[at] == '"');
+        if (text[at] == '$' && !inString) {
+            std::size_t end = at + 1;
+            while (end < text.size() && isWordCharacter(text[end])) {
+                ++end;
+            }
+            const std::string_view word = text.substr(at, end - at);
+            if (arguments.contains(word)) {
+                return word;
+            }
+        }
+    }
+    return text.substr(text.size());
+}
+
+}  // namespace
+
+bool substitute(Preprocessing& run, TextSpan text, Defines::Cut& cut) {
+    cut.clear();
+    return addText(run, text, cut);
+}
+
+void prepareLine(Preprocessing& run, const ScannedLine& line, const SourcePosition& position) {
+    LineList& list = run.program.list;
+    appendLine(list, position, line.text, line.comment);
+    const TextSpan code = line.code;
+    if (code.empty()) {
+        return;
+    }
+    Defines::Cut& cut = run.lineCut;
+    cut.clear();
+    const CallPlace call = findMacroCall(run, run.program.text.view(code));
+    if (call.length != 0) {
+        addText(run, code.part(0, call.start), cut);
+        cut.addToken({macroCallToken, code.part(call.start, call.length)});
+        const std::size_t end = call.start + call.length;
+        addText(run, code.part(end, code.length - end), cut);
+    } else if (!run.substitutes || !run.defines.substitute(code, cut)) {
+        lexLine(run.program, list, run.axes, code, position);
+        return;
+    }
+    appendTokens(run, list, cut, line, position);
+}
+
+void prepareBodyLine(Preprocessing& run, LineList& list, TextSpan code,
+                     const SourcePosition& position, const Arguments& arguments) {
+    appendLine(list, position, code, {});
+    const std::string_view text = run.program.text.view(code);
+    const auto placeOf = [&](std::string_view part) {
+        return static_cast<std::size_t>(part.data() - text.data());
+    };
+    Defines::Cut& cut = run.lineCut;
+    cut.clear();
+    std::size_t done = 0;
+    std::string_view argument = nextArgument(text, 0, arguments);
+    // The name of a macro has no argument in it.
+    const CallPlace call = findMacroCall(run, text.substr(0, placeOf(argument)));
+    if (call.length != 0) {
+        addText(run, code.part(0, call.start), cut);
+        cut.addToken({macroCallToken, code.part(call.start, call.length)});
+        done = call.start + call.length;
+    }
+    for (; !argument.empty(); argument = nextArgument(text, done, arguments)) {
+        addText(run, code.part(done, placeOf(argument) - done), cut);
+        cut.addToken({TokenType::VARIABLE, code.part(placeOf(argument), argument.size())});
+        done = placeOf(argument) + argument.size();
+    }
+    addText(run, code.part(done, code.length - done), cut);
+    appendTokens(run, list, cut, {code, code, {}, 0}, position);
 }
 
 }  // namespace torvel

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "src/lex/axis-names.h"
@@ -67,8 +68,13 @@ void appendDirectiveLine(Preprocessing& run, const SourcePosition& position, Tex
 
 /// Appends an ordinary line: its code with the defines substituted, cut into tokens. A define of
 /// several lines makes further lines.
-void prepareLine(Preprocessing& run, LineList& list, const ScannedLine& line,
-                 const SourcePosition& position);
+void prepareLine(Preprocessing& run, const ScannedLine& line, const SourcePosition& position);
+
+/// Appends a line of a macro's body to `list`: as an ordinary line, but that its words which are
+/// `arguments` of the macro are variables.
+void prepareBodyLine(Preprocessing& run, LineList& list, TextSpan code,
+                     const SourcePosition& position,
+                     const std::unordered_set<std::string_view>& arguments);
 
 /// Carries out the directive that begins `line`; its body may take further lines from `splitter`.
 /// False if the line begins with "#" but is no directive of the preprocessor.

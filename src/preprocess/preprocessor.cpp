@@ -15,7 +15,7 @@ SourcePosition preprocessLines(Preprocessing& run, const Inclusion& inclusion) {
         while (splitter.next(line)) {
             const std::string_view code = run.program.text.view(line.code);
             if (!code.starts_with('#') || !runDirective(run, splitter, inclusion, line)) {
-                prepareLine(run, run.program.list, line, {&inclusion, line.lineNumber});
+                prepareLine(run, line, {&inclusion, line.lineNumber});
             }
         }
     } catch (const TextStoreFull&) {

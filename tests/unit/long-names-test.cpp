@@ -59,11 +59,11 @@ std::string substituted(const std::string& text, const std::set<std::string>& na
     const TextSpan span = program.text.add(text);
     Defines::Cut cut;
     if (!defines.substitute(span, cut)) {
-        cut = Defines::wholeText(span);
+        cut.addPlain(span);
     }
     std::string result;
     defines.visitPieces(cut.pieces, [&](const Piece& piece) {
-        if (piece.kind == Piece::Kind::define) {
+        if (piece.kind == Piece::Kind::token) {
             result += "<" + std::string(program.textOf(piece.token)) + ">";
         } else {
             result += program.text.view(piece.token.text);
