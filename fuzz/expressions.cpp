@@ -2,6 +2,8 @@
 
 #include "src/expr/expressions.h"
 
+#include <algorithm>
+
 #include "fuzz/brackets.h"
 #include "fuzz/memory-program.h"
 #include "fuzz/require.h"
@@ -72,9 +74,10 @@ void checkInParentheses(MemoryProgram& memory, const Limits& limits,
 
 /// Whether a line stands for a directive or calls a macro: no expression begins so.
 bool isOfPreprocessor(std::span<const Token> tokens) {
-    return !tokens.empty() &&
-           (tokens[0].type == TokenType::CONVERSION_TEXT ||
-            tokens[0].type == macroDefinitionToken || tokens[0].type == macroCallToken);
+    return std::any_of(tokens.begin(), tokens.end(), [](const Token& token) {
+        return token.type == TokenType::CONVERSION_TEXT || token.type == macroDefinitionToken ||
+               token.type == macroCallToken;
+    });
 }
 
 }  // namespace

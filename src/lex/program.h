@@ -22,12 +22,13 @@ struct Token {
 };
 static_assert(sizeof(Token) == 12);
 
-// Two kinds that the preprocessor makes beside those of token-kinds.def. They lead a line that is
+// Two kinds that the preprocessor makes beside those of token-kinds.def. They lead a statement that is
 // converted as a whole, so no message ever names them.
 
 /// Stands for a `#macro`; its text's offset is the number of the macro in the program.
 inline constexpr TokenType macroDefinitionToken{tokenTypeCount};
-/// The name of a macro that the line calls.
+/// The name of a macro that the line calls. What stands in front of it is what convertStatement() takes off
+/// a line before the statement: a block delete, a label, an N-code.
 inline constexpr TokenType macroCallToken{tokenTypeCount + 1};
 
 /// The two texts of a preserved define: its name (for a predefined constant its value) and the

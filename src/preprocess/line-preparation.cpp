@@ -35,6 +35,11 @@ void lexPiece(Preprocessing& run, LineList& list, TextSpan piece, const ScannedL
     lexPart(rest);
 }
 
+/// The tokens of the line that is the last of `list`.
+std::span<const Token> lastLine(const LineList& list) {
+    return list.tokensOf(list.lines.size() - 1);
+}
+
 /// Appends what the names of defines in `text` stand for, and the text between them. False: no name is in it,
 /// or substitution is switched off.
 bool addText(Preprocessing& run, TextSpan text, Defines::Cut& cut) {
@@ -52,10 +57,13 @@ void appendTokens(Preprocessing& run, LineList& list, const Defines::Cut& cut,
         failAt(position, Message::ExpansionTooLarge);
     }
     run.defines.visitPieces(cut.pieces, [&](const Piece& piece) {
-        if (piece.kind == Piece::Kind::token) {
-            list.tokens.push_back(piece.token);
+        const Token& token = piece.token;
+        const bool isText = piece.kind != Piece::Kind::token ||
+                            (token.type == macroCallToken && !isCallPrologue(lastLine(list)));
+        if (isText) {
+            lexPiece(run, list, token.text, line, position);
         } else {
-            lexPiece(run, list, piece.token.text, line, position);
+            list.tokens.push_back(token);
         }
     });
 }

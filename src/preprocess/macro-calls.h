@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string_view>
 
+#include "src/lex/program.h"
 #include "src/preprocess/preprocessing.h"
 
 namespace torvel {
@@ -13,8 +15,12 @@ struct CallPlace {
     std::size_t length = 0;
 };
 
-/// A line calls a macro if its first word is the name of one and "(" follows. With substitution switched off no
-/// line does.
+/// A line calls a macro if its first word, at its front or behind a block delete, a label or an N-code, is the
+/// name of one and "(" follows. With substitution switched off no line does.
 CallPlace findMacroCall(const Preprocessing& run, std::string_view code);
+
+/// Whether a call may stand behind `tokens`: nothing, or a block delete, a label or an N-code. Defines can make
+/// something else of what was written there; the name is then a word like any other.
+bool isCallPrologue(std::span<const Token> tokens);
 
 }  // namespace torvel
