@@ -102,27 +102,32 @@ void runDefine(Preprocessing& run, DirectiveLine& directive) {
 
 namespace {
 
-/// ($a, $b): the arguments in order. "(" or "[" opens the list, ")" closes it.
-std::vector<std::string_view> readArguments(DirectiveLine& directive) {
+/// The arguments of a macro in order, and the same as a set.
+struct Arguments {
+    std::vector<std::string_view> list;
+    std::unordered_set<std::string_view> words;
+};
+
+/// ($a, $b): "(" or "[" opens the list, ")" closes it.
+Arguments readArguments(DirectiveLine& directive) {
     directive.skipBlanks();
     if (directive.atEnd() || (directive.current() != '(' && directive.current() != '[')) {
         directive.fail(Message::MacroArgumentListExpected);
     }
     directive.advance();
     directive.skipBlanks();
-    std::vector<std::string_view> arguments;
+    Arguments arguments;
     if (!directive.atEnd() && directive.current() == ')') {
         directive.advance();
         return arguments;
     }
-    std::unordered_set<std::string_view> seen;
     while (true) {
         directive.skipBlanks();
         if (directive.atEnd() || directive.current() != '$') {
             directive.fail(Message::MacroArgumentExpected);
         }
-        arguments.push_back(directive.readUntil(",)\\"));
-        if (!seen.insert(arguments.back()).second) {
+        arguments.list.push_back(directive.readUntil(",)\\"));
+        if (!arguments.words.insert(arguments.list.back()).second) {
             directive.fail(Message::MacroArgumentRepeated);
         }
         directive.skipBlanks();
@@ -141,13 +146,13 @@ std::vector<std::string_view> readArguments(DirectiveLine& directive) {
 
 void runMacro(Preprocessing& run, DirectiveLine& directive) {
     const std::string_view name = directive.readName("\\(");
-    const std::vector<std::string_view> arguments = readArguments(directive);
+    const Arguments arguments = readArguments(directive);
     const DirectiveLine::Body body = directive.readBody();
 
     std::string head = "#macro " + std::string(name) + "(";
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
+    for (std::size_t i = 0; i < arguments.list.size(); ++i) {
         head += i == 0 ? "" : ", ";
-        head += arguments[i];
+        head += arguments.list[i];
     }
     head += ')';
 
@@ -157,11 +162,10 @@ void runMacro(Preprocessing& run, DirectiveLine& directive) {
     macro.head = run.program.text.add(head);
     macro.unconverted = run.program.text.add(unconvertedText(joinWords(head, text)));
 
-    const std::unordered_set<std::string_view> variables(arguments.begin(), arguments.end());
     for (std::size_t start = 0; start <= text.size();) {
         const std::size_t end = std::min(text.find('\n', start), text.size());
         const TextSpan code = body.text.part(start, end - start);
-        prepareBodyLine(run, macro.lines, code, directive.position(), variables);
+        prepareBodyLine(run, macro.lines, code, directive.position(), arguments.words);
         start = end + 1;
     }
 
