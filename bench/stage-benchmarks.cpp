@@ -177,9 +177,9 @@ void expressions(benchmark::State& state) {
         MessageLog log;
         ConversionContext context{sample.program, sample.axes, sample.limits, log, {}};
         for (std::size_t line = 0; line + 1 < list.lines.size(); ++line) {
-            TokenCursor cursor(sample.program, list.tokensOf(line));
             out.clear();
-            translateExpression(context, cursor, out);
+            Statement statement{context, TokenCursor(sample.program, list.tokensOf(line)), out};
+            translateExpression(statement, out);
             benchmark::DoNotOptimize(out.data());
         }
         if (!log.empty()) {

@@ -30,9 +30,10 @@ Translated translate(MemoryProgram& memory, const Limits& limits, std::span<cons
                      Translate translator) {
     Translated result;
     ConversionContext context{memory.program(), memory.axes(), limits, result.log, {}};
-    TokenCursor cursor(memory.program(), tokens);
-    result.succeeded = translator(context, cursor, result.text);
-    result.tookAll = cursor.atEnd();
+    Statement statement{context, TokenCursor(memory.program(), tokens), result.text};
+    translator(statement, result.text);
+    result.succeeded = !statement.isRefused;
+    result.tookAll = statement.cursor.atEnd();
     require(context.nesting == 0, "an expression is left open");
     if (result.succeeded) {
         for (const ConversionMessage& message : result.log) {
@@ -49,12 +50,9 @@ Translated translate(MemoryProgram& memory, const Limits& limits, std::span<cons
     return result;
 }
 
-bool translateTarget(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    const auto target = translateAssignmentTarget(context, cursor);
-    if (target) {
-        out = target->text + (target->isCall ? "0)" : "");
-    }
-    return target.has_value();
+void translateTarget(Statement& statement, ExpressionText& out) {
+    const VariableReference target = translateAssignmentTarget(statement);
+    out = target.text + (target.isCall ? "0)" : "");
 }
 
 /// An expression may stand in parentheses, which are kept, unless it is nested as deeply as may be.

@@ -3,8 +3,11 @@
 #include "fuzz/families.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <iterator>
 
 #include "fuzz/words.h"
+#include "src/lex/characters.h"
 
 namespace torvel::fuzz {
 
@@ -12,59 +15,53 @@ namespace {
 
 enum class Place : std::uint8_t { lead, leadWithWord, inner };
 
+/// A keyword or word of a table, the file being its family's, and the pattern of what follows it.
 struct TableRow {
-    std::string_view family;
+    std::string_view file;
     TokenType type;
     Place place;
+    std::string_view pattern;
 };
 
 constexpr TableRow tableRows[] = {
-#define STATEMENT(token, convert) {FAMILY, TokenType::token, Place::lead},
-#define UNCHECKED(token, convert) {FAMILY, TokenType::token, Place::lead},
-#define FORM(token, pattern, text) {FAMILY, TokenType::token, Place::lead},
-#define FORM_ADVISED(token, pattern, text, message) {FAMILY, TokenType::token, Place::lead},
-#define REFUSED(token, message) {FAMILY, TokenType::token, Place::lead},
-#define BY_WORD(token, pattern) {FAMILY, TokenType::token, Place::leadWithWord},
-#define WORD(token, word, pattern, text) {FAMILY, TokenType::word, Place::inner},
-#define WORD_ADVISED(token, word, pattern, text, message) {FAMILY, TokenType::word, Place::inner},
-#define WORD_ROUTINE(token, word, convert) {FAMILY, TokenType::word, Place::inner},
-#define WORD_REFUSED(token, word, message) {FAMILY, TokenType::word, Place::inner},
-#define VALUE(token, message) {FAMILY, TokenType::token, Place::inner},
-#define FAMILY "data-collection"
-#include "src/stmt/data-collection.def"
-#undef FAMILY
-#define FAMILY "drive"
-#include "src/stmt/drive.def"
-#undef FAMILY
-#define FAMILY "galvo"
-#include "src/stmt/galvo.def"
-#undef FAMILY
-#define FAMILY "gcode"
-#include "src/stmt/gcode.def"
-#undef FAMILY
-#define FAMILY "motion"
-#include "src/stmt/motion.def"
-#undef FAMILY
-#define FAMILY "ramps"
-#include "src/stmt/ramps.def"
-#undef FAMILY
-#define FAMILY "tasks"
-#include "src/stmt/tasks.def"
-#undef FAMILY
-#define FAMILY "unsupported"
-#include "src/stmt/unsupported.def"
-#undef FAMILY
-#define FAMILY "values"
+#define LEAD(token, pattern) {__FILE__, TokenType::token, Place::lead, pattern},
+#define INNER(token, pattern) {__FILE__, TokenType::token, Place::inner, pattern},
+#define STATEMENT(token, convert) LEAD(token, "")
+#define UNCHECKED(token, convert) LEAD(token, "")
+#define FORM(token, pattern, text) LEAD(token, pattern)
+#define FORM_ADVISED(token, pattern, text, message) LEAD(token, pattern)
+#define REFUSED(token, message) LEAD(token, "")
+#define BY_WORD(token, lead) {__FILE__, TokenType::token, Place::leadWithWord, lead},
+#define WORD(token, word, pattern, text) INNER(word, pattern)
+#define WORD_ADVISED(token, word, pattern, text, message) INNER(word, pattern)
+#define WORD_ROUTINE(token, word, convert) INNER(word, "")
+#define WORD_REFUSED(token, word, message) INNER(word, "")
+#define OTHERWISE(token, pattern, text) INNER(INVALID, pattern)
+#define WORD_BY_WORD(token, word, lead) INNER(word, lead)
+#define SECOND(token, word, second, pattern, text) INNER(second, pattern)
+#define SECOND_ROUTINE(token, word, second, convert) INNER(second, "")
+#define SECOND_OTHERWISE(token, word, pattern, text) INNER(INVALID, pattern)
+#include "src/stmt/statements.def"
+#define VALUE(token, message) INNER(token, "")
+#define VALUE_FORM(token, pattern, text) INNER(token, pattern)
+#define VALUE_ROUTINE(token, translate) INNER(token, "")
+#define STRING_VALUE(token, message) INNER(token, "")
 #include "src/stmt/values.def"
-#undef FAMILY
+#undef LEAD
+#undef INNER
 };
 
-/// All leading tokens, for finding out whether one has been forgotten.
-constexpr TableRow allRows[] = {
-#define FAMILY \
-    {}
-#include "src/stmt/statements.def"
-#undef FAMILY
+/// A word or number of a set that patterns name.
+struct NamedOperand {
+    std::string_view set;
+    TokenType word = TokenType::INVALID;
+    std::string_view number;
+};
+
+constexpr NamedOperand namedOperands[] = {
+#define WORD_NAME(set, word, name) {#set, TokenType::word, {}},
+#define NUMBER_NAME(set, number, name) {#set, TokenType::INVALID, #number},
+#include "src/expr/named-operands.def"
 };
 
 constexpr std::string_view callbackWords[] = {
@@ -93,12 +90,8 @@ struct HandRow {
 // clang-format off
 constexpr HandRow handRows[] = {
     {"assignments",
-     "$v | $v[1] | $GLOBAL[1] | $GLOB2 | $TASK[1] | $INFO[1] | $RETURN | $BO[1] | $BI[1] | $RO[1] | $RI[1] | "
-     "$DO[1].X | $DI[1].X | $WO[1] | $WI[1] | $AO[1].X | $AI[1].X | $PORT[1] | $TASKINDEX | $PGLOBAL[1] | "
-     "$PAXIS[1].X | $PTASK[1].2 | $AXISSTATUS[1].X | $TASKSTATUS[1].2 | $SYSTEMSTATUS[1] | $STRGLOB[1] | "
-     "$STRGLOB2 | $STRTASK[1] | $APTGLOB[1] | $APTTASK[1] | VARD | GLOBD | GSTRD",
-     "= | ++ | -- | += | -= | *= | /= | |= | &= | <<= | >>= | [ | ] | . | CALLBACK | READPARMSTRING | "
-     "GETPARMSTRING | READCONFIGSTRING | NETWORK | ERRORDECODE"},
+     "$v[1] | $GLOB2 | $STRGLOB2",
+     "= | ++ | -- | += | -= | *= | /= | |= | &= | <<= | >>= | [ | ] | ."},
     {"axis-words",
      "PVT | PT | CW | CCW | POSOFFSET SET | RAMP RATE | RAMP TIME",
      "X1 | Y = 2 | Z($v) | I1 | J-1 | K(2) | R3 | TIME 1 | XF10 | AXD 3 | @1 4 | M3 | G4 | F5"},
@@ -110,25 +103,20 @@ constexpr HandRow handRows[] = {
      "$v = $AXISSTATUS[",
      ""},
     {"declarations",
-     "DVAR | DIM | DVARS",
+     "DIM",
      "$a | $b[3] | $c[2][2] | AS name | AS | = 1 | = \"text\" | , | VARD | [ | ]"},
-    {"drive",
-     "",
-     "SETPARM X, | MASTER | SLAVE | FAST | NONE | GET | SET | CLEAR | AXISGROUP | RUN"},
-    {"drive-memory",
-     "DSPMEM | $v = DSPMEM",
-     "INT32 | LONG | FLOAT | SINGLE | DOUBLE"},
     {"flow-control",
-     "IF | ELSE | ELSE IF | ELSEIF | ENDIF | FOR | NEXT | WHILE | ENDWHILE | DO | DO WHILE | LOOP | REPEAT | "
-     "ENDREPEAT | DFS | ENDDFS | END | END IF | END WHILE | END DFS | END SUB | GOTO | CALL | EXIT SUB | "
-     "RETURN | FARGOTO | FARCALL | ON | ONGOSUB",
+     "ELSE IF | DO WHILE | END IF | END WHILE | END DFS | END SUB | EXIT SUB",
      "THEN | GOTO | TO | STEP | DO | SUB | PROGRAM | = | name() | N10"},
     {"galvo",
      "",
-     "AUTO | CONFIG | COEFFICIENTS | AXES | PRIMARY | SECONDARY"},
+     "AXES | PRIMARY | SECONDARY"},
     {"gcode",
      "",
      "G2 X1 I2 J3 | G4 F1 | G09 | G010 | G[$v] | M[1] | N20 | X($v) | X = 1 | S($v) | AXD 1"},
+    {"joystick",
+     "",
+     "RUN | AXISGROUP | NONE"},
     {"labels",
      "name: | :name | N10 | / | /2 | /2/3 | // | %",
      "HOME X | : | / | N | 1 | name"},
@@ -137,20 +125,20 @@ constexpr HandRow handRows[] = {
      "$a | $b | \\\n | HOME X | IF $a | MOVEINC X $a $b | #nosubst | , | )"},
     {"motion",
      "",
-     "MODE | MOVEDONE | INPOS | AUTO | NOWAIT | CW | CCW | -1 | R | I1 | J1 | TIME"},
-    {"program-control",
-     "PROGRAM",
+     "NOWAIT | -1 | R | I1 | J1 | TIME"},
+    {"programs",
+     "",
      "START | STOP | PAUSE | RESET | RESTART | STEPINTO | STEPOVER | RUN | LOAD | ASSOCIATE | BUFFEREDRUN | "
      "\"path\""},
     {"ramps",
      "",
-     "DEPENDENT | ACCEL | DECEL | LINEAR | SINE | SCURVE | RATE | TIME | MODE | TYPE | X1 | Y = 2"},
-    {"tasks",
+     "DEPENDENT | ACCEL | DECEL | LINEAR | SINE | SCURVE | X1 | Y = 2"},
+    {"setparm",
      "",
-     "NORMAL | PERFORMANCE | RESET | VALUES | UPDATEINTERVAL | MODE | ONCE | RESUME | PAUSE | TYPE | AXES"},
+     "CountsPerUnit | $PAXIS[2] | 2"},
     {"values",
      "$v = | $STRGLOB[1] = | FILESIZE | FLASHPARAM | DRIVEINFO | TEST",
-     "FILESIZE | FLASHPARAM X GET | DBLTOSTR( | STRMID( | STRUPR( | STRLWR( | DSPMEM | CALLBACK | GET"},
+     "FLASHPARAM X GET | DBLTOSTR( | STRMID( | STRUPR( | STRLWR("},
 };
 // clang-format on
 
@@ -169,6 +157,47 @@ void append(std::vector<std::string>& list, const Words& words) {
     list.insert(list.end(), std::begin(words), std::end(words));
 }
 
+/// The words that a pattern names, and those of its sets.
+std::vector<std::string> wordsOfPattern(std::string_view pattern) {
+    std::vector<std::string> words;
+    std::string name;
+    for (const char c : std::string(pattern) + ' ') {
+        if (isLetter(c)) {
+            name += c;
+            continue;
+        }
+        if (!name.empty() && name.front() == upperCase(name.front())) {
+            words.push_back(name);
+        }
+        for (const NamedOperand& operand : namedOperands) {
+            if (operand.set == name) {
+                words.push_back(operand.number.empty() ? wordOf(operand.word)
+                                                       : std::string(operand.number));
+            }
+        }
+        name.clear();
+    }
+    return words;
+}
+
+void appendWord(Family& family, Place place, const std::string& word) {
+    (place == Place::inner ? family.words : family.leads).push_back(word);
+}
+
+void appendRow(std::vector<Family>& families, const TableRow& row) {
+    Family& family = familyNamed(families, std::filesystem::path(row.file).stem().string());
+    append(family.words, wordsOfPattern(row.pattern));
+    const std::string word = wordOf(row.type);
+    if (word.empty()) {
+        return;
+    }
+    appendWord(family, row.place, word);
+    if (row.place != Place::lead) {
+        // What all statements with a word have in common is a file of its own.
+        appendWord(familyNamed(families, "word-statements"), row.place, word);
+    }
+}
+
 }  // namespace
 
 std::vector<Family> statementFamilies() {
@@ -179,38 +208,11 @@ std::vector<Family> statementFamilies() {
         append(family.words, splitWords(row.words));
     }
     for (const TableRow& row : tableRows) {
-        const std::string word = wordOf(row.type);
-        Family& family = familyNamed(families, row.family);
-        (row.place == Place::inner ? family.words : family.leads).push_back(word);
-        // What all statements with a word have in common is a file of its own.
-        Family& byWord = familyNamed(families, "word-statements");
-        if (row.place == Place::leadWithWord) {
-            byWord.leads.push_back(word);
-        } else if (row.place == Place::inner) {
-            byWord.words.push_back(word);
-        }
+        appendRow(families, row);
     }
     append(familyNamed(families, "callbacks").words, callbackWords);
     append(familyNamed(families, "data-signals").words, dataItems);
     return families;
-}
-
-std::string keywordWithoutFamily() {
-    std::vector<std::string> leads;
-    for (const Family& family : statementFamilies()) {
-        append(leads, family.leads);
-    }
-    for (const TableRow& row : allRows) {
-        const std::string word = wordOf(row.type);
-        const auto begins = [&](const std::string& lead) {
-            return (lead + ' ').starts_with(word + ' ');
-        };
-        if (row.place != Place::inner && !word.empty() &&
-            std::none_of(leads.begin(), leads.end(), begins)) {
-            return word;
-        }
-    }
-    return {};
 }
 
 }  // namespace torvel::fuzz

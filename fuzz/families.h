@@ -15,7 +15,4 @@ struct Family {
 
 std::vector<Family> statementFamilies();
 
-/// A keyword of src/stmt/statements.def that no family's lines begin with; empty if there is none.
-std::string keywordWithoutFamily();
-
 }  // namespace torvel::fuzz

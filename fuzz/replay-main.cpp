@@ -4,14 +4,12 @@
 //   fuzz-replay --write-seeds FOLDER   inputs made of the golden cases, a folder for each target, and the words
 //                                      of the language as a dictionary, words.dict
 //   fuzz-replay TARGET [PATH ...]      checks these inputs, of folders all files, and those of the golden cases
-//   fuzz-replay --all [FOLDER ...]     the same for all targets, each with the folder of its name in the folders;
-//                                      and whether every leading keyword belongs to a family
+//   fuzz-replay --all [FOLDER ...]     the same for all targets, each with the folder of its name in the folders
 
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 
-#include "fuzz/families.h"
 #include "fuzz/require.h"
 #include "fuzz/target.h"
 #include "fuzz/words.h"
@@ -99,9 +97,6 @@ int run(const std::vector<std::string>& arguments) {
         return 0;
     }
     if (!arguments.empty() && arguments[0] == "--all") {
-        if (const std::string keyword = keywordWithoutFamily(); !keyword.empty()) {
-            fail("no family has lines that begin with " + keyword);
-        }
         for (const Target& target : targets()) {
             std::vector<fs::path> paths;
             for (std::size_t i = 1; i < arguments.size(); ++i) {

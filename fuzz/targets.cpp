@@ -39,8 +39,9 @@ const std::vector<std::string> parameterWords = {"<Parameters>",
                                                  "/"};
 
 const std::vector<std::string> expressionWords = {
-    "SQRT(", "EXP(", "FRAC(", "COS(", "CEIL(", "INT(", "STRTODBL(", "STRTOASCII(", "STRCHAR(",
-    "-(",    "((",   "))",    "[(",   ")]",    "**-",  "@(",        "$v[",         "\"a\" +"};
+    "SQRT(",       "EXP(",     "FRAC(", "COS(",    "CEIL(",  "INT(",       "STRTODBL(",
+    "STRTOASCII(", "STRCHAR(", "-(",    "((",      "))",     "[(",         ")]",
+    "**-",         "@(",       "$v[",   "\"a\" +", "NORMAL", "PERFORMANCE"};
 
 std::string upperCased(std::string_view text) {
     std::string upper(text);

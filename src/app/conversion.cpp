@@ -4,61 +4,13 @@
 
 #include "src/app/conversion.h"
 
-#include <algorithm>
-#include <chrono>
-#include <deque>
-#include <functional>
-#include <future>
 #include <iterator>
-#include <system_error>
-#include <thread>
 #include <vector>
 
-#include "src/lex/characters.h"
+#include "src/app/output-layout.h"
+#include "src/stmt/statement.h"
 
 namespace torvel {
-
-namespace {
-
-void appendMarker(const Program& program, const SourceLine& line, std::string& out) {
-    out += "#error_unconvertible (";
-    out += line.inclusion->file->name;
-    out += ':';
-    out += std::to_string(line.lineNumber);
-    out += "): ";
-    out += program.text.view(line.text);
-}
-
-}  // namespace
-
-void OutputLayout::write(const Program& program, const SourceLine& line,
-                         std::optional<std::string_view> text, BlockEffect effect,
-                         std::string& out) {
-    const bool closes = effect == BlockEffect::Closes || effect == BlockEffect::Continues;
-    const bool opens = effect == BlockEffect::Opens || effect == BlockEffect::Continues;
-    if (closes && level_ > 0) {
-        --level_;
-    }
-    const std::size_t start = out.size();
-    out.append(level_, '\t');
-    if (opens) {
-        ++level_;
-    }
-    if (!text) {
-        appendMarker(program, line, out);
-    } else {
-        const std::string_view trimmed = trimBlanks(*text);
-        const bool isBlankLine = std::all_of(trimmed.begin(), trimmed.end(), isWhiteSpace);
-        out += trimmed;
-        if (!line.comment.empty()) {
-            out += isBlankLine ? "// " : " // ";
-            out += program.text.view(line.comment);
-        } else if (isBlankLine) {
-            out.resize(start);
-        }
-    }
-    out += '\n';
-}
 
 namespace {
 
@@ -71,7 +23,7 @@ struct ConvertedLine {
 };
 
 /// The lines from `first` on, converted but not yet laid out.
-struct Part {
+struct ConvertedPart {
     std::size_t first = 0;
     std::vector<ConvertedLine> lines;
     std::string text;
@@ -82,8 +34,8 @@ struct Part {
 constexpr std::size_t expectedTextLength = 32;
 
 /// Converts the lines from `first` up to `last`.
-Part convertPart(const ConversionContext& run, std::size_t first, std::size_t last) {
-    Part part;
+ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::size_t last) {
+    ConvertedPart part;
     part.first = first;
     part.lines.reserve(last - first);
     part.text.reserve((last - first) * expectedTextLength);
@@ -102,71 +54,8 @@ Part convertPart(const ConversionContext& run, std::size_t first, std::size_t la
     return part;
 }
 
-/// The parts of a program in order. Helpers convert some of them while the caller uses others.
-class Parts {
-public:
-    Parts(const ConversionContext& context, const WorkSharing& sharing)
-        : context_(context),
-          linesPerPart_(std::max<std::size_t>(sharing.linesPerPart, 1)),
-          lineCount_(context.program.list.lines.size()) {
-        if (lineCount_ > linesPerPart_) {
-            helpers_ =
-                sharing.helpers.value_or(std::max(std::thread::hardware_concurrency(), 1U) - 1);
-        }
-    }
-
-    /// The next part; nothing behind the last. While a helper has it, parts behind it are converted.
-    std::optional<Part> next() {
-        employHelpers();
-        while (hasMore() && (begun_.empty() || (!isReady(begun_.front()) && !isFarAhead()))) {
-            begin(std::launch::deferred);
-            begun_.back().wait();
-        }
-        if (begun_.empty()) {
-            return std::nullopt;
-        }
-        Part part = begun_.front().get();
-        begun_.pop_front();
-        return part;
-    }
-
-private:
-    using BegunPart = std::future<Part>;
-
-    static bool isReady(const BegunPart& part) {
-        return part.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-    }
-    bool hasMore() const { return firstLine_ < lineCount_; }
-    /// Parts that wait take memory.
-    bool isFarAhead() const { return begun_.size() > 4 * std::size_t{helpers_}; }
-
-    void begin(std::launch policy) {
-        const std::size_t last = std::min(firstLine_ + linesPerPart_, lineCount_);
-        begun_.push_back(std::async(policy, convertPart, std::cref(context_), firstLine_, last));
-        firstLine_ = last;
-    }
-
-    void employHelpers() {
-        auto busy = static_cast<std::size_t>(
-            std::count_if(begun_.begin(), begun_.end(), std::not_fn(isReady)));
-        for (; busy < helpers_ && hasMore() && !isFarAhead(); ++busy) {
-            try {
-                begin(std::launch::async);
-            } catch (const std::system_error&) {
-                helpers_ = 0;  // the system has no more threads: it goes without
-            }
-        }
-    }
-
-    const ConversionContext& context_;
-    std::size_t linesPerPart_;
-    std::size_t lineCount_;
-    std::size_t firstLine_ = 0;
-    unsigned helpers_ = 0;
-    std::deque<BegunPart> begun_;
-};
-
-void writePart(const Program& program, const Part& part, OutputLayout& layout, OutputFile& output) {
+void writePart(const Program& program, const ConvertedPart& part, OutputLayout& layout,
+               OutputFile& output) {
     std::size_t textStart = 0;
     for (std::size_t i = 0; i < part.lines.size(); ++i) {
         const ConvertedLine& line = part.lines[i];
@@ -183,9 +72,15 @@ void writePart(const Program& program, const Part& part, OutputLayout& layout, O
 }  // namespace
 
 void convertProgram(ConversionContext& context, OutputFile& output, const WorkSharing& sharing) {
+    const std::size_t lineCount = context.program.list.lines.size();
+    const std::size_t partSize = std::max<std::size_t>(sharing.linesPerPart, 1);
+    PartsInOrder<ConvertedPart> parts(
+        (lineCount + partSize - 1) / partSize, sharing, [&](std::size_t number) {
+            const std::size_t first = number * partSize;
+            return convertPart(context, first, std::min(first + partSize, lineCount));
+        });
     OutputLayout layout;
-    Parts parts(context, sharing);
-    while (std::optional<Part> part = parts.next()) {
+    while (std::optional<ConvertedPart> part = parts.next()) {
         writePart(context.program, *part, layout, output);
         context.log.insert(context.log.end(), std::make_move_iterator(part->log.begin()),
                            std::make_move_iterator(part->log.end()));

@@ -5,86 +5,98 @@
 
 namespace torvel {
 
-bool translateAxisExpression(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    const OpenConstruct at(context);
-    if (!at) {
-        return false;
+namespace {
+
+/// "@" and what `translate` reads: an axis that is known at run time only. If that fails, so does the
+/// axis, with a second message.
+void translateAxisAtRunTime(Statement& statement,
+                            Precedence (*translate)(Statement&, ExpressionText&),
+                            ExpressionText& out) {
+    const OpenConstruct at(statement);
+    if (statement.isRefused) {
+        return;
     }
-    cursor.advance();
+    statement.cursor.advance();
     out += '@';
-    return translateExpression(context, cursor, out) ||
-           logConversionMessage(context, Message::ArgumentExpected);
+    translate(statement, out);
+    if (statement.isRefused) {
+        statement.isRefused = false;
+        refuse(statement, Message::ArgumentExpected);
+    }
 }
 
-bool translateAxisList(ConversionContext& context, TokenCursor& cursor, AxisDemand demand,
-                       std::vector<std::string>& axes) {
-    while (true) {
-        if (isAxis(cursor.type())) {
-            axes.emplace_back(cursor.text());
-            cursor.advance();
-        } else if (cursor.is(TokenType::AT)) {
-            if (!translateAxisExpression(context, cursor, axes.emplace_back())) {
-                return false;
-            }
-        } else if (cursor.is(TokenType::PERCENT)) {
-            return logConversionMessage(context, Message::AxisMaskUnsupported);
+}  // namespace
+
+std::vector<std::string> translateAxisList(Statement& statement) {
+    std::vector<std::string> axes;
+    while (!statement.isRefused) {
+        if (isAxis(statement.cursor.type())) {
+            axes.emplace_back(statement.cursor.text());
+            statement.cursor.advance();
+        } else if (statement.cursor.is(TokenType::AT)) {
+            translateAxisAtRunTime(statement, translateExpression, axes.emplace_back());
+        } else if (statement.cursor.is(TokenType::PERCENT)) {
+            refuse(statement, Message::AxisMaskUnsupported);
         } else {
             break;
         }
     }
-    if (demand == AxisDemand::one && axes.size() != 1) {
-        return logConversionMessage(context, Message::SingleAxisExpected);
-    }
-    return true;
+    return axes;
 }
 
-bool translateAxes(ConversionContext& context, TokenCursor& cursor,
-                   std::vector<std::string>& axes) {
-    if (!translateAxisList(context, cursor, AxisDemand::anyNumber, axes)) {
-        return false;
-    }
+std::vector<std::string> translateAxes(Statement& statement) {
     static constexpr TokenType accepted[] = {TokenType::AXIS_NAME, TokenType::AXIS_DEFINE,
                                              TokenType::AT};
-    return !axes.empty() || reportUnexpectedToken(context, cursor, accepted);
+    std::vector<std::string> axes = translateAxisList(statement);
+    if (axes.empty()) {
+        reportUnexpectedToken(statement, accepted);
+    }
+    return axes;
 }
 
-bool translateSingleAxis(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    std::vector<std::string> axes;
-    if (!translateAxisList(context, cursor, AxisDemand::one, axes)) {
-        return false;
+void translateSingleAxis(Statement& statement, ExpressionText& out) {
+    TokenCursor& cursor = statement.cursor;
+    const TokenType following = cursor.following();
+    if (isAxis(cursor.type()) && !isAxis(following) && following != TokenType::AT &&
+        following != TokenType::PERCENT) {
+        out += cursor.text();
+        cursor.advance();
+        return;
+    }
+    const std::vector<std::string> axes = translateAxisList(statement);
+    if (axes.size() != 1) {
+        refuse(statement, Message::SingleAxisExpected);
+        return;
     }
     out += axes[0];
-    return true;
 }
 
-bool translateAxisNumber(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    const std::vector<std::string>& names = context.axes.names();
-    const std::optional<std::int32_t> number = parseIntegerText(cursor.text());
+void translateAxisNumber(Statement& statement, ExpressionText& out) {
+    const std::vector<std::string>& names = statement.context.axes.names();
+    const std::optional<std::int32_t> number = parseIntegerText(statement.cursor.text());
     if (!number || static_cast<std::size_t>(*number) >= names.size() ||
         names[static_cast<std::size_t>(*number)].empty()) {
-        return logConversionMessage(context, Message::AxisIndexInvalid);
+        refuse(statement, Message::AxisIndexInvalid);
+        return;
     }
-    cursor.advance();
+    statement.cursor.advance();
     out += names[static_cast<std::size_t>(*number)];
-    return true;
 }
 
-bool translateAxisSelector(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    switch (cursor.type()) {
+void translateAxisSelector(Statement& statement, ExpressionText& out) {
+    static constexpr TokenType accepted[] = {TokenType::AXIS_NAME, TokenType::AXIS_DEFINE,
+                                             TokenType::INTEGER_LITERAL, TokenType::AT,
+                                             TokenType::PERCENT};
+    switch (statement.cursor.type()) {
         case TokenType::AXIS_NAME:
         case TokenType::AXIS_DEFINE:
-            out += cursor.text();
-            cursor.advance();
-            return true;
-        case TokenType::INTEGER_LITERAL: return translateAxisNumber(context, cursor, out);
-        case TokenType::AT: return translateAxisExpression(context, cursor, out);
-        case TokenType::PERCENT: return logConversionMessage(context, Message::AxisMaskUnsupported);
-        default: {
-            static constexpr TokenType accepted[] = {TokenType::AXIS_NAME, TokenType::AXIS_DEFINE,
-                                                     TokenType::INTEGER_LITERAL, TokenType::AT,
-                                                     TokenType::PERCENT};
-            return reportUnexpectedToken(context, cursor, accepted);
-        }
+            out += statement.cursor.text();
+            statement.cursor.advance();
+            break;
+        case TokenType::INTEGER_LITERAL: translateAxisNumber(statement, out); break;
+        case TokenType::AT: translateAxisAtRunTime(statement, translateUnary, out); break;
+        case TokenType::PERCENT: refuse(statement, Message::AxisMaskUnsupported); break;
+        default: reportUnexpectedToken(statement, accepted); break;
     }
 }
 

@@ -1,12 +1,14 @@
-// Calls of built-in functions. Most keep their arguments and are rows of functions.def; the others
-// have a routine here, with the Brannic form and the Torvel form above it.
+// Calls of built-in functions. Most are forms and rows of functions.def; the others have a routine here,
+// with the Brannic form and the Torvel form above it.
 
 #include "src/expr/functions.h"
 
+#include <array>
 #include <vector>
 
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
+#include "src/expr/form.h"
 #include "src/expr/number-text.h"
 #include "src/expr/strings.h"
 #include "src/expr/variables.h"
@@ -15,301 +17,184 @@ namespace torvel {
 
 namespace {
 
-bool openArguments(ConversionContext& context, TokenCursor& cursor) {
-    return expectToken(context, cursor, TokenType::LEFT_PAREN).has_value();
-}
-
-bool nextArgument(ConversionContext& context, TokenCursor& cursor) {
-    return expectToken(context, cursor, TokenType::COMMA).has_value();
-}
-
-bool closeArguments(ConversionContext& context, TokenCursor& cursor) {
-    return expectToken(context, cursor, TokenType::RIGHT_PAREN).has_value();
-}
-
-/// ( argument , argument ... ) of the kinds in `kinds`; written with the call's own ")".
-bool translateArguments(ConversionContext& context, TokenCursor& cursor, std::string_view kinds,
-                        ExpressionText& out) {
-    for (std::size_t i = 0; i < kinds.size(); ++i) {
-        if (i == 0 ? !openArguments(context, cursor) : !nextArgument(context, cursor)) {
-            return false;
-        }
-        out += i == 0 ? "" : ", ";
-        if (kinds[i] == 's' ? !translateStringExpression(context, cursor, out)
-                            : !translateExpression(context, cursor, out)) {
-            return false;
-        }
-    }
-    out += ')';
-    return closeArguments(context, cursor);
-}
-
-/// LOG ( x , base )
-/// Log(x) / Log(base)
-bool translateLog(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    out += "Log(";
-    if (!openArguments(context, cursor) || !translateExpression(context, cursor, out) ||
-        !nextArgument(context, cursor)) {
-        return false;
-    }
-    out += ") / Log(";
-    if (!translateExpression(context, cursor, out)) {
-        return false;
-    }
-    out += ')';
-    return closeArguments(context, cursor);
-}
-
 /// RAND ( x )
 /// RandomNextReal() if x is the integer 0, else RandomSeed(x)
-bool translateRand(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
+Precedence translateRand(Statement& statement, ExpressionText& out) {
     ExpressionText seed;
-    if (!openArguments(context, cursor) || !translateExpression(context, cursor, seed)) {
-        return false;
-    }
+    expectToken(statement, TokenType::LEFT_PAREN);
+    translateExpression(statement, seed);
+    expectToken(statement, TokenType::RIGHT_PAREN);
     out += parseIntegerText(seed) == 0 ? "RandomNextReal()" : "RandomSeed(" + seed + ")";
-    return closeArguments(context, cursor);
-}
-
-/// TIMER ( n [ , NORMAL | PERFORMANCE ] )
-/// TimerRead(n, TimerMode.Standard | TimerMode.Precise)
-bool translateTimer(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    out += "TimerRead(";
-    if (!openArguments(context, cursor) || !translateExpression(context, cursor, out)) {
-        return false;
-    }
-    bool isPrecise = false;
-    if (acceptToken(cursor, TokenType::COMMA)) {
-        isPrecise = cursor.is(TokenType::PERFORMANCE);
-        if (!expectToken(context, cursor, {TokenType::NORMAL, TokenType::PERFORMANCE})) {
-            return false;
-        }
-    }
-    out += isPrecise ? ", TimerMode.Precise)" : ", TimerMode.Standard)";
-    return closeArguments(context, cursor);
-}
-
-/// INDEXTOMASK ( n )
-/// (1 << n)
-bool translateIndexToMask(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    out += "(1 << ";
-    return translateArguments(context, cursor, "n", out);
+    return Precedence::primary;
 }
 
 /// function ( s1 , s2 , flag ): the flag is dropped, and unless it is a constant other than 0 the
 /// comparison was not case-sensitive.
-bool translateComparison(ConversionContext& context, TokenCursor& cursor, std::string_view call,
-                         ExpressionText& out) {
+void translateComparison(Statement& statement, std::string_view call, ExpressionText& out) {
     out += call;
-    ExpressionText flag;
-    if (!openArguments(context, cursor) || !translateStringExpression(context, cursor, out) ||
-        !nextArgument(context, cursor)) {
-        return false;
-    }
+    expectToken(statement, TokenType::LEFT_PAREN);
+    translateStringExpression(statement, out);
+    expectToken(statement, TokenType::COMMA);
     out += ", ";
-    if (!translateStringExpression(context, cursor, out) || !nextArgument(context, cursor) ||
-        !translateExpression(context, cursor, flag) || !closeArguments(context, cursor)) {
-        return false;
-    }
+    translateStringExpression(statement, out);
+    expectToken(statement, TokenType::COMMA);
+    ExpressionText flag;
+    translateExpression(statement, flag);
+    expectToken(statement, TokenType::RIGHT_PAREN);
     out += ')';
     if (parseIntegerText(flag).value_or(0) == 0) {
-        logConversionMessage(context, Message::ComparisonCaseSensitive);
+        logConversionMessage(statement, Message::ComparisonCaseSensitive);
     }
-    return true;
 }
 
-bool translateStrcmp(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    return translateComparison(context, cursor, "StringEquals(", out);
+/// STRCMP ( s1 , s2 , flag )
+/// StringEquals(s1, s2)
+Precedence translateStrcmp(Statement& statement, ExpressionText& out) {
+    translateComparison(statement, "StringEquals(", out);
+    return Precedence::primary;
 }
 
-bool translateStrfind(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    return translateComparison(context, cursor, "StringFindSubstringIndex(", out);
-}
-
-/// function ( axis , x )
-bool translateScaling(ConversionContext& context, TokenCursor& cursor, std::string_view call,
-                      ExpressionText& out) {
-    out += call;
-    if (!openArguments(context, cursor) || !translateSingleAxis(context, cursor, out) ||
-        !nextArgument(context, cursor)) {
-        return false;
-    }
-    out += ", ";
-    if (!translateExpression(context, cursor, out)) {
-        return false;
-    }
-    out += ')';
-    return closeArguments(context, cursor);
-}
-
-bool translateUnitsToCounts(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    return translateScaling(context, cursor, "UnitsToCounts(", out);
-}
-
-bool translateCountsToUnits(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    return translateScaling(context, cursor, "CountsToUnits(", out);
+/// STRFIND ( s1 , s2 , flag )
+/// StringFindSubstringIndex(s1, s2)
+Precedence translateStrfind(Statement& statement, ExpressionText& out) {
+    translateComparison(statement, "StringFindSubstringIndex(", out);
+    return Precedence::primary;
 }
 
 /// ISDONE ( axes )
 /// (StatusGetAxisItem(axis, ...) != 0) for each axis, joined by &&
-bool translateIsDone(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    std::vector<std::string> axes;
-    if (!openArguments(context, cursor) || !translateAxes(context, cursor, axes)) {
-        return false;
-    }
+Precedence translateIsDone(Statement& statement, ExpressionText& out) {
+    expectToken(statement, TokenType::LEFT_PAREN);
+    const std::vector<std::string> axes = translateAxes(statement);
+    expectToken(statement, TokenType::RIGHT_PAREN);
     for (std::size_t i = 0; i < axes.size(); ++i) {
         out += i == 0 ? "" : " && ";
         out += "(StatusGetAxisItem(" + axes[i] +
                ", AxisStatusItem.AxisStatus, AxisStatus.WaitDone) != 0)";
     }
-    return closeArguments(context, cursor);
+    return axes.size() > 1 ? Precedence::logicalAnd : Precedence::primary;
 }
 
-/// item [ , argument ] )
-bool translateStatusItem(ConversionContext& context, TokenCursor& cursor, ItemTable table,
-                         ExpressionText& out) {
-    ExpressionText item;
-    if (!translateExpression(context, cursor, item)) {
-        return false;
-    }
-    const std::optional<std::int32_t> number = parseIntegerText(item);
-    if (!number) {
-        return logConversionMessage(context, Message::IntegerLiteralExpected);
-    }
-    if (!translateItem(context, table, *number, out)) {
-        return false;
-    }
-    if (acceptToken(cursor, TokenType::COMMA)) {
-        out += ", ";
-        if (!translateExpression(context, cursor, out)) {
-            return false;
-        }
-    }
-    out += ')';
-    return closeArguments(context, cursor);
-}
+/// Whose status an item is.
+enum class StatusPlace : std::uint8_t { axis, task, system };
 
 /// The axis whose status is read: an axis number, a string variable that names it, or an axis.
-bool translateStatusAxis(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    switch (cursor.type()) {
-        case TokenType::INTEGER_LITERAL: return translateAxisNumber(context, cursor, out);
+void translateStatusAxis(Statement& statement, ExpressionText& out) {
+    switch (statement.cursor.type()) {
+        case TokenType::INTEGER_LITERAL: translateAxisNumber(statement, out); break;
         case TokenType::STRGLOB_VARIABLE:
         case TokenType::STRTASK_VARIABLE:
         case TokenType::GLOBAL_STRING_DEFINE:
             out += '@';
-            return translateStringExpression(context, cursor, out);
-        default: return translateSingleAxis(context, cursor, out);
+            translateStringExpression(statement, out);
+            break;
+        default: translateSingleAxis(statement, out); break;
     }
 }
 
-/// ( axis , item [ , argument ] )
-bool writeAxisStatus(ConversionContext& context, TokenCursor& cursor, std::string_view call,
-                     ExpressionText& out) {
-    out += call;
-    if (!openArguments(context, cursor) || !translateStatusAxis(context, cursor, out) ||
-        !nextArgument(context, cursor)) {
-        return false;
+/// item [ , argument ]
+void translateStatusItem(Statement& statement, ItemTable items, ExpressionText& out) {
+    ExpressionText item;
+    translateExpression(statement, item);
+    if (const std::optional<std::int32_t> number = parseIntegerText(item)) {
+        translateItem(statement, items, *number, out);
+    } else {
+        refuse(statement, Message::IntegerLiteralExpected);
     }
-    out += ", ";
-    return translateStatusItem(context, cursor, ItemTable::axisStatus, out);
-}
-
-/// AXISSTATUS ( axis , item [ , argument ] )
-/// StatusGetAxisItem(axis, AxisStatusItem.Item, argument)
-bool translateAxisStatus(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    return writeAxisStatus(context, cursor, "StatusGetAxisItem(", out);
-}
-
-/// AXISSTATUSFAST likewise
-/// StatusGetAxisItemFast(axis, AxisStatusItem.Item, argument), at other rates
-bool translateAxisStatusFast(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    if (!writeAxisStatus(context, cursor, "StatusGetAxisItemFast(", out)) {
-        return false;
+    if (acceptToken(statement, TokenType::COMMA)) {
+        out += ", ";
+        translateExpression(statement, out);
     }
-    logConversionMessage(context, Message::AxisItemRatesDiffer);
-    return true;
-}
-
-/// ( task , item [ , argument ] )
-bool writeTaskStatus(ConversionContext& context, TokenCursor& cursor, std::string_view call,
-                     ExpressionText& out) {
-    out += call;
-    if (!openArguments(context, cursor) || !translateExpression(context, cursor, out) ||
-        !nextArgument(context, cursor)) {
-        return false;
-    }
-    out += ", ";
-    return translateStatusItem(context, cursor, ItemTable::taskStatus, out);
-}
-
-/// TASKSTATUS ( task , item [ , argument ] )
-/// StatusGetTaskItem(task, TaskStatusItem.Item, argument)
-bool translateTaskStatus(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    return writeTaskStatus(context, cursor, "StatusGetTaskItem(", out);
-}
-
-/// TASKSTATUSFAST likewise
-/// StatusGetTaskItemFast(task, TaskStatusItem.Item, argument), at other rates
-bool translateTaskStatusFast(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    if (!writeTaskStatus(context, cursor, "StatusGetTaskItemFast(", out)) {
-        return false;
-    }
-    logConversionMessage(context, Message::TaskItemRatesDiffer);
-    return true;
-}
-
-/// SYSTEMSTATUS ( item [ , argument ] )
-/// StatusGetSystemItem(SystemStatusItem.Item, argument)
-bool translateSystemStatus(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    out += "StatusGetSystemItem(";
-    return openArguments(context, cursor) &&
-           translateStatusItem(context, cursor, ItemTable::systemStatus, out);
 }
 
 struct Function {
-    TokenType keyword;
+    enum class Kind : std::uint8_t { none, form, status, routine, refused };
+
+    Kind kind = Kind::none;
+    Form form;
     std::string_view call;
-    std::string_view arguments;
-    bool (*translate)(ConversionContext&, TokenCursor&, ExpressionText&);
-    Message refusal;
+    StatusPlace place{};
+    ItemTable items{};
+    std::optional<Message> message;
+    Precedence (*translate)(Statement&, ExpressionText&) = nullptr;
 };
 
 constexpr Function functions[] = {
-#define FUNCTION(keyword, call, arguments) {TokenType::keyword, call, arguments, nullptr, {}},
-#define SPECIAL(keyword, translate) {TokenType::keyword, {}, {}, translate, {}},
-#define REFUSED(keyword, message) {TokenType::keyword, {}, {}, nullptr, Message::message},
+#define FUNCTION(keyword, pattern, text) \
+    {Function::Kind::form, makeForm("", pattern, text), {}, {}, {}, {}, nullptr},
+#define STATUS(keyword, call, place, items) \
+    {Function::Kind::status, {}, call, StatusPlace::place, ItemTable::items, {}, nullptr},
+#define STATUS_ADVISED(keyword, call, place, items, message)                     \
+    {Function::Kind::status, {},     call, StatusPlace::place, ItemTable::items, \
+     Message::message,       nullptr},
+#define ROUTINE(keyword, translate) {Function::Kind::routine, {}, {}, {}, {}, {}, translate},
+#define REFUSED(keyword, message) \
+    {Function::Kind::refused, {}, {}, {}, {}, Message::message, nullptr},
 #include "src/expr/functions.def"
 };
 
-const Function* findFunction(TokenType keyword) {
-    for (const Function& function : functions) {
-        if (function.keyword == keyword) {
-            return &function;
-        }
+constexpr TokenType functionKeywords[] = {
+#define FUNCTION(keyword, pattern, text) TokenType::keyword,
+#define STATUS(keyword, call, place, items) TokenType::keyword,
+#define STATUS_ADVISED(keyword, call, place, items, message) TokenType::keyword,
+#define ROUTINE(keyword, translate) TokenType::keyword,
+#define REFUSED(keyword, message) TokenType::keyword,
+#include "src/expr/functions.def"
+};
+
+/// By kind of token the number of its function from 1.
+constexpr auto functionNumbers = [] {
+    std::array<std::uint8_t, tokenTypeCount> numbers{};
+    for (std::size_t number = 0; number < std::size(functionKeywords); ++number) {
+        numbers[static_cast<std::uint32_t>(functionKeywords[number])] =
+            static_cast<std::uint8_t>(number + 1);
     }
-    return nullptr;
+    return numbers;
+}();
+
+/// ( [place ,] item [, argument] )
+/// call(place, item, argument)
+void translateStatus(Statement& statement, const Function& function, ExpressionText& out) {
+    out += function.call;
+    expectToken(statement, TokenType::LEFT_PAREN);
+    if (function.place != StatusPlace::system) {
+        if (function.place == StatusPlace::axis) {
+            translateStatusAxis(statement, out);
+        } else {
+            translateExpression(statement, out);
+        }
+        expectToken(statement, TokenType::COMMA);
+        out += ", ";
+    }
+    translateStatusItem(statement, function.items, out);
+    expectToken(statement, TokenType::RIGHT_PAREN);
+    out += ')';
+    if (function.message) {
+        logConversionMessage(statement, *function.message);
+    }
 }
 
 }  // namespace
 
-bool translateFunction(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    const Function* function = findFunction(cursor.type());
-    if (function == nullptr) {
-        return reportUnexpectedToken(context, cursor);
+Precedence translateFunction(Statement& statement, ExpressionText& out) {
+    const std::uint8_t number =
+        functionNumbers[static_cast<std::uint32_t>(statement.cursor.type())];
+    if (number == 0) {
+        reportUnexpectedToken(statement);
+        return Precedence::primary;
     }
-    if (function->translate == nullptr && function->call.empty()) {
-        return logConversionMessage(context, function->refusal);
+    const Function& function = functions[number - 1];
+    if (function.kind == Function::Kind::refused) {
+        refuse(statement, *function.message);
+        return Precedence::primary;
     }
-    const OpenConstruct arguments(context);
-    if (!arguments) {
-        return false;
+    const OpenConstruct arguments(statement);
+    statement.cursor.advance();
+    switch (function.kind) {
+        case Function::Kind::form: return writeForm(statement, function.form, out);
+        case Function::Kind::routine: return function.translate(statement, out);
+        default: translateStatus(statement, function, out); return Precedence::primary;
     }
-    cursor.advance();
-    if (function->translate != nullptr) {
-        return function->translate(context, cursor, out);
-    }
-    out += function->call;
-    return translateArguments(context, cursor, function->arguments, out);
 }
 
 }  // namespace torvel

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "src/expr/parser-core.h"
+#include "src/expr/precedence.h"
 
 namespace torvel {
 
 /// Translates a call of the built-in function that the current token names; any other token is
 /// unexpected.
-bool translateFunction(ConversionContext& context, TokenCursor& cursor, ExpressionText& out);
+Precedence translateFunction(Statement& statement, ExpressionText& out);
 
 }  // namespace torvel

@@ -6,6 +6,10 @@
 //
 // The binary levels are rows of one table. A level's text is made by appending, so an operand's text
 // is never copied; only a sum of numbers takes back what it appended and writes the result.
+//
+// What the source holds together stays together by itself, since the languages have the same levels. Only
+// an operand that became several in Torvel (LOG, ISDONE) can bind too loosely for the operator beside it,
+// and is put into parentheses.
 
 #include <array>
 
@@ -16,131 +20,67 @@ namespace torvel {
 
 namespace {
 
-/// Lowest first.
-enum class Precedence : std::uint8_t {
-    none,
-    logicalOr,
-    logicalAnd,
-    bitwiseOr,
-    bitwiseXor,
-    bitwiseAnd,
-    equality,
-    relational,
-    shift,
-    additive,
-    multiplicative,
-    power,
-};
-
-struct BinaryOperator {
-    TokenType token = TokenType::INVALID;
-    Precedence precedence = Precedence::none;
-    /// As Torvel writes it; empty for an operator that Torvel lacks.
-    std::string_view text;
-    Message refusal{};
-};
-
-constexpr BinaryOperator binaryOperators[] = {
-    {TokenType::BAR_BAR, Precedence::logicalOr, " || "},
-    {TokenType::AMPERSAND_AMPERSAND, Precedence::logicalAnd, " && "},
-    {TokenType::BAR, Precedence::bitwiseOr, " | "},
-    {TokenType::BNOR, Precedence::bitwiseOr, {}, Message::BnorUnsupported},
-    {TokenType::CARET, Precedence::bitwiseXor, " ^ "},
-    {TokenType::AMPERSAND, Precedence::bitwiseAnd, " & "},
-    {TokenType::BNAND, Precedence::bitwiseAnd, {}, Message::BnandUnsupported},
-    {TokenType::ASSIGN, Precedence::equality, " == "},
-    {TokenType::EQUAL, Precedence::equality, " == "},
-    {TokenType::NOT_EQUAL, Precedence::equality, " != "},
-    {TokenType::LESS, Precedence::relational, " < "},
-    {TokenType::LESS_EQUAL, Precedence::relational, " <= "},
-    {TokenType::GREATER, Precedence::relational, " > "},
-    {TokenType::GREATER_EQUAL, Precedence::relational, " >= "},
-    {TokenType::SHIFT_LEFT, Precedence::shift, " << "},
-    {TokenType::SHIFT_RIGHT, Precedence::shift, " >> "},
-    {TokenType::PLUS, Precedence::additive, " + "},
-    {TokenType::MINUS, Precedence::additive, " - "},
-    {TokenType::STAR, Precedence::multiplicative, " * "},
-    {TokenType::SLASH, Precedence::multiplicative, " / "},
-    {TokenType::PERCENT, Precedence::multiplicative, " % "},
-};
-
-/// The operators by kind of token; all kinds that are operators stand in one range.
+/// All kinds of token that are operators stand in one range.
 constexpr auto firstOperator = static_cast<std::uint32_t>(TokenType::DOT);
 constexpr auto lastOperator = static_cast<std::uint32_t>(TokenType::BNOR);
 
-constexpr auto operatorsByToken = [] {
-    std::array<BinaryOperator, lastOperator - firstOperator + 1> table{};
-    for (const BinaryOperator& entry : binaryOperators) {
-        table[static_cast<std::uint32_t>(entry.token) - firstOperator] = entry;
+/// By kind of token from the first the number of its operator from 1.
+constexpr auto operatorNumbers = [] {
+    std::array<std::uint8_t, lastOperator - firstOperator + 1> numbers{};
+    for (std::size_t number = 0; number < std::size(binaryOperators); ++number) {
+        numbers[static_cast<std::uint32_t>(binaryOperators[number].token) - firstOperator] =
+            static_cast<std::uint8_t>(number + 1);
     }
-    return table;
+    return numbers;
 }();
 
-/// The operator that the current token is, if it binds at least as tightly as `lowest`.
-const BinaryOperator* operatorAt(const TokenCursor& cursor, Precedence lowest) {
+/// The current token's operator, if it groups to the left and binds at least as tightly as `loosest`.
+const BinaryOperator* operatorAt(const TokenCursor& cursor, Precedence loosest) {
     const auto type = static_cast<std::uint32_t>(cursor.type());
-    if (type < firstOperator || type > lastOperator) {
+    if (type < firstOperator || type > lastOperator || operatorNumbers[type - firstOperator] == 0) {
         return nullptr;
     }
-    const BinaryOperator& entry = operatorsByToken[type - firstOperator];
-    return entry.precedence >= lowest ? &entry : nullptr;
-}
-
-bool translateUnary(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    switch (cursor.type()) {
-        case TokenType::PLUS: break;
-        case TokenType::MINUS: out += '-'; break;
-        case TokenType::EXCLAMATION: out += '!'; break;
-        case TokenType::TILDE: out += '~'; break;
-        default: return translatePrimary(context, cursor, out);
-    }
-    cursor.advance();
-    const OpenConstruct sign(context);
-    return sign && translateUnary(context, cursor, out);
+    const BinaryOperator& entry = binaryOperators[operatorNumbers[type - firstOperator] - 1];
+    return entry.level >= loosest && entry.level < Precedence::power ? &entry : nullptr;
 }
 
 /// unary ** power, grouping to the right
-bool translatePower(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    if (!translateUnary(context, cursor, out)) {
-        return false;
+Precedence translatePower(Statement& statement, ExpressionText& out) {
+    constexpr BinaryOperator power = findBinaryOperator(TokenType::STAR_STAR);
+    const std::size_t start = out.size();
+    const Precedence base = translateUnary(statement, out);
+    if (!acceptToken(statement, power.token)) {
+        return base;
     }
-    if (!acceptToken(cursor, TokenType::STAR_STAR)) {
-        return true;
+    if (!bindsInFront(base, power)) {
+        parenthesise(out, start);
     }
-    out += " ** ";
-    const OpenConstruct exponent(context);
-    return exponent && translatePower(context, cursor, out);
+    out += power.text;
+    const OpenConstruct open(statement);
+    const std::size_t exponentStart = out.size();
+    if (!bindsBehind(translatePower(statement, out), power)) {
+        parenthesise(out, exponentStart);
+    }
+    return power.level;
 }
 
-bool translateBinary(ConversionContext& context, TokenCursor& cursor, Precedence lowest,
-                     ExpressionText& out);
-
-/// The sum under construction: its text from `start` on is a number as long as both sides of every
-/// operator were.
-class Sum {
+/// The value of a sum as long as both sides of every operator were numbers.
+class NumberSum {
 public:
-    explicit Sum(std::size_t start) : start_(start) {}
+    /// The text of `out` from `start` on is the left side; the cursor stands behind it.
+    NumberSum(const TokenCursor& cursor, const ExpressionText& out, std::size_t start)
+        : start_(start), value_(numberAt(cursor, out, start)) {}
 
-    /// left (+ | -) right, the cursor standing on the operator
-    bool add(ConversionContext& context, TokenCursor& cursor, const BinaryOperator& entry,
-             ExpressionText& out) {
-        if (!begun_) {
-            value_ = numberAt(cursor, out, start_);
-            begun_ = true;
-        }
-        cursor.advance();
-        out += entry.text;
-        const std::size_t rightStart = out.size();
-        if (!translateBinary(context, cursor, Precedence::multiplicative, out)) {
-            return false;
-        }
+    /// Replaces the sum in `out`, whose right side begins at `rightStart`, by its value. False: it is none.
+    bool fold(const TokenCursor& cursor, TokenType sign, std::size_t rightStart,
+              ExpressionText& out) {
         const std::optional<double> right =
             value_ ? numberAt(cursor, out, rightStart) : std::nullopt;
         if (!right) {
             value_.reset();
-            return true;
+            return false;
         }
-        value_ = entry.token == TokenType::PLUS ? *value_ + *right : *value_ - *right;
+        value_ = sign == TokenType::PLUS ? *value_ + *right : *value_ - *right;
         out.resize(start_);
         appendReal(*value_, out);
         return true;
@@ -154,42 +94,69 @@ private:
     }
 
     std::size_t start_;
-    bool begun_ = false;
     std::optional<double> value_;
 };
 
-/// The binary levels from `lowest` up: operands of the power level, joined by operators that bind at
-/// least as tightly as `lowest`, each level grouping to the left.
-bool translateBinary(ConversionContext& context, TokenCursor& cursor, Precedence lowest,
-                     ExpressionText& out) {
-    Sum sum(out.size());
-    if (!translatePower(context, cursor, out)) {
-        return false;
-    }
-    while (const BinaryOperator* entry = operatorAt(cursor, lowest)) {
-        if (entry->text.empty()) {
-            return logConversionMessage(context, entry->refusal);
+/// The binary levels from `loosest` up: operands of the power level, joined by operators that bind at
+/// least as tightly as `loosest`, each level grouping to the left.
+Precedence translateBinary(Statement& statement, Precedence loosest, ExpressionText& out) {
+    const std::size_t start = out.size();
+    Precedence binding = translatePower(statement, out);
+    std::optional<NumberSum> sum;
+    while (const BinaryOperator* entry = operatorAt(statement.cursor, loosest)) {
+        if (entry->refusal) {
+            refuse(statement, *entry->refusal);
+            break;
         }
-        if (entry->precedence == Precedence::additive) {
-            if (!sum.add(context, cursor, *entry, out)) {
-                return false;
-            }
+        const bool isSum = entry->level == Precedence::additive;
+        if (isSum && !sum) {
+            sum.emplace(statement.cursor, out, start);
+        }
+        statement.cursor.advance();
+        if (!bindsInFront(binding, *entry)) {
+            parenthesise(out, start);
+        }
+        out += entry->text;
+        const std::size_t rightStart = out.size();
+        const Precedence right = translateBinary(statement, tighterThan(entry->level), out);
+        if (isSum && sum->fold(statement.cursor, entry->token, rightStart, out)) {
+            binding = out[start] == '-' ? Precedence::unary : Precedence::primary;
             continue;
         }
-        cursor.advance();
-        out += entry->text;
-        const auto tighter = static_cast<Precedence>(static_cast<int>(entry->precedence) + 1);
-        if (!translateBinary(context, cursor, tighter, out)) {
-            return false;
+        if (!bindsBehind(right, *entry)) {
+            parenthesise(out, rightStart);
         }
+        binding = entry->level;
     }
-    return true;
+    return binding;
 }
 
 }  // namespace
 
-bool translateExpression(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    return translateBinary(context, cursor, Precedence::logicalOr, out);
+Precedence translateUnary(Statement& statement, ExpressionText& out) {
+    const std::size_t start = out.size();
+    switch (statement.cursor.type()) {
+        case TokenType::PLUS: break;
+        case TokenType::MINUS: out += '-'; break;
+        case TokenType::EXCLAMATION: out += '!'; break;
+        case TokenType::TILDE: out += '~'; break;
+        default: return translatePrimary(statement, out);
+    }
+    statement.cursor.advance();
+    const OpenConstruct sign(statement);
+    const std::size_t operandStart = out.size();
+    const Precedence operand = translateUnary(statement, out);
+    if (operandStart == start) {
+        return operand;
+    }
+    if (operand < Precedence::unary) {
+        parenthesise(out, operandStart);
+    }
+    return Precedence::unary;
+}
+
+Precedence translateExpression(Statement& statement, ExpressionText& out) {
+    return translateBinary(statement, Precedence::logicalOr, out);
 }
 
 bool isNumberText(const TokenCursor& cursor, std::string_view text) {

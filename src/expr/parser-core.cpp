@@ -8,72 +8,82 @@ bool isOneOf(TokenType type, TokenTypes types) {
     return std::find(types.begin(), types.end(), type) != types.end();
 }
 
-std::optional<std::string_view> expectToken(ConversionContext& context, TokenCursor& cursor,
-                                            TokenTypes types) {
-    if (cursor.atEnd() || !isOneOf(cursor.type(), types)) {
-        reportUnexpectedToken(context, cursor, types);
-        return std::nullopt;
+std::string_view expectToken(Statement& statement, TokenTypes types) {
+    if (statement.cursor.atEnd() || !isOneOf(statement.cursor.type(), types)) {
+        reportUnexpectedToken(statement, types);
+        return {};
     }
-    const std::string_view text = cursor.text();
-    cursor.advance();
+    const std::string_view text = statement.cursor.text();
+    statement.cursor.advance();
     return text;
 }
 
-std::optional<std::string_view> expectToken(ConversionContext& context, TokenCursor& cursor,
-                                            std::initializer_list<TokenType> types) {
-    return expectToken(context, cursor, TokenTypes(types.begin(), types.size()));
+std::string_view expectToken(Statement& statement, std::initializer_list<TokenType> types) {
+    return expectToken(statement, TokenTypes(types.begin(), types.size()));
 }
 
-std::optional<std::string_view> expectToken(ConversionContext& context, TokenCursor& cursor,
-                                            TokenType type) {
-    return expectToken(context, cursor, TokenTypes(&type, 1));
+std::string_view expectToken(Statement& statement, TokenType type) {
+    return expectToken(statement, TokenTypes(&type, 1));
 }
 
-bool acceptToken(TokenCursor& cursor, TokenType type) {
-    if (!cursor.is(type)) {
+bool acceptToken(Statement& statement, TokenType type) {
+    if (!statement.cursor.is(type)) {
         return false;
     }
-    cursor.advance();
+    statement.cursor.advance();
     return true;
 }
 
-bool reportUnexpectedToken(ConversionContext& context, const TokenCursor& cursor,
-                           TokenTypes types) {
+void reportUnexpectedToken(Statement& statement, TokenTypes types) {
+    if (statement.isRefused) {
+        return;
+    }
+    const TokenCursor& cursor = statement.cursor;
     const std::string_view seen = cursor.atEnd() ? "end of line" : tokenTypeName(cursor.type());
     if (types.empty()) {
-        return logConversionMessage(context, Message::UnexpectedToken, {seen});
+        refuse(statement, Message::UnexpectedToken, {seen});
+        return;
     }
     std::string expected;
     for (const TokenType type : types) {
         expected += expected.empty() ? "" : " or ";
         expected += tokenTypeName(type);
     }
-    return logConversionMessage(context, Message::UnexpectedTokenOf, {seen, expected});
+    refuse(statement, Message::UnexpectedTokenOf, {seen, expected});
 }
 
-bool logConversionMessage(ConversionContext& context, Message message,
+void logConversionMessage(Statement& statement, Message message,
                           std::initializer_list<std::string_view> holes) {
-    context.log.push_back({messageText(message, holes), context.position});
-    return false;
-}
-
-OpenConstruct::OpenConstruct(ConversionContext& context) : context_(context) {
-    if (++context.nesting > context.limits.expressionNesting) {
-        logConversionMessage(context, Message::NestedTooDeeply);
+    if (!statement.isRefused) {
+        ConversionContext& context = statement.context;
+        context.log.push_back({messageText(message, holes), context.position});
     }
 }
 
-void formatList(std::span<const std::string> items, bool collapseSingle, ExpressionText& out) {
-    if (collapseSingle && items.size() == 1) {
-        out += items[0];
-        return;
+void refuse(Statement& statement, Message message, std::initializer_list<std::string_view> holes) {
+    logConversionMessage(statement, message, holes);
+    statement.isRefused = true;
+    statement.cursor.skipToEnd();
+}
+
+OpenConstruct::OpenConstruct(Statement& statement) : context_(statement.context) {
+    if (++context_.nesting > context_.limits.expressionNesting) {
+        refuse(statement, Message::NestedTooDeeply);
     }
-    out += '[';
+}
+
+void joinItems(std::span<const std::string> items, ExpressionText& out) {
     for (std::size_t i = 0; i < items.size(); ++i) {
         out += i == 0 ? "" : ", ";
         out += items[i];
     }
-    out += ']';
+}
+
+void formatList(std::span<const std::string> items, bool collapseSingle, ExpressionText& out) {
+    const bool isBare = collapseSingle && items.size() == 1;
+    out += isBare ? "" : "[";
+    joinItems(items, out);
+    out += isBare ? "" : "]";
 }
 
 }  // namespace torvel

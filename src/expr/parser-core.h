@@ -12,17 +12,22 @@
 #include "src/lex/program.h"
 #include "src/limits.h"
 
-// What every translation routine uses: the cursor over a line's tokens, the message log, and the few
-// verbs that read tokens.
+// What every translation routine uses: the statement being converted with the cursor over its tokens, the
+// message log, and the few verbs that read tokens.
 //
-// A translator appends Torvel text to the text that its caller builds and returns true; or it logs
-// one message that says why it cannot, and returns false. What it appended is then of no use, and
-// its callers return false without a message of their own.
+// A routine appends Torvel text to the text that it is given. What it cannot translate it refuses, with one
+// message that says why. From then on the statement is refused: its cursor stands at the end of the line,
+// every verb does nothing and logs nothing, and what is written is of no use. So routines read from top to
+// bottom as the grammar that they translate; only what happens beside the text (a block's effect, an index
+// into what was read) asks whether the statement is refused.
 
 namespace torvel {
 
 /// Torvel text of an expression or a part of one, under construction.
 using ExpressionText = std::string;
+
+/// Torvel text of a statement, under construction: one line, or several joined by line feeds.
+using StatementText = std::string;
 
 /// A problem that the conversion met, and the line where it met it.
 struct ConversionMessage {
@@ -55,9 +60,11 @@ public:
     /// The kind of the current token; TokenType::END_OF_FILE behind the last.
     TokenType type() const { return atEnd() ? TokenType::END_OF_FILE : next_->type; }
     bool is(TokenType type) const { return this->type() == type; }
+    /// Where the current token stands, or the end of the tokens.
+    const Token* place() const { return next_; }
     /// The current token; there must be one.
     const Token& token() const { return *next_; }
-    /// The current token's text.
+    /// The current token's text; there must be one.
     std::string_view text() const { return program_.textOf(*next_); }
     /// The Torvel text of the current token, a preserved define.
     std::string_view value() const { return program_.valueOf(*next_); }
@@ -67,7 +74,8 @@ public:
     }
     /// The kind of the token in front of the current one.
     TokenType previous() const { return next_ == begin_ ? TokenType::END_OF_FILE : next_[-1].type; }
-    void advance() { ++next_; }
+    /// Steps over the current token; at the end nothing happens.
+    void advance() { next_ += atEnd() ? 0 : 1; }
     void skipToEnd() { next_ = end_; }
 
 private:
@@ -77,46 +85,66 @@ private:
     const Token* end_;
 };
 
+/// What a statement does to the nesting of blocks, and so to the indentation.
+enum class BlockEffect : std::uint8_t {
+    None = 0,
+    Opens = 1,
+    Closes = 2,
+    /// Closes a branch and opens the next.
+    Continues = 3,
+};
+
+/// A statement being converted: what its routines read, what they write, and whether one of them refused it.
+struct Statement {
+    ConversionContext& context;
+    TokenCursor cursor;
+    StatementText& text;
+    BlockEffect effect = BlockEffect::None;
+    bool isRefused = false;
+    /// Where the operands of a row's form stand, for who asks for it.
+    std::vector<std::span<const Token>>* operandTokens = nullptr;
+};
+
 /// Kinds of token that may stand at a place, in the order in which a message names them.
 using TokenTypes = std::span<const TokenType>;
 
 bool isOneOf(TokenType type, TokenTypes types);
 
 /// Steps over the current token if its kind is one of `types` and returns its text. Otherwise reports
-/// it, stays, and returns nothing.
-std::optional<std::string_view> expectToken(ConversionContext& context, TokenCursor& cursor,
-                                            TokenTypes types);
-std::optional<std::string_view> expectToken(ConversionContext& context, TokenCursor& cursor,
-                                            std::initializer_list<TokenType> types);
-std::optional<std::string_view> expectToken(ConversionContext& context, TokenCursor& cursor,
-                                            TokenType type);
+/// it as unexpected, and the text is empty.
+std::string_view expectToken(Statement& statement, TokenTypes types);
+std::string_view expectToken(Statement& statement, std::initializer_list<TokenType> types);
+std::string_view expectToken(Statement& statement, TokenType type);
 
 /// Steps over the current token if it is of kind `type`; tells whether it was. Logs nothing.
-bool acceptToken(TokenCursor& cursor, TokenType type);
+bool acceptToken(Statement& statement, TokenType type);
 
-/// Logs that the current token, or the end of the line, was not expected. False, for the caller to
-/// return.
-bool reportUnexpectedToken(ConversionContext& context, const TokenCursor& cursor,
-                           TokenTypes types = {});
+/// Refuses the statement because of the current token, or the end of the line.
+void reportUnexpectedToken(Statement& statement, TokenTypes types = {});
 
-/// Logs a message at the line being converted. False, for the caller to return.
-bool logConversionMessage(ConversionContext& context, Message message,
+/// Logs a message at the statement's line, beside which it is converted.
+void logConversionMessage(Statement& statement, Message message,
                           std::initializer_list<std::string_view> holes = {});
 
-/// One open construct of an expression, for as long as it lives. Test it: where too many are open
-/// the message is logged, and the construct cannot be read.
+/// Logs a message and refuses the statement.
+void refuse(Statement& statement, Message message,
+            std::initializer_list<std::string_view> holes = {});
+
+/// One open construct of an expression, for as long as it lives. Where too many are open the statement is
+/// refused.
 class OpenConstruct {
 public:
-    explicit OpenConstruct(ConversionContext& context);
+    explicit OpenConstruct(Statement& statement);
     ~OpenConstruct() { --context_.nesting; }
     OpenConstruct(const OpenConstruct&) = delete;
     OpenConstruct& operator=(const OpenConstruct&) = delete;
 
-    explicit operator bool() const { return context_.nesting <= context_.limits.expressionNesting; }
-
 private:
     ConversionContext& context_;
 };
+
+/// The items separated by ", ".
+void joinItems(std::span<const std::string> items, ExpressionText& out);
 
 /// "[" and the items separated by ", " and "]". With `collapseSingle` one item stands alone.
 void formatList(std::span<const std::string> items, bool collapseSingle, ExpressionText& out);

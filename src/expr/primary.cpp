@@ -15,47 +15,36 @@ constexpr TokenType numericLiterals[] = {
 };
 
 /// A variable. "++" and "--" behind it can no longer stand in an expression.
-bool translateVariableOperand(ConversionContext& context, TokenCursor& cursor,
-                              ExpressionText& out) {
-    if (!translateVariableRead(context, cursor, out)) {
-        return false;
-    }
-    switch (cursor.type()) {
-        case TokenType::PLUS_PLUS:
-            return logConversionMessage(context, Message::IncrementInExpression);
-        case TokenType::MINUS_MINUS:
-            return logConversionMessage(context, Message::DecrementInExpression);
-        default: return true;
+void translateVariableOperand(Statement& statement, ExpressionText& out) {
+    translateVariableRead(statement, out);
+    if (statement.cursor.is(TokenType::PLUS_PLUS)) {
+        refuse(statement, Message::IncrementInExpression);
+    } else if (statement.cursor.is(TokenType::MINUS_MINUS)) {
+        refuse(statement, Message::DecrementInExpression);
     }
 }
 
 /// ( expression ): a number loses its parentheses.
-bool translateParenthesised(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    const OpenConstruct parenthesis(context);
-    if (!parenthesis) {
-        return false;
-    }
-    cursor.advance();
+Precedence translateParenthesised(Statement& statement, ExpressionText& out) {
+    const OpenConstruct parenthesis(statement);
+    statement.cursor.advance();
     const std::size_t start = out.size();
     out += '(';
-    if (!translateExpression(context, cursor, out)) {
-        return false;
-    }
-    const bool isNumber = isNumberText(cursor, std::string_view(out).substr(start + 1));
-    if (!expectToken(context, cursor, TokenType::RIGHT_PAREN)) {
-        return false;
-    }
-    if (isNumber) {
-        out.erase(start, 1);
-    } else {
+    translateExpression(statement, out);
+    const bool isNumber = isNumberText(statement.cursor, std::string_view(out).substr(start + 1));
+    expectToken(statement, TokenType::RIGHT_PAREN);
+    if (!isNumber) {
         out += ')';
+        return Precedence::primary;
     }
-    return true;
+    out.erase(start, 1);
+    return out[start] == '-' ? Precedence::unary : Precedence::primary;
 }
 
 }  // namespace
 
-bool translateNumericLiteral(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
+void translateNumericLiteral(Statement& statement, ExpressionText& out) {
+    TokenCursor& cursor = statement.cursor;
     switch (cursor.type()) {
         case TokenType::INTEGER_LITERAL:
         case TokenType::HEX_LITERAL:
@@ -63,39 +52,36 @@ bool translateNumericLiteral(ConversionContext& context, TokenCursor& cursor, Ex
         case TokenType::NUMBER_DEFINE: out += cursor.value(); break;
         case TokenType::TRUE: out += "true"; break;
         case TokenType::FALSE: out += "false"; break;
-        case TokenType::DOT: {
+        case TokenType::DOT:
             cursor.advance();
-            const auto digits = expectToken(context, cursor, TokenType::INTEGER_LITERAL);
-            if (!digits) {
-                return false;
-            }
             out += '.';
-            out += *digits;
-            return true;
-        }
-        default: return reportUnexpectedToken(context, cursor, numericLiterals);
+            out += expectToken(statement, TokenType::INTEGER_LITERAL);
+            return;
+        default: reportUnexpectedToken(statement, numericLiterals); return;
     }
     cursor.advance();
-    return true;
 }
 
-bool translatePrimary(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    if (cursor.atEnd()) {
-        return logConversionMessage(context, Message::NumericExpressionExpected);
-    }
-    switch (cursor.type()) {
+Precedence translatePrimary(Statement& statement, ExpressionText& out) {
+    switch (statement.cursor.type()) {
+        case TokenType::END_OF_FILE:
+            refuse(statement, Message::NumericExpressionExpected);
+            return Precedence::primary;
         case TokenType::INTEGER_LITERAL:
         case TokenType::HEX_LITERAL:
         case TokenType::FLOAT_LITERAL:
         case TokenType::NUMBER_DEFINE:
         case TokenType::DOT:
         case TokenType::TRUE:
-        case TokenType::FALSE: return translateNumericLiteral(context, cursor, out);
-        case TokenType::LEFT_PAREN: return translateParenthesised(context, cursor, out);
+        case TokenType::FALSE: translateNumericLiteral(statement, out); return Precedence::primary;
+        case TokenType::LEFT_PAREN: return translateParenthesised(statement, out);
         default: break;
     }
-    return isNumericVariable(cursor.type()) ? translateVariableOperand(context, cursor, out)
-                                            : translateFunction(context, cursor, out);
+    if (isNumericVariable(statement.cursor.type())) {
+        translateVariableOperand(statement, out);
+        return Precedence::primary;
+    }
+    return translateFunction(statement, out);
 }
 
 }  // namespace torvel

@@ -8,6 +8,7 @@
 #include "src/expr/strings.h"
 
 #include "src/expr/expressions.h"
+#include "src/expr/form.h"
 #include "src/expr/number-text.h"
 #include "src/expr/variables.h"
 #include "src/lex/characters.h"
@@ -26,38 +27,32 @@ constexpr TokenType stringTerms[] = {
 /// Literals, defines and variables: what may follow a "+".
 constexpr std::size_t joinableTerms = 5;
 
-/// name ( string )
-bool translateCaseCall(ConversionContext& context, TokenCursor& cursor, std::string_view call,
-                       ExpressionText& out) {
-    const OpenConstruct arguments(context);
-    cursor.advance();
-    out += call;
-    if (!arguments || !expectToken(context, cursor, TokenType::LEFT_PAREN) ||
-        !translateStringExpression(context, cursor, out) ||
-        !expectToken(context, cursor, TokenType::RIGHT_PAREN)) {
-        return false;
-    }
-    out += ')';
-    return true;
+constexpr Form upperCaseForm = makeForm("", "( string )", "StringToUpperCase({})");
+constexpr Form lowerCaseForm = makeForm("", "( string )", "StringToLowerCase({})");
+constexpr Form dbltostrForm =
+    makeForm("", "( value , value )", "RealToString({}, RealDisplayFormat.Decimal, {})");
+
+void translateCall(Statement& statement, const Form& form, ExpressionText& out) {
+    const OpenConstruct arguments(statement);
+    statement.cursor.advance();
+    writeForm(statement, form, out);
 }
 
 /// STRMID ( string , first , last )
 /// StringSubstring(string, first, last - first), the count a placeholder unless both are constants
-bool translateStrmid(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    const OpenConstruct arguments(context);
-    cursor.advance();
+void translateStrmid(Statement& statement, ExpressionText& out) {
+    const OpenConstruct arguments(statement);
+    statement.cursor.advance();
     out += "StringSubstring(";
+    expectToken(statement, TokenType::LEFT_PAREN);
+    translateStringExpression(statement, out);
+    expectToken(statement, TokenType::COMMA);
     ExpressionText first;
+    translateExpression(statement, first);
+    expectToken(statement, TokenType::COMMA);
     ExpressionText last;
-    if (!arguments || !expectToken(context, cursor, TokenType::LEFT_PAREN) ||
-        !translateStringExpression(context, cursor, out) ||
-        !expectToken(context, cursor, TokenType::COMMA) ||
-        !translateExpression(context, cursor, first) ||
-        !expectToken(context, cursor, TokenType::COMMA) ||
-        !translateExpression(context, cursor, last) ||
-        !expectToken(context, cursor, TokenType::RIGHT_PAREN)) {
-        return false;
-    }
+    translateExpression(statement, last);
+    expectToken(statement, TokenType::RIGHT_PAREN);
     out += ", " + first + ", ";
     const auto from = parseIntegerText(first);
     const auto to = parseIntegerText(last);
@@ -65,87 +60,59 @@ bool translateStrmid(ConversionContext& context, TokenCursor& cursor, Expression
         out += std::to_string(std::int64_t{*to} - *from);
     } else {
         out += "/* $numCharacters */";
-        logConversionMessage(context, Message::StringSubstringPlaceholder);
+        logConversionMessage(statement, Message::StringSubstringPlaceholder);
     }
     out += ')';
-    return true;
-}
-
-/// DBLTOSTR ( number , decimals )
-/// RealToString(number, RealDisplayFormat.Decimal, decimals)
-bool translateDbltostr(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    const OpenConstruct arguments(context);
-    cursor.advance();
-    out += "RealToString(";
-    if (!arguments || !expectToken(context, cursor, TokenType::LEFT_PAREN) ||
-        !translateExpression(context, cursor, out) ||
-        !expectToken(context, cursor, TokenType::COMMA)) {
-        return false;
-    }
-    out += ", RealDisplayFormat.Decimal, ";
-    if (!translateExpression(context, cursor, out) ||
-        !expectToken(context, cursor, TokenType::RIGHT_PAREN)) {
-        return false;
-    }
-    out += ')';
-    return true;
 }
 
 /// ( string )
-bool translateParenthesised(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    const OpenConstruct parenthesis(context);
-    cursor.advance();
+void translateParenthesised(Statement& statement, ExpressionText& out) {
+    const OpenConstruct parenthesis(statement);
+    statement.cursor.advance();
     out += '(';
-    if (!parenthesis || !translateStringExpression(context, cursor, out) ||
-        !expectToken(context, cursor, TokenType::RIGHT_PAREN)) {
-        return false;
-    }
+    translateStringExpression(statement, out);
+    expectToken(statement, TokenType::RIGHT_PAREN);
     out += ')';
-    return true;
 }
 
 /// $STRGLOBn, $STRGLOB[n]
-bool translateGlobalString(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    const std::string_view digits = trailingDigits(cursor.text());
-    cursor.advance();
+void translateGlobalString(Statement& statement, ExpressionText& out) {
+    const std::string_view digits = trailingDigits(statement.cursor.text());
+    statement.cursor.advance();
     out += "$sglobal[";
     const std::size_t indexStart = out.size();
-    if (!translateIndex(context, cursor, digits, out)) {
-        return false;
-    }
+    translateIndex(statement, digits, out);
     if (out.size() == indexStart) {
-        return logConversionMessage(context, Message::ArrayExpressionExpected);
+        refuse(statement, Message::ArrayExpressionExpected);
     }
     out += ']';
-    return true;
 }
 
-bool translateTerm(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
+void translateTerm(Statement& statement, ExpressionText& out) {
+    TokenCursor& cursor = statement.cursor;
     switch (cursor.type()) {
         case TokenType::STRING_LITERAL:
             out += '"';
             out += cursor.text();
             out += '"';
             cursor.advance();
-            return true;
+            break;
         case TokenType::STRING_DEFINE:
         case TokenType::GLOBAL_STRING_DEFINE:
             out += cursor.text();
             cursor.advance();
-            return true;
-        case TokenType::STRGLOB_VARIABLE: return translateGlobalString(context, cursor, out);
+            break;
+        case TokenType::STRGLOB_VARIABLE: translateGlobalString(statement, out); break;
         case TokenType::STRTASK_VARIABLE:
-            return logConversionMessage(context, Message::StrtaskVariableUnsupported);
-        case TokenType::LEFT_PAREN: return translateParenthesised(context, cursor, out);
-        case TokenType::STRMID: return translateStrmid(context, cursor, out);
-        case TokenType::DBLTOSTR: return translateDbltostr(context, cursor, out);
-        case TokenType::STRUPR:
-            return translateCaseCall(context, cursor, "StringToUpperCase(", out);
-        case TokenType::STRLWR:
-            return translateCaseCall(context, cursor, "StringToLowerCase(", out);
-        case TokenType::AXISNAMEOF:
-            return logConversionMessage(context, Message::AxisnameofUnsupported);
-        default: return reportUnexpectedToken(context, cursor, stringTerms);
+            refuse(statement, Message::StrtaskVariableUnsupported);
+            break;
+        case TokenType::LEFT_PAREN: translateParenthesised(statement, out); break;
+        case TokenType::STRMID: translateStrmid(statement, out); break;
+        case TokenType::DBLTOSTR: translateCall(statement, dbltostrForm, out); break;
+        case TokenType::STRUPR: translateCall(statement, upperCaseForm, out); break;
+        case TokenType::STRLWR: translateCall(statement, lowerCaseForm, out); break;
+        case TokenType::AXISNAMEOF: refuse(statement, Message::AxisnameofUnsupported); break;
+        default: reportUnexpectedToken(statement, stringTerms); break;
     }
 }
 
@@ -156,37 +123,32 @@ bool isStringTerm(TokenType type) {
 }
 
 bool beginsString(TokenCursor cursor) {
-    while (acceptToken(cursor, TokenType::LEFT_PAREN)) {
+    while (cursor.is(TokenType::LEFT_PAREN)) {
+        cursor.advance();
     }
     return isStringTerm(cursor.type());
 }
 
-bool translateStringExpression(ConversionContext& context, TokenCursor& cursor,
-                               ExpressionText& out) {
-    if (!translateTerm(context, cursor, out)) {
-        return false;
-    }
-    while (acceptToken(cursor, TokenType::PLUS)) {
-        if (isNumericVariable(cursor.type())) {
-            return logConversionMessage(context, Message::StringAndNumberJoined);
-        }
-        if (!isOneOf(cursor.type(), TokenTypes(stringTerms).first(joinableTerms))) {
-            return reportUnexpectedToken(context, cursor);
+void translateStringExpression(Statement& statement, ExpressionText& out) {
+    translateTerm(statement, out);
+    while (acceptToken(statement, TokenType::PLUS)) {
+        const TokenType type = statement.cursor.type();
+        if (isNumericVariable(type)) {
+            refuse(statement, Message::StringAndNumberJoined);
+        } else if (!isOneOf(type, TokenTypes(stringTerms).first(joinableTerms))) {
+            reportUnexpectedToken(statement);
         }
         out += " + ";
-        if (!translateTerm(context, cursor, out)) {
-            return false;
-        }
+        translateTerm(statement, out);
     }
-    return true;
 }
 
-bool translateStringOperand(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    switch (cursor.type()) {
-        case TokenType::END_OF_FILE: return logConversionMessage(context, Message::StringExpected);
+void translateStringOperand(Statement& statement, ExpressionText& out) {
+    switch (statement.cursor.type()) {
+        case TokenType::END_OF_FILE: refuse(statement, Message::StringExpected); break;
         case TokenType::STRING_LITERAL:
-        case TokenType::STRING_DEFINE: return translateTerm(context, cursor, out);
-        default: return translateStringExpression(context, cursor, out);
+        case TokenType::STRING_DEFINE: translateTerm(statement, out); break;
+        default: translateStringExpression(statement, out); break;
     }
 }
 

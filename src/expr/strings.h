@@ -12,11 +12,10 @@ bool isStringTerm(TokenType type);
 bool beginsString(TokenCursor cursor);
 
 /// Translates a string expression: terms joined by "+".
-bool translateStringExpression(ConversionContext& context, TokenCursor& cursor,
-                               ExpressionText& out);
+void translateStringExpression(Statement& statement, ExpressionText& out);
 
 /// Translates a string that is one argument: a literal or a preserved string define alone, or else a
 /// string expression.
-bool translateStringOperand(ConversionContext& context, TokenCursor& cursor, ExpressionText& out);
+void translateStringOperand(Statement& statement, ExpressionText& out);
 
 }  // namespace torvel

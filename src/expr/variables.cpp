@@ -85,108 +85,94 @@ constexpr ItemLookup itemLookups[] = {
 };
 
 /// "." task number, or nothing for the running task; with the ", " that follows it in a call
-bool translateTaskSelector(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    if (!acceptToken(cursor, TokenType::DOT)) {
+void translateTaskSelector(Statement& statement, ExpressionText& out) {
+    if (!acceptToken(statement, TokenType::DOT)) {
         out += "TaskGetIndex(), ";
-        return true;
+        return;
     }
-    const std::optional<std::int32_t> task =
-        cursor.is(TokenType::INTEGER_LITERAL) ? parseIntegerText(cursor.text()) : std::nullopt;
+    const std::optional<std::int32_t> task = statement.cursor.is(TokenType::INTEGER_LITERAL)
+                                                 ? parseIntegerText(statement.cursor.text())
+                                                 : std::nullopt;
     if (!task) {
-        return logConversionMessage(context, Message::IntegerValueExpected);
+        refuse(statement, Message::IntegerValueExpected);
+        return;
     }
-    cursor.advance();
+    statement.cursor.advance();
     out += std::to_string(*task);
     out += ", ";
-    return true;
 }
 
-bool translateSelector(ConversionContext& context, TokenCursor& cursor, Selector selector,
-                       ExpressionText& out) {
+void translateSelector(Statement& statement, Selector selector, ExpressionText& out) {
     if (selector == Selector::task) {
-        return translateTaskSelector(context, cursor, out);
-    }
-    if (selector == Selector::axis) {
-        if (!expectToken(context, cursor, TokenType::DOT) ||
-            !translateAxisSelector(context, cursor, out)) {
-            return false;
-        }
+        translateTaskSelector(statement, out);
+    } else if (selector == Selector::axis) {
+        expectToken(statement, TokenType::DOT);
+        translateAxisSelector(statement, out);
         out += ", ";
     }
-    return true;
 }
 
 /// The name behind an index that is an item's number. An index that is no number is reported, and
-/// taken as number 0.
-bool translateItemIndex(ConversionContext& context, ItemTable table, ExpressionText& index) {
+/// taken as number 0 on purpose.
+void translateItemIndex(Statement& statement, ItemTable table, std::string_view index,
+                        ExpressionText& out) {
     const std::optional<std::int32_t> number = parseIntegerText(index);
     if (!number) {
-        logConversionMessage(context, Message::IntegerLiteralExpected);
+        logConversionMessage(statement, Message::IntegerLiteralExpected);
     }
-    index.clear();
-    return translateItem(context, table, number.value_or(0), index);
+    translateItem(statement, table, number.value_or(0), out);
 }
 
 /// A "." behind a plain variable can only be the DEFINED test, which is gone.
-bool checkNoMember(ConversionContext& context, TokenCursor& cursor) {
-    if (!acceptToken(cursor, TokenType::DOT)) {
-        return true;
+void refuseMember(Statement& statement) {
+    if (acceptToken(statement, TokenType::DOT)) {
+        expectToken(statement, TokenType::DEFINED);
+        refuse(statement, Message::DefinedUnsupported);
     }
-    return expectToken(context, cursor, TokenType::DEFINED)
-               ? logConversionMessage(context, Message::DefinedUnsupported)
-               : false;
 }
 
-bool translateCall(ConversionContext& context, TokenCursor& cursor, const VariableKind& kind,
-                   const ExpressionText& index, bool isAssignmentTarget, ExpressionText& out) {
+void translateCall(Statement& statement, const VariableKind& kind, std::string_view index,
+                   bool isAssignmentTarget, ExpressionText& out) {
     out += isAssignmentTarget ? kind.assign : kind.read;
-    if (!translateSelector(context, cursor, kind.selector, out)) {
-        return false;
-    }
-    ExpressionText item;
+    translateSelector(statement, kind.selector, out);
     if (kind.items != ItemTable::none) {
-        item = index;
-        if (!translateItemIndex(context, kind.items, item)) {
-            return false;
-        }
-    }
-    if (kind.index != Index::ignored) {
-        out += kind.items != ItemTable::none ? item : index;
+        translateItemIndex(statement, kind.items, index, out);
+    } else if (kind.index != Index::ignored) {
+        out += index;
     }
     out += isAssignmentTarget ? ", " : ")";
-    return true;
 }
 
-/// Translates a reference; `isCall` tells whether Torvel reads or assigns it by a call.
-bool translateVariableReference(ConversionContext& context, TokenCursor& cursor,
-                                bool isAssignmentTarget, bool& isCall, ExpressionText& out) {
+/// Translates a reference; tells whether Torvel reads or assigns it by a call.
+bool translateVariableReference(Statement& statement, bool isAssignmentTarget,
+                                ExpressionText& out) {
+    TokenCursor& cursor = statement.cursor;
     if (cursor.atEnd()) {
-        return logConversionMessage(context, Message::VariableExpected);
+        refuse(statement, Message::VariableExpected);
+        return false;
     }
     const VariableKind* kind = findKind(cursor.type());
     if (kind == nullptr) {
-        return reportUnexpectedToken(context, cursor);
+        reportUnexpectedToken(statement);
+        return false;
     }
-    const auto& refusal = isAssignmentTarget ? kind->assignRefusal : kind->readRefusal;
-    if (refusal) {
-        return logConversionMessage(context, *refusal);
+    if (const auto& refusal = isAssignmentTarget ? kind->assignRefusal : kind->readRefusal) {
+        refuse(statement, *refusal);
+        return false;
     }
-    isCall = kind->isCall;
     const std::string_view name = cursor.text();
     cursor.advance();
 
     const bool isNumbered = kind->index != Index::bracketsOnly && !kind->read.empty();
     ExpressionText index;
-    if (!translateIndex(context, cursor, isNumbered ? trailingDigits(name) : std::string_view(),
-                        index)) {
-        return false;
-    }
+    translateIndex(statement, isNumbered ? trailingDigits(name) : std::string_view(), index);
     const bool isRequired = kind->index == Index::required || kind->index == Index::bracketsOnly;
     if (isRequired && index.empty()) {
-        return logConversionMessage(context, Message::ArrayDimensionExpected);
+        refuse(statement, Message::ArrayDimensionExpected);
     }
-    if (isCall) {
-        return translateCall(context, cursor, *kind, index, isAssignmentTarget, out);
+    if (kind->isCall) {
+        translateCall(statement, *kind, index, isAssignmentTarget, out);
+        return true;
     }
     out += kind->read.empty() ? name : kind->read;
     if (!index.empty()) {
@@ -194,7 +180,8 @@ bool translateVariableReference(ConversionContext& context, TokenCursor& cursor,
         out += index;
         out += ']';
     }
-    return checkNoMember(context, cursor);
+    refuseMember(statement);
+    return false;
 }
 
 }  // namespace
@@ -203,67 +190,64 @@ bool isNumericVariable(TokenType type) {
     return findKind(type) != nullptr;
 }
 
-std::optional<VariableReference> translateAssignmentTarget(ConversionContext& context,
-                                                           TokenCursor& cursor) {
+VariableReference translateAssignmentTarget(Statement& statement) {
     VariableReference reference;
-    if (!translateVariableReference(context, cursor, true, reference.isCall, reference.text)) {
-        return std::nullopt;
-    }
+    reference.isCall = translateVariableReference(statement, true, reference.text);
     return reference;
 }
 
-bool translateVariableRead(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    bool isCall = false;
-    return translateVariableReference(context, cursor, false, isCall, out);
+void translateVariableRead(Statement& statement, ExpressionText& out) {
+    translateVariableReference(statement, false, out);
 }
 
-bool translateBracketed(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    const OpenConstruct bracket(context);
-    if (!bracket) {
-        return false;
+Precedence translateBracketed(Statement& statement, ExpressionText& out) {
+    const OpenConstruct bracket(statement);
+    statement.cursor.advance();
+    const Precedence binding = translateExpression(statement, out);
+    expectToken(statement, TokenType::RIGHT_BRACKET);
+    return binding;
+}
+
+ExpressionText translateBracketedAddend(Statement& statement) {
+    constexpr BinaryOperator plus = findBinaryOperator(TokenType::PLUS);
+    ExpressionText addend;
+    if (!bindsBehind(translateBracketed(statement, addend), plus)) {
+        parenthesise(addend, 0);
     }
-    cursor.advance();
-    return translateExpression(context, cursor, out) &&
-           expectToken(context, cursor, TokenType::RIGHT_BRACKET);
+    return addend;
 }
 
-bool translateIndex(ConversionContext& context, TokenCursor& cursor, std::string_view digits,
-                    ExpressionText& out) {
-    if (!cursor.is(TokenType::LEFT_BRACKET)) {
+void translateIndex(Statement& statement, std::string_view digits, ExpressionText& out) {
+    if (!statement.cursor.is(TokenType::LEFT_BRACKET)) {
         out += digits;
-        return true;
-    }
-    ExpressionText bracket;
-    if (!translateBracketed(context, cursor, bracket)) {
-        return false;
-    }
-    const auto first = parseIntegerText(digits);
-    const auto second = parseIntegerText(bracket);
-    if (digits.empty()) {
-        out += bracket;
-    } else if (first && second) {
-        out += std::to_string(std::int64_t{*first} + *second);
+    } else if (digits.empty()) {
+        translateBracketed(statement, out);
     } else {
-        out += digits;
-        out += " + ";
-        out += bracket;
+        const ExpressionText bracket = translateBracketedAddend(statement);
+        const auto first = parseIntegerText(digits);
+        const auto second = parseIntegerText(bracket);
+        if (first && second) {
+            out += std::to_string(std::int64_t{*first} + *second);
+        } else {
+            out += digits;
+            out += " + ";
+            out += bracket;
+        }
     }
-    return true;
 }
 
-bool translateItem(ConversionContext& context, ItemTable table, std::int32_t number,
+void translateItem(Statement& statement, ItemTable table, std::int32_t number,
                    ExpressionText& out) {
     const ItemLookup& lookup = itemLookups[static_cast<std::size_t>(table)];
     const std::optional<std::string_view> name =
         number < 0 ? std::nullopt : lookup.find(static_cast<std::uint32_t>(number));
     if (!name) {
-        return logConversionMessage(context, lookup.missing);
+        refuse(statement, lookup.missing);
+    } else if (name->empty()) {
+        refuse(statement, lookup.removed);
+    } else {
+        out += *name;
     }
-    if (name->empty()) {
-        return logConversionMessage(context, lookup.removed);
-    }
-    out += *name;
-    return true;
 }
 
 }  // namespace torvel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "src/expr/parser-core.h"
+#include "src/expr/precedence.h"
 
 namespace torvel {
 
@@ -16,19 +17,20 @@ struct VariableReference {
 };
 
 /// Translates a variable to be assigned to, with its index and selector.
-std::optional<VariableReference> translateAssignmentTarget(ConversionContext& context,
-                                                           TokenCursor& cursor);
+VariableReference translateAssignmentTarget(Statement& statement);
 
 /// Translates a variable that is read, with its index and selector.
-bool translateVariableRead(ConversionContext& context, TokenCursor& cursor, ExpressionText& out);
+void translateVariableRead(Statement& statement, ExpressionText& out);
 
-/// name[index], the index formed from digits at the end of the variable's name and an expression in
-/// brackets: their sum if both are there. No index leaves `out` as it is.
-bool translateIndex(ConversionContext& context, TokenCursor& cursor, std::string_view digits,
-                    ExpressionText& out);
+/// What stands in the brackets of an element: digits at the end of the variable's name and an expression in
+/// brackets, their sum if both are there. No index leaves `out` as it is.
+void translateIndex(Statement& statement, std::string_view digits, ExpressionText& out);
 
 /// "[" expression "]", the expression alone being appended.
-bool translateBracketed(ConversionContext& context, TokenCursor& cursor, ExpressionText& out);
+Precedence translateBracketed(Statement& statement, ExpressionText& out);
+
+/// The same as the right side of a sum.
+ExpressionText translateBracketedAddend(Statement& statement);
 
 /// A table of names by legacy number.
 enum class ItemTable : std::uint8_t {
@@ -41,8 +43,7 @@ enum class ItemTable : std::uint8_t {
     systemStatus,
 };
 
-/// Appends the Torvel name of an item; logs that there is none or that it was removed.
-bool translateItem(ConversionContext& context, ItemTable table, std::int32_t number,
-                   ExpressionText& out);
+/// Appends the Torvel name of an item; refuses one that there is not or that was removed.
+void translateItem(Statement& statement, ItemTable table, std::int32_t number, ExpressionText& out);
 
 }  // namespace torvel

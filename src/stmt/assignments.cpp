@@ -1,9 +1,8 @@
-#include "src/stmt/assignments.h"
-
 #include "src/expr/expressions.h"
 #include "src/expr/strings.h"
 #include "src/expr/variables.h"
 #include "src/lex/characters.h"
+#include "src/stmt/routines.h"
 #include "src/stmt/values.h"
 
 namespace torvel {
@@ -30,121 +29,115 @@ constexpr AssignmentOperator assignmentOperators[] = {
     {TokenType::SHIFT_LEFT_ASSIGN, " <<= "},
 };
 
-const AssignmentOperator* findOperator(TokenType type) {
+/// The operator that the current token is; any other token refuses the statement.
+const AssignmentOperator* readOperator(Statement& statement) {
+    std::vector<TokenType> types;
     for (const AssignmentOperator& entry : assignmentOperators) {
-        if (entry.token == type) {
+        if (acceptToken(statement, entry.token)) {
             return &entry;
         }
     }
-    return nullptr;
-}
-
-bool reportNoOperator(Statement& statement) {
-    std::vector<TokenType> types;
     for (const AssignmentOperator& entry : assignmentOperators) {
         types.push_back(entry.token);
     }
-    return reportUnexpectedToken(statement.context, statement.cursor, types);
+    reportUnexpectedToken(statement, types);
+    return nullptr;
 }
 
 }  // namespace
 
+/// A directive that Torvel has too: its text is the token's.
+void convertConversionText(Statement& statement) {
+    statement.text += statement.cursor.text();
+}
+
 /// variable operator [value]
 /// The same; or, where Torvel sets the variable by a call, the value as the call's last argument,
 /// whatever the operator.
-bool convertAssignment(Statement& statement) {
-    const auto target = translateAssignmentTarget(statement.context, statement.cursor);
-    if (!target) {
-        return false;
-    }
-    const AssignmentOperator* entry = findOperator(statement.cursor.type());
+void convertAssignment(Statement& statement) {
+    const VariableReference target = translateAssignmentTarget(statement);
+    const AssignmentOperator* entry = readOperator(statement);
     if (entry == nullptr) {
-        return reportNoOperator(statement);
+        return;
     }
-    statement.cursor.advance();
-    statement.text += target->text;
-    if (!target->isCall) {
+    statement.text += target.text;
+    if (!target.isCall) {
         statement.text += entry->text;
     }
     switch (entry->token) {
         case TokenType::PLUS_PLUS:
         case TokenType::MINUS_MINUS: break;
-        case TokenType::ASSIGN:
-            if (!translateAssignmentValue(statement.context, statement.cursor, statement.text)) {
-                return false;
-            }
-            break;
-        default:
-            if (!writeExpression(statement)) {
-                return false;
-            }
+        case TokenType::ASSIGN: translateAssignmentValue(statement, statement.text); break;
+        default: writeExpression(statement); break;
     }
-    if (target->isCall) {
+    if (target.isCall) {
         statement.text += ')';
     }
-    return true;
 }
 
 namespace {
 
 /// $STRGLOBn, $STRGLOB[n]: digits and brackets are joined, not added up.
-bool writeStringTarget(Statement& statement) {
+void writeStringTarget(Statement& statement) {
     const std::string_view name = statement.cursor.text();
     const bool isDefine = statement.cursor.is(TokenType::GLOBAL_STRING_DEFINE);
     statement.cursor.advance();
     if (isDefine) {
         statement.text += name;
-        return true;
+        return;
     }
     const std::string_view digits = trailingDigits(name);
+    const bool hasBracket = statement.cursor.is(TokenType::LEFT_BRACKET);
     statement.text += "$sglobal[";
     statement.text += digits;
-    if (statement.cursor.is(TokenType::LEFT_BRACKET)) {
-        statement.text += digits.empty() ? "" : " + ";
-        if (!translateBracketed(statement.context, statement.cursor, statement.text)) {
-            return false;
-        }
+    if (digits.empty() && !hasBracket) {
+        refuse(statement, Message::ArrayExpressionExpected);
     } else if (digits.empty()) {
-        return refuse(statement, Message::ArrayExpressionExpected);
+        translateBracketed(statement, statement.text);
+    } else if (hasBracket) {
+        statement.text += " + ";
+        statement.text += translateBracketedAddend(statement);
     }
     statement.text += ']';
-    return true;
 }
 
-bool writeStringValue(Statement& statement) {
+struct RefusedValue {
+    TokenType token;
+    Message message;
+};
+
+constexpr RefusedValue refusedStringValues[] = {
+#define STRING_VALUE(token, message) {TokenType::token, Message::message},
+#include "src/stmt/values.def"
+};
+
+void writeStringValue(Statement& statement) {
     const TokenType type = statement.cursor.type();
     if (isStringTerm(type)) {
-        return translateStringExpression(statement.context, statement.cursor, statement.text);
+        translateStringExpression(statement, statement.text);
+        return;
     }
-    switch (type) {
-        case TokenType::CALLBACK:
-            return translateAssignmentValue(statement.context, statement.cursor, statement.text);
-        case TokenType::AXIS_DEFINE:
-        case TokenType::AXIS_NAME:
-        case TokenType::APTGLOB_VARIABLE:
-        case TokenType::APTTASK_VARIABLE:
-        case TokenType::PERCENT: return refuse(statement, Message::AxisAssignedToString);
-        case TokenType::READPARMSTRING:
-            return refuse(statement, Message::ReadparmstringUnsupported);
-        case TokenType::GETPARMSTRING: return refuse(statement, Message::GetparmstringUnsupported);
-        case TokenType::READCONFIGSTRING:
-            return refuse(statement, Message::ReadconfigstringUnsupported);
-        case TokenType::NETWORK: return refuse(statement, Message::NetworkValueUnsupported);
-        case TokenType::ERRORDECODE: return refuse(statement, Message::ErrordecodeUnsupported);
-        default: return reportUnexpectedToken(statement.context, statement.cursor);
+    if (type == TokenType::CALLBACK) {
+        translateAssignmentValue(statement, statement.text);
+        return;
     }
+    for (const RefusedValue& value : refusedStringValues) {
+        if (value.token == type) {
+            refuse(statement, value.message);
+        }
+    }
+    reportUnexpectedToken(statement);
 }
 
 }  // namespace
 
 /// string variable = string
 /// The same, the variable being an element of $sglobal or a preserved define.
-bool convertStringAssignment(Statement& statement) {
-    if (!writeStringTarget(statement)) {
-        return false;
-    }
+void convertStringAssignment(Statement& statement) {
+    writeStringTarget(statement);
+    expectToken(statement, TokenType::ASSIGN);
     statement.text += " = ";
-    return expect(statement, TokenType::ASSIGN) && writeStringValue(statement);
+    writeStringValue(statement);
 }
 
 }  // namespace torvel

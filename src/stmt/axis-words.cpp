@@ -17,33 +17,31 @@ constexpr TokenType wordBeginnings[] = {
 
 }  // namespace
 
-bool readAxisWord(ConversionContext& context, TokenCursor& cursor, AxisWord& word) {
-    if (cursor.atEnd()) {
-        return logConversionMessage(context, Message::AxisPointOrWordExpected);
-    }
-    if (!isOneOf(cursor.type(), wordBeginnings)) {
-        return reportUnexpectedToken(context, cursor, wordBeginnings);
-    }
-    word.isAxis = !isAddressLetter(cursor.type());
-    if (word.isAxis) {
-        if (!translateSingleAxis(context, cursor, word.name)) {
-            return false;
-        }
+AxisWord readAxisWord(Statement& statement) {
+    AxisWord word;
+    const TokenType type = statement.cursor.type();
+    if (statement.cursor.atEnd()) {
+        refuse(statement, Message::AxisPointOrWordExpected);
+    } else if (!isOneOf(type, wordBeginnings)) {
+        reportUnexpectedToken(statement, wordBeginnings);
+    } else if (isAddressLetter(type)) {
+        word.name = upperCase(statement.cursor.text()[0]);
+        statement.cursor.advance();
     } else {
-        word.name = upperCase(cursor.text()[0]);
-        cursor.advance();
+        word.isAxis = true;
+        translateSingleAxis(statement, word.name);
     }
-    acceptToken(cursor, TokenType::ASSIGN);
-    return translateExpression(context, cursor, word.value);
+    acceptToken(statement, TokenType::ASSIGN);
+    translateExpression(statement, word.value);
+    return word;
 }
 
-bool readAxisPoints(ConversionContext& context, TokenCursor& cursor, std::vector<AxisWord>& words) {
-    while (!cursor.atEnd()) {
-        if (!readAxisWord(context, cursor, words.emplace_back())) {
-            return false;
-        }
+std::vector<AxisWord> readAxisPoints(Statement& statement) {
+    std::vector<AxisWord> words;
+    while (!statement.cursor.atEnd()) {
+        words.push_back(readAxisWord(statement));
     }
-    return true;
+    return words;
 }
 
 }  // namespace torvel

@@ -16,9 +16,9 @@ struct AxisWord {
 };
 
 /// Reads an axis or an address letter (not G, M or N), an optional "=", and a value.
-bool readAxisWord(ConversionContext& context, TokenCursor& cursor, AxisWord& word);
+AxisWord readAxisWord(Statement& statement);
 
 /// Reads words up to the end of the line.
-bool readAxisPoints(ConversionContext& context, TokenCursor& cursor, std::vector<AxisWord>& words);
+std::vector<AxisWord> readAxisPoints(Statement& statement);
 
 }  // namespace torvel

@@ -1,11 +1,10 @@
 // CALLBACK reaches the services of the host by a code: operator messages, a library of files and
 // communication, and others. Torvel has next to none of them; what is told is which one was called.
 
-#include "src/stmt/callbacks.h"
-
 #include "src/expr/expressions.h"
 #include "src/expr/number-text.h"
 #include "src/expr/variables.h"
+#include "src/stmt/routines.h"
 
 namespace torvel {
 
@@ -52,22 +51,19 @@ Message findService(const Service (&rows)[count], std::int32_t code, Message oth
 }
 
 /// An expression that is an integer when it is converted; `missing` tells that it is none.
-std::optional<std::int32_t> readConstant(ConversionContext& context, TokenCursor& cursor,
-                                         Message missing) {
+std::int32_t readConstant(Statement& statement, Message missing) {
     ExpressionText text;
-    if (!translateExpression(context, cursor, text)) {
-        return std::nullopt;
-    }
+    translateExpression(statement, text);
     const std::optional<std::int32_t> number = parseIntegerText(text);
     if (!number) {
-        logConversionMessage(context, missing);
+        refuse(statement, missing);
     }
-    return number;
+    return number.value_or(0);
 }
 
 /// A string that is known when it is converted: a literal or a preserved define.
-std::optional<std::string_view> readName(ConversionContext& context, TokenCursor& cursor,
-                                         Message missing) {
+std::string_view readName(Statement& statement, Message missing) {
+    TokenCursor& cursor = statement.cursor;
     std::string_view name;
     if (cursor.is(TokenType::STRING_LITERAL)) {
         name = cursor.text();
@@ -75,76 +71,60 @@ std::optional<std::string_view> readName(ConversionContext& context, TokenCursor
         name = cursor.value();
         name = name.substr(1, name.size() - 2);
     } else {
-        logConversionMessage(context, missing);
-        return std::nullopt;
+        refuse(statement, missing);
     }
     cursor.advance();
     return name;
 }
 
 /// CALLBACK 1001 [,] command ...
-bool translateMessage(ConversionContext& context, TokenCursor& cursor) {
-    acceptToken(cursor, TokenType::COMMA);
-    const auto command = readConstant(context, cursor, Message::MessageCommandExpected);
-    return command && logConversionMessage(context, findService(messageCommands, *command,
-                                                                Message::MessageCommandUnknown));
+void translateMessage(Statement& statement) {
+    acceptToken(statement, TokenType::COMMA);
+    const std::int32_t command = readConstant(statement, Message::MessageCommandExpected);
+    refuse(statement, findService(messageCommands, command, Message::MessageCommandUnknown));
 }
 
 /// ... [,] handle
 /// FileClose(handle)
-bool translateFileClose(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    acceptToken(cursor, TokenType::COMMA);
-    if (!isNumericVariable(cursor.type())) {
-        return logConversionMessage(context, Message::FilecloseUnsupported);
+void translateFileClose(Statement& statement, ExpressionText& out) {
+    acceptToken(statement, TokenType::COMMA);
+    if (!isNumericVariable(statement.cursor.type())) {
+        refuse(statement, Message::FilecloseUnsupported);
     }
     out += "FileClose(";
-    if (!translateVariableRead(context, cursor, out)) {
-        return false;
-    }
+    translateVariableRead(statement, out);
     out += ')';
-    return true;
 }
 
 /// CALLBACK 1032 [,] library [,] function ...
-bool translateLibraryCall(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    acceptToken(cursor, TokenType::COMMA);
-    const auto library = readName(context, cursor, Message::LibraryNameExpected);
-    if (!library) {
-        return false;
+void translateLibraryCall(Statement& statement, ExpressionText& out) {
+    acceptToken(statement, TokenType::COMMA);
+    if (readName(statement, Message::LibraryNameExpected) != callbackLibrary) {
+        refuse(statement, Message::CallbackNoOneToOne);
     }
-    if (*library != callbackLibrary) {
-        return logConversionMessage(context, Message::CallbackNoOneToOne);
-    }
-    acceptToken(cursor, TokenType::COMMA);
-    const auto name = readName(context, cursor, Message::LibraryFunctionExpected);
-    if (!name) {
-        return false;
-    }
-    if (*name == fileClose) {
-        return translateFileClose(context, cursor, out);
+    acceptToken(statement, TokenType::COMMA);
+    const std::string_view name = readName(statement, Message::LibraryFunctionExpected);
+    if (name == fileClose) {
+        translateFileClose(statement, out);
+        return;
     }
     for (const LibraryFunction& function : libraryFunctions) {
-        if (function.name == *name) {
-            return logConversionMessage(context, function.message);
+        if (function.name == name) {
+            refuse(statement, function.message);
         }
     }
-    return logConversionMessage(context, Message::CallbackNoOneToOne);
+    refuse(statement, Message::CallbackNoOneToOne);
 }
 
 }  // namespace
 
-bool translateCallback(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    cursor.advance();
-    const auto code = readConstant(context, cursor, Message::CallbackCodeExpected);
-    if (!code) {
-        return false;
-    }
-    switch (*code) {
-        case operatorMessages: return translateMessage(context, cursor);
-        case libraryCall: return translateLibraryCall(context, cursor, out);
-        default:
-            return logConversionMessage(context,
-                                        findService(services, *code, Message::CallbackNoOneToOne));
+void translateCallback(Statement& statement, ExpressionText& out) {
+    statement.cursor.advance();
+    const std::int32_t code = readConstant(statement, Message::CallbackCodeExpected);
+    switch (code) {
+        case operatorMessages: translateMessage(statement); break;
+        case libraryCall: translateLibraryCall(statement, out); break;
+        default: refuse(statement, findService(services, code, Message::CallbackNoOneToOne)); break;
     }
 }
 

@@ -1,40 +1,35 @@
-#include "src/stmt/data-collection.h"
-
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
 #include "src/expr/number-text.h"
 #include "src/stmt/data-signals.h"
-#include "src/stmt/forms.h"
+#include "src/stmt/routines.h"
 
 namespace torvel {
 
 /// DATACOLLECT START a , b , c [, d [, e]]: has its own function in Torvel, with other arguments.
-bool convertCollectionStart(Statement& statement, std::string_view) {
+void convertCollectionStart(Statement& statement, std::string_view) {
     std::string operand;
-    for (int number = 0; number < 5; ++number) {
-        if (number >= 3 && !statement.cursor.is(TokenType::COMMA)) {
-            break;
-        }
-        if ((number > 0 && !expect(statement, TokenType::COMMA)) ||
-            !readOperand(statement, 'v', operand)) {
-            return false;
-        }
+    translateExpression(statement, operand);
+    for (int number = 1; number < 5 && (number < 3 || statement.cursor.is(TokenType::COMMA));
+         ++number) {
+        expectToken(statement, TokenType::COMMA);
+        translateExpression(statement, operand);
     }
-    return refuse(statement, Message::DatacollectStartNoOneToOne);
+    refuse(statement, Message::DatacollectStartNoOneToOne);
 }
 
 namespace {
 
 /// The axis or task that an item is collected of: an axis, or an axis number.
-bool readTarget(Statement& statement, std::string& target) {
-    TokenCursor& cursor = statement.cursor;
-    if (isAxis(cursor.type()) || cursor.is(TokenType::PERCENT)) {
-        return translateSingleAxis(statement.context, cursor, target);
+void readTarget(Statement& statement, std::string& target) {
+    const TokenType type = statement.cursor.type();
+    if (isAxis(type) || type == TokenType::PERCENT) {
+        translateSingleAxis(statement, target);
+    } else if (type == TokenType::INTEGER_LITERAL) {
+        translateAxisNumber(statement, target);
+    } else {
+        refuse(statement, Message::IntegerLiteralExpected);
     }
-    if (!cursor.is(TokenType::INTEGER_LITERAL)) {
-        return refuse(statement, Message::IntegerLiteralExpected);
-    }
-    return translateAxisNumber(statement.context, cursor, target);
 }
 
 struct SignalTable {
@@ -55,25 +50,26 @@ constexpr SignalTable signalTables[] = {
 /// DATACOLLECT ITEM slot , target , item [, argument]
 /// DataCollectionAddAxisSignal | AddTaskSignal(target, signal, argument)
 /// DataCollectionAddSystemSignal(signal, argument)
-bool convertCollectionItem(Statement& statement, std::string_view) {
+void convertCollectionItem(Statement& statement, std::string_view) {
     std::string slot;
+    translateExpression(statement, slot);
+    expectToken(statement, TokenType::COMMA);
     std::string target;
+    readTarget(statement, target);
+    expectToken(statement, TokenType::COMMA);
     std::string item;
-    if (!readOperand(statement, 'v', slot) || !expect(statement, TokenType::COMMA) ||
-        !readTarget(statement, target) || !expect(statement, TokenType::COMMA) ||
-        !readOperand(statement, 'v', item)) {
-        return false;
-    }
+    translateExpression(statement, item);
     const std::optional<std::int32_t> number = parseIntegerText(item);
     if (!number) {
-        return refuse(statement, Message::IntegerLiteralExpected);
+        refuse(statement, Message::IntegerLiteralExpected);
     }
     std::string argument;
-    if (accept(statement, TokenType::COMMA)) {
+    if (acceptToken(statement, TokenType::COMMA)) {
         argument = ", ";
-        if (!readOperand(statement, 'v', argument)) {
-            return false;
-        }
+        translateExpression(statement, argument);
+    }
+    if (statement.isRefused) {
+        return;
     }
     for (const SignalTable& table : signalTables) {
         const auto name =
@@ -82,15 +78,15 @@ bool convertCollectionItem(Statement& statement, std::string_view) {
             continue;
         }
         if (name->empty()) {
-            return refuse(statement, Message::ItemRemoved);
+            refuse(statement, Message::ItemRemoved);
         }
         statement.text += table.call;
         statement.text += table.hasTarget ? target + ", " : "";
         statement.text += *name;
         statement.text += argument + ")";
-        return true;
+        return;
     }
-    return refuse(statement, Message::DataItemUnknown);
+    refuse(statement, Message::DataItemUnknown);
 }
 
 }  // namespace torvel

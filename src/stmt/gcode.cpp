@@ -1,8 +1,6 @@
 // A line of G-code stays one: each word is written as it is, its value translated. Words stand with
 // one blank between them.
 
-#include "src/stmt/gcode.h"
-
 #include <algorithm>
 
 #include "src/expr/axis-lists.h"
@@ -10,6 +8,7 @@
 #include "src/expr/number-text.h"
 #include "src/lex/characters.h"
 #include "src/lex/lexer.h"
+#include "src/stmt/routines.h"
 
 namespace torvel {
 
@@ -41,151 +40,133 @@ bool contains(const std::int32_t (&numbers)[count], std::int32_t number) {
 }
 
 /// Gnumber
-bool writeGcode(Statement& statement, bool& expectsDwell) {
+void writeGcode(Statement& statement, bool& expectsDwell) {
     const std::string_view number = statement.cursor.text().substr(1);
     statement.cursor.advance();
     const std::optional<std::int32_t> code = parseIntegerText(number);
     if (!code) {
-        return refuse(statement, Message::IntegerLiteralExpected);
+        refuse(statement, Message::IntegerLiteralExpected);
+    } else if (contains(refusedGcodes, *code)) {
+        refuse(statement, Message::GcodeUnsupported, {number});
+    } else {
+        expectsDwell = contains(dwellGcodes, *code);
     }
-    if (contains(refusedGcodes, *code)) {
-        return logConversionMessage(statement.context, Message::GcodeUnsupported, {number});
-    }
-    expectsDwell = contains(dwellGcodes, *code);
     statement.text += 'G';
     statement.text += number;
-    return true;
 }
 
 /// M number
-bool writeMcode(Statement& statement) {
+void writeMcode(Statement& statement) {
     ExpressionText number;
-    if (!translateNumericLiteral(statement.context, statement.cursor, number)) {
-        return false;
-    }
+    translateNumericLiteral(statement, number);
     const std::optional<std::int32_t> code = parseIntegerText(number);
     if (!code) {
-        return refuse(statement, Message::IntegerLiteralExpected);
-    }
-    if (contains(refusedMcodes, *code)) {
-        return logConversionMessage(statement.context, Message::McodeUnsupported, {number});
+        refuse(statement, Message::IntegerLiteralExpected);
+    } else if (contains(refusedMcodes, *code)) {
+        refuse(statement, Message::McodeUnsupported, {number});
     }
     statement.text += 'M';
     statement.text += number;
-    return true;
 }
 
 /// name [=] value
-bool writeWord(Statement& statement, std::string_view name) {
+void writeWord(Statement& statement, std::string_view name) {
     statement.text += name;
-    accept(statement, TokenType::ASSIGN);
-    return writeExpression(statement);
+    acceptToken(statement, TokenType::ASSIGN);
+    writeExpression(statement);
 }
 
 /// name [=] value, where the name begins with an axis of `axisLength` bytes. If name and value together
 /// begin with a longer axis name, as "X" and "10" do with the axes X and X1, the value stands in
 /// parentheses.
-bool writeAxisValue(Statement& statement, std::string_view name, std::size_t axisLength) {
+void writeAxisValue(Statement& statement, std::string_view name, std::size_t axisLength) {
     StatementText& text = statement.text;
     const std::size_t start = text.size();
-    if (!writeWord(statement, name)) {
-        return false;
-    }
+    writeWord(statement, name);
     const AxisNames& axes = statement.context.axes;
     if (axes.goesOnWith(text[start + axisLength]) &&
         axisNameLength(std::string_view(text).substr(start), axes) > name.size()) {
-        text.insert(start + name.size(), 1, '(');
-        text += ')';
+        parenthesise(text, start + name.size());
     }
-    return true;
 }
 
 /// axis [[=] value]: the value may be left out at the end and in front of another axis.
-bool writeAxisWord(Statement& statement, std::string_view axis) {
+void writeAxisWord(Statement& statement, std::string_view axis) {
     if (statement.cursor.atEnd() || isAxis(statement.cursor.type())) {
         statement.text += axis;
-        return true;
+    } else {
+        writeAxisValue(statement, axis, axis.size());
     }
-    return writeAxisValue(statement, axis, axis.size());
-}
-
-/// N number
-bool writeLineNumber(Statement& statement) {
-    const auto number =
-        expectToken(statement.context, statement.cursor, TokenType::INTEGER_LITERAL);
-    if (!number) {
-        return false;
-    }
-    statement.text += 'N';
-    statement.text += *number;
-    return true;
 }
 
 /// An address letter; in the place of a dwell's argument F is P.
-bool writeLetter(Statement& statement, TokenType letter, bool isDwell) {
+void writeLetter(Statement& statement, TokenType letter, bool isDwell) {
     const char name = isDwell ? 'P' : upperCase(statement.cursor.text()[0]);
     statement.cursor.advance();
     const bool isIndexed = statement.cursor.is(TokenType::LEFT_BRACKET);
     switch (letter) {
         case TokenType::LETTER_G:
-            return refuse(statement, isIndexed ? Message::GcodeIndexUnsupported
-                                               : Message::IntegerLiteralExpected);
-        case TokenType::LETTER_M: return writeMcode(statement);
-        case TokenType::LETTER_N: return writeLineNumber(statement);
+            refuse(statement,
+                   isIndexed ? Message::GcodeIndexUnsupported : Message::IntegerLiteralExpected);
+            break;
+        case TokenType::LETTER_M: writeMcode(statement); break;
+        case TokenType::LETTER_N:
+            statement.text += 'N';
+            statement.text += expectToken(statement, TokenType::INTEGER_LITERAL);
+            break;
         case TokenType::LETTER_S:
             if (isIndexed) {
-                return refuse(statement, Message::SpindleIndexUnsupported);
+                refuse(statement, Message::SpindleIndexUnsupported);
             }
-            break;
-        default: break;
+            [[fallthrough]];
+        default: writeWord(statement, std::string_view(&name, 1)); break;
     }
-    return writeWord(statement, std::string_view(&name, 1));
 }
 
-bool writeLineWord(Statement& statement, bool& expectsDwell) {
+void writeLineWord(Statement& statement, bool& expectsDwell) {
     TokenCursor& cursor = statement.cursor;
     const TokenType type = cursor.type();
     if (!isOneOf(type, words)) {
-        return reportUnexpectedToken(statement.context, cursor, words);
+        reportUnexpectedToken(statement, words);
+        return;
     }
     const bool isDwell = expectsDwell;
     expectsDwell = false;
     if (isDwell && type != TokenType::LETTER_F && type != TokenType::LETTER_P) {
-        return refuse(statement, Message::IntegerLiteralExpected);
+        refuse(statement, Message::IntegerLiteralExpected);
+        return;
     }
     switch (type) {
-        case TokenType::GCODE_WORD: return writeGcode(statement, expectsDwell);
+        case TokenType::GCODE_WORD: writeGcode(statement, expectsDwell); break;
         case TokenType::APTGLOB_VARIABLE:
-        case TokenType::APTTASK_VARIABLE: return refuse(statement, Message::AxisPointUnsupported);
+        case TokenType::APTTASK_VARIABLE: refuse(statement, Message::AxisPointUnsupported); break;
         case TokenType::AXIS_NAME:
-        case TokenType::AXIS_FEEDRATE:
         case TokenType::AXIS_DEFINE: {
-            const std::string_view name =
+            const std::string_view axis =
                 type == TokenType::AXIS_DEFINE ? cursor.value() : cursor.text();
             cursor.advance();
-            return type == TokenType::AXIS_FEEDRATE
-                       ? writeAxisValue(statement, name, name.size() - 1)
-                       : writeAxisWord(statement, name);
+            writeAxisWord(statement, axis);
+            break;
         }
-        default: return writeLetter(statement, type, isDwell);
+        case TokenType::AXIS_FEEDRATE: {
+            const std::string_view specifier = cursor.text();
+            cursor.advance();
+            writeAxisValue(statement, specifier, specifier.size() - 1);
+            break;
+        }
+        default: writeLetter(statement, type, isDwell); break;
     }
 }
 
 }  // namespace
 
-bool translateGcodeStatement(Statement& statement) {
+void translateGcodeStatement(Statement& statement) {
     bool expectsDwell = false;
-    bool isFirst = true;
+    writeLineWord(statement, expectsDwell);
     while (!statement.cursor.atEnd()) {
-        if (!isFirst) {
-            statement.text += ' ';
-        }
-        isFirst = false;
-        if (!writeLineWord(statement, expectsDwell)) {
-            return false;
-        }
+        statement.text += ' ';
+        writeLineWord(statement, expectsDwell);
     }
-    return true;
 }
 
 }  // namespace torvel

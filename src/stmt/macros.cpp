@@ -8,7 +8,7 @@ namespace torvel {
 
 /// Every line of the body is converted, later ones too after one has failed, so that all messages
 /// come. One that failed leaves the macro as it was written.
-bool convertMacroDefinition(Statement& statement, const Macro& macro) {
+void convertMacroDefinition(Statement& statement, const Macro& macro) {
     const Program& program = statement.context.program;
     std::string body;
     bool isConverted = true;
@@ -23,7 +23,7 @@ bool convertMacroDefinition(Statement& statement, const Macro& macro) {
     }
     if (!isConverted) {
         statement.text += program.text.view(macro.unconverted);
-        return true;
+        return;
     }
     statement.text += program.text.view(macro.head);
     statement.text += body.empty() ? "" : " ";
@@ -33,45 +33,38 @@ bool convertMacroDefinition(Statement& statement, const Macro& macro) {
         }
         statement.text += c;
     }
-    return true;
 }
 
 namespace {
 
 /// An argument is an axis, a string or a number, by the token that begins it.
-bool writeArgument(Statement& statement) {
+void writeArgument(Statement& statement) {
     const TokenType type = statement.cursor.type();
     if (isAxis(type) || type == TokenType::AT) {
-        return translateSingleAxis(statement.context, statement.cursor, statement.text);
+        translateSingleAxis(statement, statement.text);
+    } else if (beginsString(statement.cursor)) {
+        translateStringExpression(statement, statement.text);
+    } else {
+        writeExpression(statement);
     }
-    if (beginsString(statement.cursor)) {
-        return translateStringExpression(statement.context, statement.cursor, statement.text);
-    }
-    return writeExpression(statement);
 }
 
 }  // namespace
 
-bool convertMacroCall(Statement& statement) {
+void convertMacroCall(Statement& statement) {
     statement.text += statement.cursor.text();
     statement.text += '(';
     statement.cursor.advance();
-    if (!expect(statement, TokenType::LEFT_PAREN)) {
-        return false;
-    }
+    expectToken(statement, TokenType::LEFT_PAREN);
     if (!statement.cursor.is(TokenType::RIGHT_PAREN)) {
-        if (!writeArgument(statement)) {
-            return false;
-        }
-        while (accept(statement, TokenType::COMMA)) {
-            statement.text += ", ";
-            if (!writeArgument(statement)) {
-                return false;
-            }
-        }
+        writeArgument(statement);
+    }
+    while (acceptToken(statement, TokenType::COMMA)) {
+        statement.text += ", ";
+        writeArgument(statement);
     }
     statement.text += ')';
-    return expect(statement, TokenType::RIGHT_PAREN);
+    expectToken(statement, TokenType::RIGHT_PAREN);
 }
 
 }  // namespace torvel

@@ -5,9 +5,9 @@
 namespace torvel {
 
 /// A `#macro`, whose body is converted here.
-bool convertMacroDefinition(Statement& statement, const Macro& macro);
+void convertMacroDefinition(Statement& statement, const Macro& macro);
 
 /// NAME(arguments): a line that calls a macro.
-bool convertMacroCall(Statement& statement);
+void convertMacroCall(Statement& statement);
 
 }  // namespace torvel

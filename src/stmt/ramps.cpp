@@ -2,13 +2,14 @@
 // calls set them all. What the statement does not say is a placeholder in the call, and a message
 // tells that the call must be completed.
 
-#include "src/stmt/ramps.h"
-
 #include <vector>
 
 #include "src/expr/axis-lists.h"
+#include "src/expr/expressions.h"
+#include "src/expr/form.h"
+#include "src/expr/named-operands.h"
 #include "src/stmt/axis-words.h"
-#include "src/stmt/forms.h"
+#include "src/stmt/routines.h"
 
 namespace torvel {
 
@@ -18,22 +19,20 @@ enum class RampSide : std::uint8_t { both, acceleration, deceleration };
 
 /// [ACCEL | DECEL]
 RampSide readSide(Statement& statement) {
-    if (accept(statement, TokenType::ACCEL)) {
+    if (acceptToken(statement, TokenType::ACCEL)) {
         return RampSide::acceleration;
     }
-    return accept(statement, TokenType::DECEL) ? RampSide::deceleration : RampSide::both;
+    return acceptToken(statement, TokenType::DECEL) ? RampSide::deceleration : RampSide::both;
 }
 
 /// [axes], in brackets if there are several; empty if there are none.
-bool readRampAxes(Statement& statement, std::string& axes) {
-    std::vector<std::string> list;
-    if (!translateAxisList(statement.context, statement.cursor, AxisDemand::anyNumber, list)) {
-        return false;
-    }
+std::string readRampAxes(Statement& statement) {
+    const std::vector<std::string> list = translateAxisList(statement);
+    std::string axes;
     if (!list.empty()) {
         formatList(list, true, axes);
     }
-    return true;
+    return axes;
 }
 
 /// The calls that set a property for the task's coordinated motion and for axes.
@@ -64,23 +63,17 @@ void writeCall(Statement& statement, const RampCall& call, std::string_view axes
 }
 
 void advisePlaceholder(Statement& statement, const RampCall& call, bool forAxes) {
-    advise(statement, forAxes ? call.axisPlaceholder : call.coordinatedPlaceholder);
+    logConversionMessage(statement, forAxes ? call.axisPlaceholder : call.coordinatedPlaceholder);
 }
 
 }  // namespace
 
 /// RAMP MODE RATE | TIME [ACCEL | DECEL] [axes]
-bool convertRampMode(Statement& statement, std::string_view) {
-    const bool isRate = statement.cursor.is(TokenType::RATE);
-    if (!expectToken(statement.context, statement.cursor, {TokenType::RATE, TokenType::TIME})) {
-        return false;
-    }
-    const std::string mode = isRate ? "RampMode.Rate" : "RampMode.Time";
+void convertRampMode(Statement& statement, std::string_view) {
+    std::string mode;
+    translateNamedOperand(statement, OperandSet::rampMode, Presence::required, mode);
     const RampSide side = readSide(statement);
-    std::string axes;
-    if (!readRampAxes(statement, axes)) {
-        return false;
-    }
+    const std::string axes = readRampAxes(statement);
     std::string arguments;
     switch (side) {
         case RampSide::both: arguments = mode + ", /* $rampValue */"; break;
@@ -95,7 +88,6 @@ bool convertRampMode(Statement& statement, std::string_view) {
     }
     writeCall(statement, rampValue, axes, arguments);
     advisePlaceholder(statement, rampValue, !axes.empty());
-    return true;
 }
 
 namespace {
@@ -114,90 +106,77 @@ std::string rampArguments(RampSide side, std::string_view mode, std::string_view
 }
 
 /// {axis value}: a call for each axis, one a line
-bool writeAxisRamps(Statement& statement, RampSide side, std::string_view mode) {
-    std::vector<AxisWord> points;
-    if (!readAxisPoints(statement.context, statement.cursor, points)) {
-        return false;
-    }
-    bool isFirst = true;
-    for (const AxisWord& point : points) {
+void writeAxisRamps(Statement& statement, RampSide side, std::string_view mode) {
+    std::string_view separator;
+    for (const AxisWord& point : readAxisPoints(statement)) {
         if (!point.isAxis) {
-            return refuse(statement, Message::AxisPointExpected);
+            refuse(statement, Message::AxisPointExpected);
         }
-        statement.text += isFirst ? "" : "\n";
-        isFirst = false;
+        statement.text += separator;
+        separator = "\n";
         writeCall(statement, rampValue, point.name, rampArguments(side, mode, point.value, true));
     }
-    return true;
 }
 
 /// RAMP TIME | RATE [ACCEL | DECEL] value
 /// RAMP TIME | RATE [ACCEL | DECEL] {axis value}
-bool convertRampValue(Statement& statement, std::string_view mode) {
+void convertRampValue(Statement& statement, std::string_view mode) {
     const RampSide side = readSide(statement);
     const TokenType type = statement.cursor.type();
     if (statement.cursor.atEnd()) {
-        return reportUnexpectedToken(statement.context, statement.cursor);
-    }
-    if (type == TokenType::APTGLOB_VARIABLE || type == TokenType::APTTASK_VARIABLE) {
-        return refuse(statement, Message::AxisPointUnsupported);
+        reportUnexpectedToken(statement);
+    } else if (type == TokenType::APTGLOB_VARIABLE || type == TokenType::APTTASK_VARIABLE) {
+        refuse(statement, Message::AxisPointUnsupported);
     }
     const bool forAxes = isAxis(type);
     if (forAxes) {
-        if (!writeAxisRamps(statement, side, mode)) {
-            return false;
-        }
+        writeAxisRamps(statement, side, mode);
     } else {
         std::string value;
-        if (!readOperand(statement, 'v', value)) {
-            return false;
-        }
+        translateExpression(statement, value);
         writeCall(statement, rampValue, {}, rampArguments(side, mode, value, false));
     }
     if (side != RampSide::both) {
         advisePlaceholder(statement, rampValue, forAxes);
     }
-    return true;
 }
 
+constexpr Form dependentAcceleration =
+    makeForm("", "value", "SetupDependentCoordinatedRampRate({}, /* $rampValueDecel */)");
+constexpr Form dependentDeceleration =
+    makeForm("", "value", "SetupDependentCoordinatedRampRate(/* $rampValueAccel */, {})");
+
 /// RAMP RATE DEPENDENT ACCEL | DECEL value
-bool convertDependentRate(Statement& statement) {
+void convertDependentRate(Statement& statement) {
     const bool isAcceleration = statement.cursor.is(TokenType::ACCEL);
-    if (!expectToken(statement.context, statement.cursor, {TokenType::ACCEL, TokenType::DECEL}) ||
-        !writeForm(statement, "v",
-                   isAcceleration
-                       ? "SetupDependentCoordinatedRampRate({}, /* $rampValueDecel */)"
-                       : "SetupDependentCoordinatedRampRate(/* $rampValueAccel */, {})")) {
-        return false;
-    }
-    advise(statement, Message::SetupDependentCoordinatedRampRatePlaceholder);
-    return true;
+    expectToken(statement, {TokenType::ACCEL, TokenType::DECEL});
+    writeForm(statement, isAcceleration ? dependentAcceleration : dependentDeceleration,
+              statement.text);
+    logConversionMessage(statement, Message::SetupDependentCoordinatedRampRatePlaceholder);
 }
 
 }  // namespace
 
-bool convertRampRate(Statement& statement, std::string_view) {
-    if (accept(statement, TokenType::DEPENDENT)) {
-        return convertDependentRate(statement);
+void convertRampRate(Statement& statement, std::string_view) {
+    if (acceptToken(statement, TokenType::DEPENDENT)) {
+        convertDependentRate(statement);
+    } else {
+        convertRampValue(statement, "RampMode.Rate");
     }
-    return convertRampValue(statement, "RampMode.Rate");
 }
 
-bool convertRampTime(Statement& statement, std::string_view) {
-    return convertRampValue(statement, "RampMode.Time");
+void convertRampTime(Statement& statement, std::string_view) {
+    convertRampValue(statement, "RampMode.Time");
 }
 
 namespace {
 
 /// [ACCEL | DECEL] [axes] for the types that need no argument. The plain coordinated linear form
 /// alone is complete.
-bool writeSimpleRampType(Statement& statement, bool isLinear) {
+void writeSimpleRampType(Statement& statement, bool isLinear) {
     const std::string type = isLinear ? "RampType.Linear" : "RampType.Sine";
     const RampSide side = readSide(statement);
-    std::string axes;
-    if (!readRampAxes(statement, axes)) {
-        return false;
-    }
+    const std::string axes = readRampAxes(statement);
     std::string arguments;
     switch (side) {
         case RampSide::both: arguments = axes.empty() ? type + ", 0" : type; break;
@@ -212,11 +191,10 @@ bool writeSimpleRampType(Statement& statement, bool isLinear) {
     if (!isLinear || side != RampSide::both || !axes.empty()) {
         advisePlaceholder(statement, rampType, !axes.empty());
     }
-    return true;
 }
 
 /// [ACCEL | DECEL]: the percentage is never given.
-bool writeScurveRampType(Statement& statement) {
+void writeScurveRampType(Statement& statement) {
     std::string_view arguments;
     switch (readSide(statement)) {
         case RampSide::both: arguments = "RampType.SCurve, /* $rampTypeArg */"; break;
@@ -233,21 +211,20 @@ bool writeScurveRampType(Statement& statement) {
     }
     writeCall(statement, rampType, {}, arguments);
     advisePlaceholder(statement, rampType, false);
-    return true;
 }
 
 }  // namespace
 
 /// RAMP TYPE LINEAR | SINE [ACCEL | DECEL] [axes]
 /// RAMP TYPE SCURVE [ACCEL | DECEL]
-bool convertRampType(Statement& statement, std::string_view) {
+void convertRampType(Statement& statement, std::string_view) {
     const TokenType type = statement.cursor.type();
-    if (!expectToken(statement.context, statement.cursor,
-                     {TokenType::LINEAR, TokenType::SINE, TokenType::SCURVE})) {
-        return false;
+    expectToken(statement, {TokenType::LINEAR, TokenType::SINE, TokenType::SCURVE});
+    if (type == TokenType::SCURVE) {
+        writeScurveRampType(statement);
+    } else {
+        writeSimpleRampType(statement, type == TokenType::LINEAR);
     }
-    return type == TokenType::SCURVE ? writeScurveRampType(statement)
-                                     : writeSimpleRampType(statement, type == TokenType::LINEAR);
 }
 
 }  // namespace torvel

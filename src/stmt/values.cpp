@@ -2,75 +2,72 @@
 
 #include <array>
 
-#include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
+#include "src/expr/form.h"
 #include "src/expr/strings.h"
-#include "src/stmt/callbacks.h"
-#include "src/stmt/drive-memory.h"
+#include "src/stmt/routines.h"
 
 namespace torvel {
 
 namespace {
 
-/// What is told of the values that have no conversion, by kind of token.
-constexpr auto refusals = [] {
-    std::array<std::optional<Message>, tokenTypeCount> table{};
+constexpr Form forms[] = {
+#define VALUE_FORM(token, pattern, text) makeForm("", pattern, text),
+#include "src/stmt/values.def"
+};
+
+/// How a value is translated; without any of these it is an expression.
+struct Value {
+    const Form* form = nullptr;
+    std::optional<Message> refusal;
+    void (*translate)(Statement&, ExpressionText&) = nullptr;
+};
+
+/// By the kind of token that begins it.
+constexpr auto values = [] {
+    std::array<Value, tokenTypeCount> table{};
+    const Form* form = forms;
 #define VALUE(token, message) \
-    table[static_cast<std::uint32_t>(TokenType::token)] = Message::message;
+    table[static_cast<std::uint32_t>(TokenType::token)] = {nullptr, Message::message, nullptr};
+#define VALUE_FORM(token, pattern, text) \
+    table[static_cast<std::uint32_t>(TokenType::token)] = {form++, {}, nullptr};
+#define VALUE_ROUTINE(token, translate) \
+    table[static_cast<std::uint32_t>(TokenType::token)] = {nullptr, {}, translate};
 #include "src/stmt/values.def"
     return table;
 }();
 
-/// FILESIZE file, FILESIZE ( file ): the file's name, or its handle
-/// FileSize(file)
-bool translateFileSize(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    cursor.advance();
-    out += "FileSize(";
-    const bool isParenthesised = acceptToken(cursor, TokenType::LEFT_PAREN);
-    if (beginsString(cursor) ? !translateStringExpression(context, cursor, out)
-                             : !translateExpression(context, cursor, out)) {
-        return false;
-    }
-    out += ')';
-    return !isParenthesised || expectToken(context, cursor, TokenType::RIGHT_PAREN);
-}
-
-/// FLASHPARAM axis GET number
-/// DriveFlashParameterRead(axis, number)
-bool translateFlashParameter(ConversionContext& context, TokenCursor& cursor, ExpressionText& out) {
-    cursor.advance();
-    out += "DriveFlashParameterRead(";
-    if (!translateSingleAxis(context, cursor, out) ||
-        !expectToken(context, cursor, TokenType::GET)) {
-        return false;
-    }
-    out += ", ";
-    if (!translateExpression(context, cursor, out)) {
-        return false;
-    }
-    out += ')';
-    return true;
-}
-
 }  // namespace
 
-bool translateAssignmentValue(ConversionContext& context, TokenCursor& cursor,
-                              ExpressionText& out) {
-    switch (cursor.type()) {
-        case TokenType::DBLTOSTR:
-        case TokenType::STRMID:
-        case TokenType::STRUPR:
-        case TokenType::STRLWR: return translateStringExpression(context, cursor, out);
-        case TokenType::CALLBACK: return translateCallback(context, cursor, out);
-        case TokenType::FILESIZE: return translateFileSize(context, cursor, out);
-        case TokenType::DSPMEM: return translateDriveMemoryRead(context, cursor, out);
-        case TokenType::FLASHPARAM: return translateFlashParameter(context, cursor, out);
-        default: break;
+/// FILESIZE file, FILESIZE ( file ): the file's name, or its handle
+/// FileSize(file)
+void translateFileSize(Statement& statement, ExpressionText& out) {
+    statement.cursor.advance();
+    out += "FileSize(";
+    const bool isParenthesised = acceptToken(statement, TokenType::LEFT_PAREN);
+    if (beginsString(statement.cursor)) {
+        translateStringExpression(statement, out);
+    } else {
+        translateExpression(statement, out);
     }
-    if (const auto refusal = refusals[static_cast<std::uint32_t>(cursor.type())]) {
-        return logConversionMessage(context, *refusal);
+    if (isParenthesised) {
+        expectToken(statement, TokenType::RIGHT_PAREN);
     }
-    return translateExpression(context, cursor, out);
+    out += ')';
+}
+
+void translateAssignmentValue(Statement& statement, ExpressionText& out) {
+    const Value& value = values[static_cast<std::uint32_t>(statement.cursor.type())];
+    if (value.refusal) {
+        refuse(statement, *value.refusal);
+    } else if (value.form != nullptr) {
+        statement.cursor.advance();
+        writeForm(statement, *value.form, out);
+    } else if (value.translate != nullptr) {
+        value.translate(statement, out);
+    } else {
+        translateExpression(statement, out);
+    }
 }
 
 }  // namespace torvel

@@ -4,8 +4,7 @@
 
 namespace torvel {
 
-/// Translates a value that may stand on the right of an assignment: a command that returns one, or an
-/// expression.
-bool translateAssignmentValue(ConversionContext& context, TokenCursor& cursor, ExpressionText& out);
+/// Translates what stands behind the "=" of an assignment: a command that returns a value, or an expression.
+void translateAssignmentValue(Statement& statement, ExpressionText& out);
 
 }  // namespace torvel

@@ -1,109 +1,241 @@
 #include "src/stmt/word-statements.h"
 
-#include <algorithm>
+#include <array>
 #include <vector>
 
-#include "src/stmt/data-collection.h"
-#include "src/stmt/drive.h"
-#include "src/stmt/forms.h"
-#include "src/stmt/galvo.h"
-#include "src/stmt/ramps.h"
-#include "src/stmt/tasks.h"
+#include "src/expr/form.h"
+#include "src/stmt/routines.h"
 
 namespace torvel {
 
 namespace {
 
-/// A word that may stand behind a leading keyword.
-struct WordRow {
-    TokenType keyword;
-    TokenType word;
-    std::string_view pattern;
-    std::string_view text;
-    bool (*convert)(Statement&, std::string_view lead);
-    std::optional<Message> refusal;
-    std::optional<Message> advice;
+/// What stands in front of a word.
+struct Lead {
+    bool isThere = false;
+    FormStep operand;
+    /// It is a task, and the running one if it is left out.
+    bool isTask = false;
+    bool mayHaveComma = false;
 };
 
+consteval Lead makeLead(std::string_view pattern) {
+    Lead lead;
+    lead.isThere = !pattern.empty();
+    lead.mayHaveComma = pattern.ends_with(" [,]");
+    if (lead.mayHaveComma) {
+        pattern.remove_suffix(4);
+    }
+    lead.isTask = pattern == "[task]";
+    if (lead.isThere) {
+        lead.operand = formParts::stepCalled(lead.isTask ? "value" : pattern);
+    }
+    return lead;
+}
+
+/// The pattern of the operand in front of a keyword's words, and of that in front of second words.
+consteval std::string_view leadOf(TokenType keyword) {
+#define BY_WORD(token, lead)           \
+    if (keyword == TokenType::token) { \
+        return lead;                   \
+    }
+#include "src/stmt/statements.def"
+    throw "a keyword with words has no BY_WORD";
+}
+consteval std::string_view leadOf(TokenType keyword, TokenType word) {
+#define WORD_BY_WORD(token, first, lead)                                \
+    if (keyword == TokenType::token && word == TokenType::first) {      \
+        return std::string_view(lead).empty() ? leadOf(keyword) : lead; \
+    }
+#include "src/stmt/statements.def"
+    throw "a word with second words has no WORD_BY_WORD";
+}
+
+/// A word that may stand behind a leading keyword, or a second word behind that.
+struct WordRow {
+    enum class Kind : std::uint8_t { form, routine, refused, byWord, otherwise };
+
+    TokenType keyword = TokenType::INVALID;
+    /// The word in front of it; TokenType::INVALID: it is the first.
+    TokenType before = TokenType::INVALID;
+    TokenType word = TokenType::INVALID;
+    Kind kind = Kind::form;
+    Form form;
+    void (*convert)(Statement&, std::string_view lead) = nullptr;
+    Lead lead;
+    /// Why it is refused, or what is told beside the converted text.
+    std::optional<Message> message;
+};
+
+constexpr auto none = TokenType::INVALID;
+
 constexpr WordRow wordRows[] = {
-#define WORD(token, word, pattern, text) \
-    {TokenType::token, TokenType::word, pattern, text, nullptr, {}, {}},
+#define WORD(token, word, pattern, text)                \
+    {TokenType::token,                                  \
+     none,                                              \
+     TokenType::word,                                   \
+     WordRow::Kind::form,                               \
+     makeForm(leadOf(TokenType::token), pattern, text), \
+     nullptr,                                           \
+     {},                                                \
+     {}},
 #define WORD_ADVISED(token, word, pattern, text, message) \
-    {TokenType::token, TokenType::word, pattern, text, nullptr, {}, Message::message},
+    {TokenType::token,                                    \
+     none,                                                \
+     TokenType::word,                                     \
+     WordRow::Kind::form,                                 \
+     makeForm(leadOf(TokenType::token), pattern, text),   \
+     nullptr,                                             \
+     {},                                                  \
+     Message::message},
 #define WORD_ROUTINE(token, word, convert) \
-    {TokenType::token, TokenType::word, {}, {}, convert, {}, {}},
-#define WORD_REFUSED(token, word, message) \
-    {TokenType::token, TokenType::word, {}, {}, nullptr, Message::message, {}},
+    {TokenType::token, none, TokenType::word, WordRow::Kind::routine, {}, convert, {}, {}},
+#define WORD_REFUSED(token, word, message)                                \
+    {TokenType::token, none, TokenType::word, WordRow::Kind::refused, {}, \
+     nullptr,          {},   Message::message},
+#define OTHERWISE(token, pattern, text)                 \
+    {TokenType::token,                                  \
+     none,                                              \
+     none,                                              \
+     WordRow::Kind::otherwise,                          \
+     makeForm(leadOf(TokenType::token), pattern, text), \
+     nullptr,                                           \
+     {},                                                \
+     {}},
+#define WORD_BY_WORD(token, word, lead)                                           \
+    {TokenType::token, none, TokenType::word, WordRow::Kind::byWord, {}, nullptr, \
+     makeLead(lead),   {}},
+#define SECOND(token, word, second, pattern, text)                       \
+    {TokenType::token,                                                   \
+     TokenType::word,                                                    \
+     TokenType::second,                                                  \
+     WordRow::Kind::form,                                                \
+     makeForm(leadOf(TokenType::token, TokenType::word), pattern, text), \
+     nullptr,                                                            \
+     {},                                                                 \
+     {}},
+#define SECOND_ROUTINE(token, word, second, convert) \
+    {TokenType::token,                               \
+     TokenType::word,                                \
+     TokenType::second,                              \
+     WordRow::Kind::routine,                         \
+     {},                                             \
+     convert,                                        \
+     {},                                             \
+     {}},
+#define SECOND_OTHERWISE(token, word, pattern, text)                     \
+    {TokenType::token,                                                   \
+     TokenType::word,                                                    \
+     none,                                                               \
+     WordRow::Kind::otherwise,                                           \
+     makeForm(leadOf(TokenType::token, TokenType::word), pattern, text), \
+     nullptr,                                                            \
+     {},                                                                 \
+     {}},
 #include "src/stmt/statements.def"
 };
 
-/// The words that `keyword` may have behind it.
-std::span<const WordRow> wordsOf(TokenType keyword) {
-    const auto isOther = [=](const WordRow& row) { return row.keyword != keyword; };
-    const auto* first = std::find_if_not(std::begin(wordRows), std::end(wordRows), isOther);
-    const auto* last = std::find_if(first, std::end(wordRows), isOther);
-    return {first, last};
-}
+struct KeywordWords {
+    Lead lead;
+    std::uint8_t firstRow = 0;
+    std::uint8_t rowCount = 0;
+};
 
-/// The row of the current token; the end of the rows if it is none of the words.
-std::span<const WordRow>::iterator findWord(const Statement& statement,
-                                            std::span<const WordRow> rows) {
-    return std::find_if(rows.begin(), rows.end(), [&](const WordRow& candidate) {
-        return statement.cursor.is(candidate.word);
-    });
-}
-
-bool reportUnexpectedWord(Statement& statement, std::span<const WordRow> rows) {
-    std::vector<TokenType> words;
-    for (const WordRow& row : rows) {
-        words.push_back(row.word);
-    }
-    return reportUnexpectedToken(statement.context, statement.cursor, words);
-}
-
-/// The operand in front of the word. A task that is not there is the running one.
-bool readLead(Statement& statement, std::string_view pattern, std::span<const WordRow> rows,
-              std::string& lead) {
-    if (pattern.empty()) {
-        return true;
-    }
-    if (pattern == "t") {
-        if (findWord(statement, rows) != rows.end()) {
-            lead = "TaskGetIndex()";
-            return true;
+/// By kind of token.
+constexpr auto keywordWords = [] {
+    std::array<KeywordWords, tokenTypeCount> table{};
+#define BY_WORD(token, leadPattern) \
+    table[static_cast<std::uint32_t>(TokenType::token)].lead = makeLead(leadPattern);
+#include "src/stmt/statements.def"
+    static_assert(std::size(wordRows) < 256);
+    for (std::size_t row = 0; row < std::size(wordRows); ++row) {
+        KeywordWords& words = table[static_cast<std::uint32_t>(wordRows[row].keyword)];
+        if (words.rowCount == 0) {
+            words.firstRow = static_cast<std::uint8_t>(row);
+        } else if (words.firstRow + words.rowCount != static_cast<int>(row)) {
+            throw "the words of a keyword do not stand together";
         }
-        pattern = "v";
+        ++words.rowCount;
     }
-    if (!readOperand(statement, pattern[0], lead)) {
-        return false;
+    return table;
+}();
+
+/// The words behind a keyword or behind its first word.
+struct Words {
+    std::span<const WordRow> rows;
+    TokenType before = none;
+
+    /// The row of the current token, or that of no word; null if there is neither.
+    const WordRow* find(const Statement& statement) const {
+        const WordRow* otherwise = nullptr;
+        for (const WordRow& row : rows) {
+            if (row.before == before && row.kind == WordRow::Kind::otherwise) {
+                otherwise = &row;
+            } else if (row.before == before && statement.cursor.is(row.word)) {
+                return &row;
+            }
+        }
+        return otherwise;
     }
-    if (pattern.ends_with(';')) {
-        accept(statement, TokenType::COMMA);
+
+    void reportUnexpected(Statement& statement) const {
+        std::vector<TokenType> words;
+        for (const WordRow& row : rows) {
+            if (row.before == before && row.kind != WordRow::Kind::otherwise) {
+                words.push_back(row.word);
+            }
+        }
+        reportUnexpectedToken(statement, words);
     }
-    return true;
+};
+
+/// The operand in front of the word.
+void readLead(Statement& statement, const Lead& lead, const Words& words, std::string& text) {
+    if (lead.isTask && words.find(statement) != nullptr) {
+        text = "TaskGetIndex()";
+        return;
+    }
+    if (lead.isThere) {
+        readOperand(statement, lead.operand, false, text);
+    }
+    if (lead.mayHaveComma) {
+        acceptToken(statement, TokenType::COMMA);
+    }
+}
+
+void convertWord(Statement& statement, const Lead& lead, const Words& words,
+                 std::string& leadText) {
+    readLead(statement, lead, words, leadText);
+    const WordRow* row = words.find(statement);
+    if (row == nullptr) {
+        words.reportUnexpected(statement);
+        return;
+    }
+    if (row->kind != WordRow::Kind::otherwise) {
+        statement.cursor.advance();
+    }
+    switch (row->kind) {
+        case WordRow::Kind::refused: refuse(statement, *row->message); return;
+        case WordRow::Kind::routine: row->convert(statement, leadText); return;
+        case WordRow::Kind::byWord:
+            convertWord(statement, row->lead, {words.rows, row->word}, leadText);
+            return;
+        default: break;
+    }
+    writeForm(statement, row->form, statement.text, leadText);
+    if (row->message) {
+        logConversionMessage(statement, *row->message);
+    }
 }
 
 }  // namespace
 
-bool convertByWord(Statement& statement, std::string_view leadPattern) {
-    const std::span<const WordRow> rows = wordsOf(statement.cursor.type());
+void convertByWord(Statement& statement) {
+    const KeywordWords& words = keywordWords[static_cast<std::uint32_t>(statement.cursor.type())];
     statement.cursor.advance();
-    std::string lead;
-    if (!readLead(statement, leadPattern, rows, lead)) {
-        return false;
-    }
-    const auto row = findWord(statement, rows);
-    if (row == rows.end()) {
-        return reportUnexpectedWord(statement, rows);
-    }
-    statement.cursor.advance();
-    if (row->refusal) {
-        return refuse(statement, *row->refusal);
-    }
-    if (row->convert != nullptr) {
-        return row->convert(statement, lead);
-    }
-    return writeForm(statement, row->pattern, row->text, lead, row->advice);
+    std::string leadText;
+    convertWord(statement, words.lead,
+                {std::span(wordRows).subspan(words.firstRow, words.rowCount), none}, leadText);
 }
 
 }  // namespace torvel

@@ -4,8 +4,8 @@
 
 namespace torvel {
 
-/// keyword [operand] word ...: a statement whose word tells what it does. `leadPattern` is that of the
-/// operand in front of the word; the words are the rows of statements.def.
-bool convertByWord(Statement& statement, std::string_view leadPattern);
+/// keyword [operand] word ...: a statement whose word tells what it does. The words are the rows of
+/// statements.def.
+void convertByWord(Statement& statement);
 
 }  // namespace torvel

@@ -4,44 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <string>
-#include <vector>
 
-#include "tests/coverage/golden-lines.h"
+#include "tests/coverage/golden-rows.h"
 
 namespace torvel::test {
 
 namespace {
-
-struct KeywordWord {
-    TokenType keyword;
-    TokenType word;
-};
-
-constexpr KeywordWord keywordWords[] = {
-#define WORD(token, word, pattern, text) {TokenType::token, TokenType::word},
-#define WORD_ADVISED(token, word, pattern, text, message) {TokenType::token, TokenType::word},
-#define WORD_ROUTINE(token, word, convert) {TokenType::token, TokenType::word},
-#define WORD_REFUSED(token, word, message) {TokenType::token, TokenType::word},
-#include "src/stmt/statements.def"
-};
-
-bool isWordOf(TokenType keyword, TokenType word) {
-    return std::any_of(
-        std::begin(keywordWords), std::end(keywordWords),
-        [=](const KeywordWord& row) { return row.keyword == keyword && row.word == word; });
-}
-
-/// Whether the statement is led by `keyword`, and `word` is the first of its words behind it.
-bool isForm(const GoldenLine& line, TokenType keyword, TokenType word) {
-    if (!line.isLedBy(keyword)) {
-        return false;
-    }
-    const auto found = std::find_if(line.statement.begin() + 1, line.statement.end(),
-                                    [=](TokenType type) { return isWordOf(keyword, type); });
-    return found != line.statement.end() && *found == word;
-}
 
 /// The kinds of variable that cannot be assigned to: a line that begins with one is never converted.
 const std::set<TokenType> refusedTargets = {
@@ -52,121 +23,103 @@ const std::set<TokenType> refusedTargets = {
 #include "src/expr/variables.def"
 };
 
-/// G alone begins a line only to be refused: a number belongs to it.
-bool isNeverConverted(TokenType token) {
-    return token == TokenType::LETTER_G || refusedTargets.contains(token);
-}
-
-bool isStatement(TokenType token) {
-    return anyGoldenLine([=](const GoldenLine& line) {
-        return line.isLedBy(token) && (line.isConverted || isNeverConverted(token));
-    });
-}
-
-bool isAdvised(TokenType token, Message message) {
-    return anyGoldenLine([=](const GoldenLine& line) {
-        return line.isLedBy(token) && line.isConverted && line.logged(message);
-    });
-}
-
-bool isRefused(TokenType token, Message message) {
-    return anyGoldenLine([=](const GoldenLine& line) {
-        return line.isLedBy(token) && !line.isConverted && line.logged(message);
-    });
-}
-
-bool isWord(TokenType token, TokenType word) {
-    return anyGoldenLine(
-        [=](const GoldenLine& line) { return line.isConverted && isForm(line, token, word); });
-}
-
-bool isAdvisedWord(TokenType token, TokenType word, Message message) {
-    return anyGoldenLine([=](const GoldenLine& line) {
-        return line.isConverted && line.logged(message) && isForm(line, token, word);
-    });
-}
-
-bool isRefusedWord(TokenType token, TokenType word, Message message) {
-    return anyGoldenLine([=](const GoldenLine& line) {
-        return !line.isConverted && line.logged(message) && isForm(line, token, word);
-    });
-}
-
-/// The routines that read their operands and then refuse the statement.
-bool isRoutineWord(TokenType token, TokenType word) {
-    if (token == TokenType::DATACOLLECT && word == TokenType::START) {
-        return isRefusedWord(token, word, Message::DatacollectStartNoOneToOne);
+/// The message of routines that read their operands and then refuse the statement; empty: any.
+std::optional<std::string_view> refusalOfRoutine(const TableRow& row) {
+    if (row.token == TokenType::DATACOLLECT && row.word == TokenType::START) {
+        return "DatacollectStartNoOneToOne";
     }
-    if (token == TokenType::IFOV && word == TokenType::AXISPAIR) {
-        return isRefusedWord(token, word, Message::IfovAxispairNoOneToOne);
+    if (row.token == TokenType::IFOV && row.word == TokenType::AXISPAIR) {
+        return "IfovAxispairNoOneToOne";
     }
-    return isWord(token, word);
+    // G alone begins a line only to be refused: a number belongs to it.
+    if (row.token == TokenType::LETTER_G || refusedTargets.contains(row.token)) {
+        return "";
+    }
+    return std::nullopt;
+}
+
+/// The text of a row up to its first hole.
+std::string_view callOf(const TableRow& row) {
+    return row.text.substr(0, row.text.find('{'));
+}
+
+/// Whether a line came out as its row says.
+bool hasOutcome(const GoldenLine& line, const TableRow& row) {
+    if (row.kind == TableRow::Kind::refused) {
+        return !line.isConverted && hasLogged(line, row.message);
+    }
+    if (row.kind == TableRow::Kind::routine) {
+        const std::optional<std::string_view> refusal = refusalOfRoutine(row);
+        return refusal ? !line.isConverted && (refusal->empty() || hasLogged(line, *refusal))
+                       : line.isConverted;
+    }
+    return line.isConverted && line.text.find(callOf(row)) != std::string::npos &&
+           (row.message.empty() || hasLogged(line, row.message));
 }
 
 TEST(StatementCoverage, EveryStatementRowIsUsed) {
     Missing missing;
-#define STATEMENT(token, convert) missing.unless(isStatement(TokenType::token), #token);
-#define UNCHECKED(token, convert) missing.unless(isStatement(TokenType::token), #token);
-#define FORM(token, pattern, text) missing.unless(isStatement(TokenType::token), #token);
-#define FORM_ADVISED(token, pattern, text, message) \
-    missing.unless(isAdvised(TokenType::token, Message::message), #token);
-#define REFUSED(token, message) \
-    missing.unless(isRefused(TokenType::token, Message::message), #token " " #message);
-#define WORD(token, word, pattern, text) \
-    missing.unless(isWord(TokenType::token, TokenType::word), #token " " #word);
-#define WORD_ADVISED(token, word, pattern, text, message)                              \
-    missing.unless(isAdvisedWord(TokenType::token, TokenType::word, Message::message), \
-                   #token " " #word);
-#define WORD_ROUTINE(token, word, convert) \
-    missing.unless(isRoutineWord(TokenType::token, TokenType::word), #token " " #word);
-#define WORD_REFUSED(token, word, message)                                             \
-    missing.unless(isRefusedWord(TokenType::token, TokenType::word, Message::message), \
-                   #token " " #word);
-#include "src/stmt/statements.def"
+    for (const TableRow& row : statementRows()) {
+        missing.unless(
+            row.kind == TableRow::Kind::byWord || anyGoldenLine([&](const GoldenLine& line) {
+                return isOfRow(line, row) && hasOutcome(line, row);
+            }),
+            nameOf(row) + (row.text.empty() ? "" : " " + std::string(row.text)));
+    }
     EXPECT_TRUE(missing.list().empty()) << "have no golden case:\n" << missing.list();
 }
 
-/// A row BY_WORD: a word that it does not have, or none, is reported with the words that it has.
+/// Whether the words of the row may also be none of those that it names.
+bool hasOtherwise(const TableRow& byWord) {
+    return std::any_of(statementRows().begin(), statementRows().end(), [&](const TableRow& row) {
+        const TokenType last = row.isSecond ? row.second : row.word;
+        return row.isWord && last == TokenType::INVALID && &rowInFrontOf(row) == &byWord;
+    });
+}
+
+/// A word that a row BY_WORD or WORD_BY_WORD does not have, or none, is reported with those that it has.
 TEST(StatementCoverage, EveryKeywordWithWordsRefusesAnother) {
     Missing missing;
-    const auto hasWrongWord = [](TokenType token) {
-        return anyGoldenLine([=](const GoldenLine& line) {
-            return line.isLedBy(token) && !line.isConverted && line.messages.size() == 1 &&
-                   line.messages.front().find(" seen. Expected a token of type ") !=
-                       std::string::npos;
-        });
+    const auto isRefused = [](const TableRow& byWord, const GoldenLine& line) {
+        TableRow without = byWord;
+        without.isSecond = byWord.isWord;
+        without.isWord = true;
+        return isOfRow(line, without) && !line.isConverted && line.messages.size() == 1 &&
+               line.messages.front().find(" seen. Expected a token of type ") != std::string::npos;
     };
-#define BY_WORD(token, pattern) missing.unless(hasWrongWord(TokenType::token), #token);
-#include "src/stmt/statements.def"
+    for (const TableRow& row : statementRows()) {
+        if (row.kind == TableRow::Kind::byWord && !hasOtherwise(row)) {
+            missing.unless(
+                anyGoldenLine([&](const GoldenLine& line) { return isRefused(row, line); }),
+                nameOf(row));
+        }
+    }
     EXPECT_TRUE(missing.list().empty()) << "have no golden case with a wrong word:\n"
                                         << missing.list();
 }
 
-TEST(StatementCoverage, EveryRefusedValueIsUsed) {
+TEST(StatementCoverage, EveryValueIsUsed) {
     Missing missing;
-    const auto isRefusedValue = [](TokenType token, Message message) {
-        return anyGoldenLine([=](const GoldenLine& line) {
-            return line.hasPair(TokenType::ASSIGN, token) && !line.isConverted &&
-                   line.logged(message);
-        });
-    };
-#define VALUE(token, message) \
-    missing.unless(isRefusedValue(TokenType::token, Message::message), #token " " #message);
-#include "src/stmt/values.def"
+    for (const TableRow& row : valueRows()) {
+        missing.unless(anyGoldenLine([&](const GoldenLine& line) {
+                           return hasValue(line, row) && hasOutcome(line, row);
+                       }),
+                       nameOf(row));
+    }
     EXPECT_TRUE(missing.list().empty()) << "have no golden case as a value:\n" << missing.list();
 }
 
-TEST(StatementCoverage, EveryValueWithARoutineIsUsed) {
+TEST(StatementCoverage, EveryRefusedStringValueIsUsed) {
     Missing missing;
-    for (const TokenType token :
-         {TokenType::DBLTOSTR, TokenType::STRMID, TokenType::STRUPR, TokenType::STRLWR,
-          TokenType::CALLBACK, TokenType::FILESIZE, TokenType::DSPMEM, TokenType::FLASHPARAM}) {
-        missing.unless(anyGoldenLine([=](const GoldenLine& line) {
-                           return line.hasPair(TokenType::ASSIGN, token) && line.isConverted;
+    for (const TableRow& row : stringValueRows()) {
+        missing.unless(anyGoldenLine([&](const GoldenLine& line) {
+                           return (line.isLedBy(TokenType::STRGLOB_VARIABLE) ||
+                                   line.isLedBy(TokenType::GLOBAL_STRING_DEFINE)) &&
+                                  hasValue(line, row) && hasOutcome(line, row);
                        }),
-                       tokenTypeName(token));
+                       nameOf(row));
     }
-    EXPECT_TRUE(missing.list().empty()) << "have no golden case as a converted value:\n"
+    EXPECT_TRUE(missing.list().empty()) << "have no golden case behind a string variable:\n"
                                         << missing.list();
 }
 
@@ -186,23 +139,21 @@ TEST(StatementCoverage, EveryCallbackIsUsed) {
 
 TEST(StatementCoverage, EveryFunctionIsUsed) {
     Missing missing;
-    const auto isCalled = [](TokenType keyword, std::string_view call) {
-        return anyGoldenLine([=](const GoldenLine& line) {
-            return line.isConverted && line.hasPair(keyword, TokenType::LEFT_PAREN) &&
-                   line.text.find(call) != std::string::npos;
-        });
-    };
-    const auto isRefusedCall = [](TokenType keyword, Message message) {
-        return anyGoldenLine([=](const GoldenLine& line) {
-            return line.has(keyword) && !line.isConverted && line.logged(message);
-        });
-    };
-#define FUNCTION(keyword, call, arguments) \
-    missing.unless(isCalled(TokenType::keyword, call), #keyword);
-#define SPECIAL(keyword, translate) missing.unless(isCalled(TokenType::keyword, "("), #keyword);
-#define REFUSED(keyword, message) \
-    missing.unless(isRefusedCall(TokenType::keyword, Message::message), #keyword);
-#include "src/expr/functions.def"
+    for (const TableRow& row : functionRows()) {
+        missing.unless(anyGoldenLine([&](const GoldenLine& line) {
+                           return hasFunction(line, row) && hasOutcome(line, row);
+                       }),
+                       nameOf(row));
+    }
+    for (const StatusRow& row : statusRows()) {
+        missing.unless(anyGoldenLine([&](const GoldenLine& line) {
+                           return line.isConverted &&
+                                  line.hasPair(row.token, TokenType::LEFT_PAREN) &&
+                                  line.text.find(row.call) != std::string::npos &&
+                                  (row.message.empty() || hasLogged(line, row.message));
+                       }),
+                       spellingOf(row.token));
+    }
     EXPECT_TRUE(missing.list().empty()) << "have no golden case:\n" << missing.list();
 }
 
@@ -211,6 +162,12 @@ bool isConvertedVariable(TokenType kind, bool leads, std::string_view text) {
     return anyGoldenLine([=](const GoldenLine& line) {
         return line.isConverted && line.has(kind) && line.isLedBy(kind) == leads &&
                line.text.find(text) != std::string::npos;
+    });
+}
+
+bool isRefusedTarget(TokenType kind, Message message) {
+    return anyGoldenLine([=](const GoldenLine& line) {
+        return line.isLedBy(kind) && !line.isConverted && line.logged(message);
     });
 }
 
@@ -230,7 +187,7 @@ TEST(StatementCoverage, EveryKindOfVariableIsReadAndAssigned) {
     missing.unless(isConvertedVariable(TokenType::kind, true, set), "assignment to " #kind);
 #define READ_ONLY(kind, get, index, selector, items, message)                           \
     missing.unless(isConvertedVariable(TokenType::kind, false, get), "read of " #kind); \
-    missing.unless(isRefused(TokenType::kind, Message::message), "assignment to " #kind);
+    missing.unless(isRefusedTarget(TokenType::kind, Message::message), "assignment to " #kind);
 #define REFUSED(kind, message) \
     missing.unless(isRefusedVariable(TokenType::kind, Message::message), "refusal of " #kind);
 #include "src/expr/variables.def"

@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "src/app/command.h"
-#include "tests/coverage/statement-forms.h"
+#include "tests/coverage/form-sections.h"
+#include "tests/coverage/statement-page.h"
+#include "tests/coverage/written-forms.h"
 #include "tests/support/case-run.h"
 #include "tests/support/escapes.h"
 #include "tests/support/temporary-directory.h"
@@ -149,11 +151,11 @@ void checkForm(const StatementForm& form, bool withOptional) {
 }
 
 TEST(StatementPage, EveryRoutineHasItsForms) {
-    EXPECT_EQ(formFaults(), "");
+    EXPECT_EQ(writtenFormFaults(), "");
 }
 
 TEST(StatementPage, EveryFormIsConvertedAsThePageSays) {
-    for (const FormSection& section : statementFormSections()) {
+    for (const FormSection& section : formSections()) {
         EXPECT_FALSE(section.forms.empty()) << section.title;
         for (const StatementForm& form : section.forms) {
             checkForm(form, true);

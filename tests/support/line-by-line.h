@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "src/app/conversion.h"
+#include "src/app/output-layout.h"
 #include "src/lex/axis-names.h"
 #include "src/limits.h"
 

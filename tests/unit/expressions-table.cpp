@@ -16,9 +16,8 @@ namespace torvel::test {
 
 namespace {
 
-using Translate = bool (*)(ConversionContext&, TokenCursor&, ExpressionText&);
-
-/// What a translator makes of `code`: the text, the messages, and the first token that it left.
+/// What a translator makes of `code`: the text, the messages, and the first token that it left. A text that is
+/// refused is not printed.
 template <typename Translator>
 std::string translateCode(const std::string& code, Translator translator) {
     ProgramText source(code);
@@ -27,46 +26,47 @@ std::string translateCode(const std::string& code, Translator translator) {
     lexLine(source.program, source.program.list, axes, source.text(), source.position());
     MessageLog log;
     ConversionContext context{source.program, axes, limits, log, source.position()};
-    TokenCursor cursor(source.program, source.program.list.tokensOf(0));
+    StatementText text;
+    Statement statement{context, TokenCursor(source.program, source.program.list.tokensOf(0)),
+                        text};
+    translator(statement);
 
-    std::string printed = translator(context, cursor);
+    std::string printed = statement.isRefused ? std::string() : text;
     for (const ConversionMessage& message : log) {
         printed += printed.empty() ? "! " : " ! ";
         printed += message.text;
     }
-    if (log.empty() && !cursor.atEnd()) {
-        printed += " ... " + std::string(cursor.text());
+    if (log.empty() && !statement.cursor.atEnd()) {
+        printed += " ... " + std::string(statement.cursor.text());
     }
     return printed;
 }
 
-TableDriver textOf(Translate translate) {
+/// `translate` may tell how loosely the text binds; nobody here asks for it.
+template <typename Result>
+TableDriver textOf(Result (*translate)(Statement&, ExpressionText&)) {
     return [translate](const std::string& code) {
-        return translateCode(code, [translate](ConversionContext& context, TokenCursor& cursor) {
-            ExpressionText text;
-            return translate(context, cursor, text) ? text : std::string();
-        });
+        return translateCode(
+            code, [translate](Statement& statement) { translate(statement, statement.text); });
     };
 }
 
 std::string assignmentTarget(const std::string& code) {
-    return translateCode(code, [](ConversionContext& context, TokenCursor& cursor) {
-        const std::optional<VariableReference> target = translateAssignmentTarget(context, cursor);
-        return target ? target->text + (target->isCall ? "..." : "") : std::string();
+    return translateCode(code, [](Statement& statement) {
+        const VariableReference target = translateAssignmentTarget(statement);
+        statement.text = target.text + (target.isCall ? "..." : "");
     });
 }
 
 std::string unexpectedToken(const std::string& input) {
     const auto [kinds, code] = splitInput(input);
-    return translateCode(code, [&kinds = kinds](ConversionContext& context, TokenCursor& cursor) {
+    return translateCode(code, [&kinds = kinds](Statement& statement) {
         std::vector<TokenType> types;
         std::istringstream numbers(kinds);
         for (unsigned number = 0; numbers >> number;) {
             types.push_back(static_cast<TokenType>(number));
         }
-        const std::optional<std::string_view> text =
-            expectToken(context, cursor, TokenTypes(types));
-        return std::string(text.value_or(""));
+        statement.text = expectToken(statement, TokenTypes(types));
     });
 }
 

@@ -41,20 +41,19 @@ Outcome convert(const std::string& code, Reading reading, const Limits& limits =
     MessageLog log;
     ConversionContext context{source.program, axes, limits, log, source.position()};
     const auto tokens = source.program.list.tokensOf(0);
-    TokenCursor cursor(source.program, tokens);
 
     Outcome outcome;
-    BlockEffect effect{};
-    switch (reading) {
-        case Reading::expression:
-            outcome.isConverted = translateExpression(context, cursor, outcome.text);
-            break;
-        case Reading::string:
-            outcome.isConverted = translateStringExpression(context, cursor, outcome.text);
-            break;
-        case Reading::statement:
-            outcome.isConverted = convertStatement(context, tokens, outcome.text, effect);
-            break;
+    if (reading == Reading::statement) {
+        BlockEffect effect{};
+        outcome.isConverted = convertStatement(context, tokens, outcome.text, effect);
+    } else {
+        Statement statement{context, TokenCursor(source.program, tokens), outcome.text};
+        if (reading == Reading::expression) {
+            translateExpression(statement, statement.text);
+        } else {
+            translateStringExpression(statement, statement.text);
+        }
+        outcome.isConverted = !statement.isRefused;
     }
     for (const ConversionMessage& message : log) {
         outcome.messages.push_back(message.text);

@@ -1,0 +1,56 @@
+#include "src/app/output-layout.h"
+
+#include <algorithm>
+
+#include "src/lex/characters.h"
+
+namespace torvel {
+
+namespace {
+
+void appendMarker(const Program& program, const SourceLine& line, std::string& out) {
+    out += "#error_unconvertible (";
+    out += line.inclusion->file->name;
+    out += ':';
+    out += std::to_string(line.lineNumber);
+    out += "): ";
+    out += program.text.view(line.text);
+}
+
+/// The text, trimmed, and the comment behind it. False: nothing but white space came of it.
+bool appendConverted(const Program& program, const SourceLine& line, std::string_view text,
+                     std::string& out) {
+    const std::string_view trimmed = trimBlanks(text);
+    const bool isBlankLine = std::all_of(trimmed.begin(), trimmed.end(), isWhiteSpace);
+    out += trimmed;
+    if (!line.comment.empty()) {
+        out += isBlankLine ? "// " : " // ";
+        out += program.text.view(line.comment);
+    }
+    return !isBlankLine || !line.comment.empty();
+}
+
+}  // namespace
+
+void OutputLayout::write(const Program& program, const SourceLine& line,
+                         std::optional<std::string_view> text, BlockEffect effect,
+                         std::string& out) {
+    const bool closes = effect == BlockEffect::Closes || effect == BlockEffect::Continues;
+    const bool opens = effect == BlockEffect::Opens || effect == BlockEffect::Continues;
+    if (closes && level_ > 0) {
+        --level_;
+    }
+    const std::size_t start = out.size();
+    out.append(level_, '\t');
+    if (opens) {
+        ++level_;
+    }
+    if (!text) {
+        appendMarker(program, line, out);
+    } else if (!appendConverted(program, line, *text, out)) {
+        out.resize(start);  // an empty line has no tabs
+    }
+    out += '\n';
+}
+
+}  // namespace torvel

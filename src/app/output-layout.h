@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "src/expr/parser-core.h"
+
+namespace torvel {
+
+/// Puts converted lines together as the output has them: indented by the nesting of blocks, with their
+/// comments, and lines that could not be converted behind their marker.
+class OutputLayout {
+public:
+    /// Appends the line, with its line end, to `out`. `text` is its converted text; none: it could not
+    /// be converted.
+    void write(const Program& program, const SourceLine& line, std::optional<std::string_view> text,
+               BlockEffect effect, std::string& out);
+
+private:
+    unsigned level_ = 0;
+};
+
+}  // namespace torvel

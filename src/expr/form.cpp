@@ -1,0 +1,138 @@
+#include "src/expr/form.h"
+
+#include <string>
+
+#include "src/expr/axis-lists.h"
+#include "src/expr/expressions.h"
+#include "src/expr/strings.h"
+#include "src/expr/variables.h"
+
+namespace torvel {
+
+namespace {
+
+void readAxes(Statement& statement, bool isBracketed, ExpressionText& out) {
+    const std::vector<std::string> axes = translateAxisList(statement);
+    if (isBracketed) {
+        joinItems(axes, out);
+    } else {
+        formatList(axes, true, out);
+    }
+}
+
+/// value {, value}
+void readValues(Statement& statement, ExpressionText& out) {
+    translateExpression(statement, out);
+    while (acceptToken(statement, TokenType::COMMA)) {
+        out += ", ";
+        translateExpression(statement, out);
+    }
+}
+
+void readToken(Statement& statement, const FormStep& step) {
+    if (step.isOptional) {
+        acceptToken(statement, step.token);
+    } else {
+        expectToken(statement, step.token);
+    }
+}
+
+/// Reads an operand and tells who asks for it where its tokens stand.
+Precedence readStep(Statement& statement, const FormStep& step, bool isBracketed,
+                    std::string_view lead, ExpressionText& out) {
+    if (step.operand == FormOperand::lead) {
+        out += lead;
+        return Precedence::primary;
+    }
+    const Token* const first = statement.cursor.place();
+    const Precedence binding = readOperand(statement, step, isBracketed, out);
+    if (statement.operandTokens != nullptr) {
+        statement.operandTokens->push_back({first, statement.cursor.place()});
+    }
+    return binding;
+}
+
+/// Puts an operand, `out` from `start` on, into parentheses where its hole's neighbours need them.
+void bindHole(const FormHole& hole, Precedence binding, std::size_t start, ExpressionText& out) {
+    const bool holds =
+        (hole.behindOperator == nullptr || bindsBehind(binding, *hole.behindOperator)) &&
+        (hole.inFrontOfOperator == nullptr || bindsInFront(binding, *hole.inFrontOfOperator));
+    if (!holds) {
+        parenthesise(out, start);
+    }
+}
+
+/// The operands are written where they are read.
+void writeInOrder(Statement& statement, const Form& form, std::string_view lead,
+                  ExpressionText& out) {
+    const FormHole* hole = form.holes.data();
+    const FormHole* const lastHole = hole + form.holeCount;
+    std::uint8_t operand = 0;
+    for (std::size_t number = 0; number < form.stepCount; ++number) {
+        const FormStep& step = form.steps[number];
+        if (step.operand == FormOperand::none) {
+            readToken(statement, step);
+            continue;
+        }
+        if (hole != lastHole && hole->operand == operand) {
+            out += hole->before;
+            const std::size_t start = out.size();
+            const Precedence binding = readStep(statement, step, hole->isBracketed, lead, out);
+            bindHole(*hole, binding, start, out);
+            ++hole;
+        }
+        ++operand;
+    }
+}
+
+/// The operands are read first, then written in the order of the holes.
+void writeOutOfOrder(Statement& statement, const Form& form, std::string_view lead,
+                     ExpressionText& out) {
+    std::array<ExpressionText, Form::mostSteps> operands;
+    std::size_t count = 0;
+    for (std::size_t number = 0; number < form.stepCount; ++number) {
+        const FormStep& step = form.steps[number];
+        if (step.operand == FormOperand::none) {
+            readToken(statement, step);
+        } else {
+            readStep(statement, step, false, lead, operands[count++]);
+        }
+    }
+    for (std::size_t number = 0; number < form.holeCount; ++number) {
+        out += form.holes[number].before;
+        out += operands[form.holes[number].operand];
+    }
+}
+
+}  // namespace
+
+Precedence readOperand(Statement& statement, const FormStep& step, bool isBracketed,
+                       ExpressionText& out) {
+    switch (step.operand) {
+        case FormOperand::axis: translateSingleAxis(statement, out); break;
+        case FormOperand::axes: readAxes(statement, isBracketed, out); break;
+        case FormOperand::value: return translateExpression(statement, out);
+        case FormOperand::valueOrNothing:
+            return statement.cursor.atEnd() ? Precedence::primary
+                                            : translateExpression(statement, out);
+        case FormOperand::values: readValues(statement, out); break;
+        case FormOperand::string: translateStringExpression(statement, out); break;
+        case FormOperand::path: translateStringOperand(statement, out); break;
+        case FormOperand::variable: translateVariableRead(statement, out); break;
+        default: translateNamedOperand(statement, step.set, step.presence, out); break;
+    }
+    return Precedence::primary;
+}
+
+Precedence writeForm(Statement& statement, const Form& form, ExpressionText& out,
+                     std::string_view lead) {
+    if (form.isInOrder) {
+        writeInOrder(statement, form, lead, out);
+    } else {
+        writeOutOfOrder(statement, form, lead, out);
+    }
+    out += form.rest;
+    return form.precedence;
+}
+
+}  // namespace torvel

@@ -1,0 +1,46 @@
+#include "src/expr/axis-lists.h"
+#include "src/stmt/routines.h"
+
+namespace torvel {
+
+namespace {
+
+const std::string joystickInputs[] = {"JoystickInput.Input0", "JoystickInput.Input1",
+                                      "JoystickInput.Input2"};
+
+/// AXISGROUP NONE | axes
+/// JoystickAxisGroupRemoveAll() | JoystickAxisGroupAdd([axes], [inputs])
+void writeJoystickAxes(Statement& statement) {
+    if (acceptToken(statement, TokenType::NONE)) {
+        statement.text += "JoystickAxisGroupRemoveAll()";
+        return;
+    }
+    const std::vector<std::string> axes = translateAxisList(statement);
+    if (axes.empty() || axes.size() > std::size(joystickInputs)) {
+        refuse(statement, Message::OneToThreeAxesExpected);
+        return;
+    }
+    statement.text += "JoystickAxisGroupAdd(";
+    formatList(axes, false, statement.text);
+    statement.text += ", ";
+    formatList(std::span(joystickInputs).first(axes.size()), false, statement.text);
+    statement.text += ')';
+}
+
+}  // namespace
+
+/// JOYSTICK [RUN]               JoystickRun()
+/// JOYSTICK AXISGROUP ...
+void convertJoystick(Statement& statement) {
+    statement.cursor.advance();
+    if (acceptToken(statement, TokenType::AXISGROUP)) {
+        writeJoystickAxes(statement);
+        return;
+    }
+    if (!statement.cursor.atEnd()) {
+        expectToken(statement, {TokenType::RUN, TokenType::AXISGROUP});
+    }
+    statement.text += "JoystickRun()";
+}
+
+}  // namespace torvel

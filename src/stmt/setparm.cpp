@@ -1,0 +1,46 @@
+#include "src/expr/axis-lists.h"
+#include "src/expr/expressions.h"
+#include "src/expr/number-text.h"
+#include "src/expr/variables.h"
+#include "src/stmt/routines.h"
+
+namespace torvel {
+
+namespace {
+
+/// "[" number "]" of an axis parameter, which gives its name
+void readParameterName(Statement& statement, std::string& name) {
+    expectToken(statement, TokenType::AXIS_PARAMETER);
+    expectToken(statement, TokenType::LEFT_BRACKET);
+    const std::string_view literal = expectToken(statement, TokenType::INTEGER_LITERAL);
+    if (const std::optional<std::int32_t> number = parseIntegerText(literal)) {
+        translateItem(statement, ItemTable::axisParameter, *number, name);
+    } else {
+        refuse(statement, Message::IntegerLiteralExpected);
+    }
+    expectToken(statement, TokenType::RIGHT_BRACKET);
+}
+
+}  // namespace
+
+/// SETPARM axes [,] parameter [,] value
+/// ParameterSetAxisValue(axis, parameter, value), a call for each axis
+void convertSetparm(Statement& statement) {
+    statement.cursor.advance();
+    const std::vector<std::string> axes = translateAxes(statement);
+    acceptToken(statement, TokenType::COMMA);
+    std::string arguments = ", ";
+    readParameterName(statement, arguments);
+    acceptToken(statement, TokenType::COMMA);
+    arguments += ", ";
+    translateExpression(statement, arguments);
+    for (const std::string& axis : axes) {
+        statement.text += &axis == &axes.front() ? "" : "\n";
+        statement.text += "ParameterSetAxisValue(";
+        statement.text += axis;
+        statement.text += arguments;
+        statement.text += ')';
+    }
+}
+
+}  // namespace torvel

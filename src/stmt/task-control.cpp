@@ -1,0 +1,39 @@
+#include "src/expr/expressions.h"
+#include "src/stmt/routines.h"
+
+namespace torvel {
+
+namespace {
+
+/// [task [,]] value
+/// call(task, value)
+void convertOverride(Statement& statement, std::string_view call) {
+    statement.cursor.advance();
+    std::string first;
+    translateExpression(statement, first);
+    statement.text += call;
+    if (statement.cursor.atEnd()) {
+        statement.text += "TaskGetIndex(), " + first + ")";
+        return;
+    }
+    acceptToken(statement, TokenType::COMMA);
+    statement.text += first;
+    writeExpression(statement, ", ");
+    statement.text += ')';
+}
+
+}  // namespace
+
+/// MFO [task [,]] value
+/// TaskMfo(task, value)
+void convertMfo(Statement& statement) {
+    convertOverride(statement, "TaskMfo(");
+}
+
+/// MSO [task [,]] value
+/// TaskMso(task, value)
+void convertMso(Statement& statement) {
+    convertOverride(statement, "TaskMso(");
+}
+
+}  // namespace torvel
