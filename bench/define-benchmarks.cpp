@@ -8,8 +8,8 @@
 #include <fstream>
 #include <string>
 
+#include "src/base/hash.h"
 #include "src/expr/parser-core.h"
-#include "src/lex/hash.h"
 #include "src/preprocess/defines.h"
 #include "src/preprocess/preprocessor.h"
 #include "src/stmt/statement.h"
@@ -33,7 +33,7 @@ struct DefineSet {
         for (const std::string& name : names) {
             const TextSpan text = program.text.add(name);
             const Expansion expansion =
-                defines.keepDefine(TokenType::NUMBER_DEFINE, {text, program.text.add("1")});
+                defines.storePreserved(TokenType::NUMBER_DEFINE, {text, program.text.add("1")});
             defines.table().enter(program.text.view(text), DefineTable::Kind::define, expansion);
         }
     }
@@ -55,7 +55,7 @@ void substituting(benchmark::State& state, const std::vector<std::string>& names
     DefineSet set(names);
     const std::string text = repeated(unit, static_cast<std::size_t>(state.range(0)));
     const TextSpan span = set.program.text.add(text);
-    Defines::Cut cut;
+    SubstitutedText cut;
     for (auto _ : state) {
         cut.clear();
         set.defines.substitute(span, cut);

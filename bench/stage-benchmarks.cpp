@@ -123,12 +123,12 @@ void substituting(benchmark::State& state) {
             const std::string_view rest = code.substr(directive.size());
             const std::string_view name = rest.substr(0, rest.find(' '));
             const TextSpan text = sample.program.text.add(name);
-            defines.table().enter(
-                name, DefineTable::Kind::define,
-                defines.keepDefine(TokenType::NUMBER_DEFINE, {text, sample.program.text.add("1")}));
+            defines.table().enter(name, DefineTable::Kind::define,
+                                  defines.storePreserved(TokenType::NUMBER_DEFINE,
+                                                         {text, sample.program.text.add("1")}));
         }
     }
-    Defines::Cut cut;
+    SubstitutedText cut;
     for (auto _ : state) {
         for (const ScannedLine& line : sample.lines) {
             defines.substitute(line.code, cut);

@@ -4,7 +4,7 @@
 
 #include "fuzz/require.h"
 #include "fuzz/target.h"
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 #include "tests/support/text-difference.h"
 
 namespace torvel::fuzz {

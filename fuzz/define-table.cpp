@@ -9,7 +9,7 @@
 
 #include "fuzz/require.h"
 #include "fuzz/target.h"
-#include "src/lex/hash.h"
+#include "src/base/hash.h"
 
 namespace torvel::fuzz {
 
@@ -106,8 +106,8 @@ void compare(const std::optional<Meaning>& expected, const DefineTable::Entry* f
              std::string_view name) {
     const std::string fault = ": " + std::string(name);
     require(expected.has_value() == (found != nullptr), "a name is seen or is not" + fault);
-    require(found == nullptr ||
-                (found->kind == expected->kind && found->expansion.firstPiece == expected->number),
+    require(found == nullptr || (found->kind == expected->kind &&
+                                 found->expansion.pieces.first == expected->number),
             "a name means another thing" + fault);
 }
 

@@ -7,7 +7,7 @@
 #include <iterator>
 
 #include "fuzz/words.h"
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 
 namespace torvel::fuzz {
 

@@ -7,10 +7,10 @@
 
 #include "fuzz/require.h"
 #include "fuzz/target.h"
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
+#include "src/base/messages.h"
+#include "src/base/parse-exception.h"
 #include "src/lex/keywords.h"
-#include "src/lex/messages.h"
-#include "src/lex/parse-exception.h"
 #include "tests/support/program-text.h"
 #include "tests/support/text-difference.h"
 

@@ -1,8 +1,8 @@
 #include "fuzz/memory-program.h"
 
 #include "fuzz/require.h"
-#include "src/lex/characters.h"
-#include "src/lex/parse-exception.h"
+#include "src/base/characters.h"
+#include "src/base/parse-exception.h"
 
 namespace torvel::fuzz {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "src/preprocess/preprocessing.h"
+#include "src/preprocess/preprocessor-run.h"
 #include "tests/support/program-text.h"
 
 namespace torvel::fuzz {
@@ -24,14 +24,14 @@ public:
     Program& program() { return text_.program; }
     const AxisNames& axes() const { return axes_; }
     /// What the preprocessor knows behind the last line.
-    Preprocessing& preprocessing() { return run_; }
+    PreprocessorRun& preprocessorRun() { return run_; }
 
 private:
     void readLines();
 
     test::ProgramText text_;
     AxisNames axes_;
-    Preprocessing run_;
+    PreprocessorRun run_;
     std::string diagnostic_;
 };
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "fuzz/words.h"
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 
 namespace torvel::fuzz {
 

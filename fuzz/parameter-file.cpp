@@ -4,7 +4,7 @@
 
 #include "fuzz/require.h"
 #include "fuzz/target.h"
-#include "src/lex/messages.h"
+#include "src/base/messages.h"
 #include "tests/support/temporary-directory.h"
 
 namespace torvel::fuzz {

@@ -7,7 +7,7 @@
 #include "fuzz/memory-program.h"
 #include "fuzz/require.h"
 #include "fuzz/target.h"
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 #include "src/preprocess/classification.h"
 #include "tests/support/text-difference.h"
 
@@ -22,12 +22,12 @@ using Names = std::map<std::string, std::optional<std::string>, std::less<>>;
 std::string flatten(MemoryProgram& memory, const std::vector<Piece>& pieces) {
     std::string text;
     const Program& program = memory.program();
-    memory.preprocessing().defines.visitPieces(pieces, [&](const Piece& piece) {
+    memory.preprocessorRun().defines.visitPieces(pieces, [&](const Piece& piece) {
         if (piece.kind == Piece::Kind::token) {
             text += '\x01' + std::string(program.textOf(piece.token)) + '\x02' +
                     std::string(program.valueOf(piece.token)) + '\x03';
         } else {
-            text += program.text.view(piece.token.text);
+            text += program.text.view(piece.text);
         }
     });
     return text;
@@ -37,17 +37,17 @@ std::string flatten(MemoryProgram& memory, const std::vector<Piece>& pieces) {
 std::uint64_t countedBytes(MemoryProgram& memory, const std::vector<Piece>& pieces) {
     std::uint64_t bytes = 0;
     const Program& program = memory.program();
-    memory.preprocessing().defines.visitPieces(pieces, [&](const Piece& piece) {
+    memory.preprocessorRun().defines.visitPieces(pieces, [&](const Piece& piece) {
         bytes += piece.kind == Piece::Kind::token
                      ? std::max<std::size_t>(program.valueOf(piece.token).size(), 1)
-                     : piece.token.text.length;
+                     : piece.text.length;
     });
     return bytes;
 }
 
 std::string cut(MemoryProgram& memory, std::string_view text) {
-    Defines::Cut result;
-    substitute(memory.preprocessing(), memory.program().text.add(text), result);
+    SubstitutedText result;
+    substitute(memory.preprocessorRun(), memory.program().text.add(text), result);
     require(result.plainBytes + result.insertedBytes == countedBytes(memory, result.pieces),
             "the size of a cut is another");
     return flatten(memory, result.pieces);
@@ -123,8 +123,8 @@ std::string_view takeWord(std::string_view& text) {
 }
 
 void define(MemoryProgram& memory, Names& names, std::string_view name, std::string_view value) {
-    Preprocessing& run = memory.preprocessing();
-    Defines::Cut pieces;
+    PreprocessorRun& run = memory.preprocessorRun();
+    SubstitutedText pieces;
     substitute(run, memory.program().text.add(value), pieces);
     const std::uint64_t bytes = pieces.plainBytes + pieces.insertedBytes;
     if (bytes > run.limits.defineExpansion) {
@@ -135,11 +135,11 @@ void define(MemoryProgram& memory, Names& names, std::string_view name, std::str
     const TextSpan nameText = memory.program().text.add(name);
     if (const auto kept = classifyDefine(value, run.axes)) {
         meaning = '\x01' + std::string(name) + '\x02' + kept->value + '\x03';
-        expansion =
-            run.defines.keepDefine(kept->type, {nameText, memory.program().text.add(kept->value)});
+        expansion = run.defines.storePreserved(kept->type,
+                                               {nameText, memory.program().text.add(kept->value)});
     } else {
         meaning = plainCut(memory, names, value);
-        expansion = run.defines.keep(pieces, static_cast<std::uint32_t>(bytes));
+        expansion = run.defines.storeExpansion(pieces, static_cast<std::uint32_t>(bytes));
     }
     run.defines.table().enter(memory.program().text.view(nameText), DefineTable::Kind::define,
                               expansion);
@@ -164,8 +164,8 @@ void checkSubstitution(const Target& /*target*/, std::string_view input) {
                 define(memory, names, name, line);
             } else {
                 const TextSpan nameText = memory.program().text.add(name);
-                memory.preprocessing().defines.table().enter(memory.program().text.view(nameText),
-                                                             DefineTable::Kind::undefined);
+                memory.preprocessorRun().defines.table().enter(memory.program().text.view(nameText),
+                                                               DefineTable::Kind::undefined);
                 names[std::string(name)] = std::nullopt;
             }
             continue;

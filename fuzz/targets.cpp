@@ -3,7 +3,7 @@
 #include "fuzz/families.h"
 #include "fuzz/target.h"
 #include "fuzz/words.h"
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 
 namespace torvel::fuzz {
 

@@ -10,7 +10,7 @@ constexpr std::string_view spellings[] = {
 #define UNSPELLED(enumerator, spelling)
 #define KEYWORD(enumerator, spelling) spelling,
 #define DIRECTIVE(enumerator, spelling) spelling,
-#include "src/lex/token-kinds.def"
+#include "src/base/token-kinds.def"
 #define SPELLING(spelling, kind) spelling,
 #include "src/lex/keyword-spellings.def"
 };

@@ -1,6 +1,6 @@
 #include "src/app/command-line.h"
 
-#include "src/lex/messages.h"
+#include "src/base/messages.h"
 
 namespace torvel {
 

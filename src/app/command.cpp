@@ -12,9 +12,9 @@
 #include "src/app/command-line.h"
 #include "src/app/conversion.h"
 #include "src/app/parameter-file.h"
-#include "src/lex/characters.h"
-#include "src/lex/file-system.h"
-#include "src/lex/messages.h"
+#include "src/base/characters.h"
+#include "src/base/file-system.h"
+#include "src/base/messages.h"
 #include "src/preprocess/preprocessor.h"
 
 namespace torvel {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "src/app/work-sharing.h"
+#include "src/base/file-system.h"
 #include "src/expr/parser-core.h"
-#include "src/lex/file-system.h"
 
 namespace torvel {
 

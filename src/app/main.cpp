@@ -5,7 +5,7 @@
 
 #include "src/app/command.h"
 #include "src/app/process.h"
-#include "src/lex/messages.h"
+#include "src/base/messages.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "src/app/xml-attributes.h"
-#include "src/lex/file-system.h"
-#include "src/lex/messages.h"
+#include "src/base/file-system.h"
+#include "src/base/messages.h"
 
 namespace torvel {
 

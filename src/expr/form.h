@@ -96,7 +96,7 @@ consteval TokenType keywordCalled(std::string_view word) {
         return TokenType::enumerator;         \
     }
 #define DIRECTIVE(enumerator, spelling)
-#include "src/lex/token-kinds.def"
+#include "src/base/token-kinds.def"
     throw "a word of a pattern is no keyword";
 }
 

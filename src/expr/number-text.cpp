@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 
 namespace torvel {
 

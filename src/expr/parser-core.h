@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
+#include "src/base/messages.h"
+#include "src/base/program.h"
 #include "src/lex/axis-names.h"
-#include "src/lex/messages.h"
-#include "src/lex/program.h"
 #include "src/limits.h"
 
 // What every translation routine uses: the statement being converted with the cursor over its tokens, the

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "src/lex/messages.h"
-#include "src/lex/token-type.h"
+#include "src/base/messages.h"
+#include "src/base/token-type.h"
 
 namespace torvel {
 

@@ -7,11 +7,11 @@
 
 #include "src/expr/strings.h"
 
+#include "src/base/characters.h"
 #include "src/expr/expressions.h"
 #include "src/expr/form.h"
 #include "src/expr/number-text.h"
 #include "src/expr/variables.h"
-#include "src/lex/characters.h"
 
 namespace torvel {
 

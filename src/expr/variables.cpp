@@ -8,12 +8,12 @@
 
 #include <array>
 
+#include "src/base/characters.h"
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
 #include "src/expr/number-text.h"
 #include "src/expr/parameter-names.h"
 #include "src/expr/status-items.h"
-#include "src/lex/characters.h"
 
 namespace torvel {
 
@@ -69,13 +69,12 @@ const VariableKind* findKind(TokenType type) {
 
 struct ItemLookup {
     std::optional<std::string_view> (*find)(std::uint32_t) = nullptr;
-    Message missing{};
-    Message removed{};
+    Message missing;
+    Message removed;
 };
 
-/// By ItemTable.
+/// By ItemTable, without the first of them, which is none.
 constexpr ItemLookup itemLookups[] = {
-    {},
     {lookupAxisParameterName, Message::AxisParameterInvalid, Message::AxisParameterRemoved},
     {lookupTaskParameterName, Message::TaskParameterInvalid, Message::TaskParameterRemoved},
     {lookupSystemParameterName, Message::SystemParameterInvalid, Message::SystemParameterRemoved},
@@ -238,7 +237,7 @@ void translateIndex(Statement& statement, std::string_view digits, ExpressionTex
 
 void translateItem(Statement& statement, ItemTable table, std::int32_t number,
                    ExpressionText& out) {
-    const ItemLookup& lookup = itemLookups[static_cast<std::size_t>(table)];
+    const ItemLookup& lookup = itemLookups[static_cast<std::size_t>(table) - 1];
     const std::optional<std::string_view> name =
         number < 0 ? std::nullopt : lookup.find(static_cast<std::uint32_t>(number));
     if (!name) {

@@ -4,8 +4,8 @@
 #include <bit>
 #include <utility>
 
-#include "src/lex/characters.h"
-#include "src/lex/hash.h"
+#include "src/base/characters.h"
+#include "src/base/hash.h"
 
 namespace torvel {
 

@@ -12,7 +12,7 @@ constexpr WordRow spellings[] = {
 #define UNSPELLED(enumerator, spelling)
 #define KEYWORD(enumerator, spelling) {spelling, TokenType::enumerator},
 #define DIRECTIVE(enumerator, spelling) {spelling, TokenType::enumerator},
-#include "src/lex/token-kinds.def"
+#include "src/base/token-kinds.def"
 #define SPELLING(spelling, kind) {spelling, TokenType::kind},
 #include "src/lex/keyword-spellings.def"
 };

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "src/lex/token-type.h"
+#include "src/base/token-type.h"
 
 namespace torvel {
 

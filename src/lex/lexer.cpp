@@ -9,10 +9,10 @@
 #include <array>
 #include <string>
 
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
+#include "src/base/messages.h"
+#include "src/base/parse-exception.h"
 #include "src/lex/keywords.h"
-#include "src/lex/messages.h"
-#include "src/lex/parse-exception.h"
 
 namespace torvel {
 
@@ -147,8 +147,8 @@ private:
     }
 
     void append(TokenType type, const char* first, const char* last) {
-        tokens_.push_back({type, code_.part(static_cast<std::size_t>(first - begin_),
-                                            static_cast<std::size_t>(last - first))});
+        tokens_.push_back({type, code_.subspan(static_cast<std::size_t>(first - begin_),
+                                               static_cast<std::size_t>(last - first))});
     }
 
     Lexeme appendAs(TokenType type, const std::string& text, const char* last) {

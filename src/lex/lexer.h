@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "src/base/program.h"
 #include "src/lex/axis-names.h"
-#include "src/lex/program.h"
 
 namespace torvel {
 

@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "src/lex/characters.h"
-#include "src/lex/token-type.h"
+#include "src/base/characters.h"
+#include "src/base/token-type.h"
 
 namespace torvel {
 

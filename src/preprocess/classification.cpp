@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 #include "src/lex/keywords.h"
 
 namespace torvel {

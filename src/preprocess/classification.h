@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "src/base/token-type.h"
 #include "src/lex/axis-names.h"
-#include "src/lex/token-type.h"
 
 namespace torvel {
 

@@ -5,7 +5,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 #include "src/preprocess/classification.h"
 
 namespace torvel {
@@ -22,82 +22,82 @@ std::string joinWords(std::string_view first, std::string_view second) {
     return joined;
 }
 
-/// A directive as it is kept: `prefix` in front of every line, and " \" behind every line but the last.
-std::string keptText(std::string_view text, std::string_view prefix = {}) {
-    std::string kept(prefix);
+/// A directive of several lines: `prefix` in front of each, and " \" behind each but the last.
+std::string continuedText(std::string_view text, std::string_view prefix = {}) {
+    std::string continued(prefix);
     for (char c : text) {
         if (c == '\n') {
-            kept += " \\\n";
-            kept += prefix;
+            continued += " \\\n";
+            continued += prefix;
         } else {
-            kept += c;
+            continued += c;
         }
     }
-    return kept;
+    return continued;
 }
 
 /// A directive that cannot be converted.
 std::string unconvertedText(std::string_view text) {
-    return keptText(text, "#error_unconvertible ");
+    return continuedText(text, "#error_unconvertible ");
 }
 
 /// The value as text: a preserved define in it counts with its own value.
-std::string textOf(const Preprocessing& run, const Defines::Cut& cut) {
+std::string textOf(const PreprocessorRun& run, const SubstitutedText& value) {
     std::string text;
-    run.defines.visitPieces(cut.pieces, [&](const Piece& piece) {
+    run.defines.visitPieces(value.pieces, [&](const Piece& piece) {
         text += piece.kind == Piece::Kind::token ? run.program.valueOf(piece.token)
-                                                 : run.program.text.view(piece.token.text);
+                                                 : run.program.text.view(piece.text);
     });
     return text;
 }
 
-/// The kind and Torvel text of `value`, which the names of defines have cut into `cut`; nothing if Torvel
+/// The kind and Torvel text of `value`, which is `substituted` with its names replaced; nothing if Torvel
 /// cannot keep it. A value that is one use of a preserved define is of that define's kind. Any other with
 /// names in it is put together to be judged, so there is a limit for it.
-std::optional<Classification> classify(const Preprocessing& run, TextSpan value, bool hasNames,
-                                       const Defines::Cut& cut) {
+std::optional<Classification> classifyValue(const PreprocessorRun& run, TextSpan value,
+                                            bool hasNames, const SubstitutedText& substituted) {
     if (!hasNames) {
         return classifyDefine(run.program.text.view(value), run.axes);
     }
-    if (cut.pieces.size() == 1 && cut.pieces[0].kind == Piece::Kind::token) {
-        const Token& alias = cut.pieces[0].token;
+    if (substituted.pieces.size() == 1 && substituted.pieces[0].kind == Piece::Kind::token) {
+        const Token& alias = substituted.pieces[0].token;
         return Classification{alias.type, std::string(run.program.valueOf(alias))};
     }
-    if (cut.plainBytes + cut.insertedBytes > run.limits.composedValue) {
+    if (substituted.bytes() > run.limits.composedValue) {
         return std::nullopt;
     }
-    const std::string text = textOf(run, cut);
+    const std::string text = textOf(run, substituted);
     return classifyDefine(trimBlanks(text), run.axes);
 }
 
 }  // namespace
 
-void runDefine(Preprocessing& run, DirectiveLine& directive) {
+void runDefine(PreprocessorRun& run, DirectiveLine& directive) {
     const std::string_view name = directive.readName("\\");
     const DirectiveLine::Body body = directive.readBody();
 
-    Defines::Cut& cut = run.defineCut;
-    const bool hasNames = substitute(run, body.text, cut);
-    const std::uint64_t bytes = cut.plainBytes + cut.insertedBytes;
+    SubstitutedText& value = run.substitutedValue;
+    const bool hasNames = substitute(run, body.text, value);
+    const std::uint64_t bytes = value.bytes();
     if (bytes > run.limits.defineExpansion) {
         failAt(directive.position(), Message::ExpansionTooLarge);
     }
 
     const std::string head = "#define " + std::string(name);
     Expansion expansion;
-    std::string kept;
-    if (const auto preserved = classify(run, body.text, hasNames, cut)) {
+    std::string directiveText;
+    if (const auto preserved = classifyValue(run, body.text, hasNames, value)) {
         const TextSpan nameText = run.program.text.add(name);
-        expansion = run.defines.keepDefine(preserved->type,
-                                           {nameText, run.program.text.add(preserved->value)});
-        kept = keptText(joinWords(head, preserved->value));
+        expansion = run.defines.storePreserved(preserved->type,
+                                               {nameText, run.program.text.add(preserved->value)});
+        directiveText = continuedText(joinWords(head, preserved->value));
     } else {
-        expansion = run.defines.keep(cut, static_cast<std::uint32_t>(bytes));
-        kept = unconvertedText(joinWords(head, run.program.text.view(body.text)));
+        expansion = run.defines.storeExpansion(value, static_cast<std::uint32_t>(bytes));
+        directiveText = unconvertedText(joinWords(head, run.program.text.view(body.text)));
     }
     run.defines.table().enter(name, DefineTable::Kind::define, expansion);
     appendDirectiveLine(run, directive.position(), directive.source(), body.comment,
-                        TokenType::CONVERSION_TEXT, run.program.text.add(kept));
+                        {TokenType::CONVERSION_TEXT, {run.program.text.add(directiveText)}});
 }
 
 namespace {
@@ -144,7 +144,7 @@ Arguments readArguments(DirectiveLine& directive) {
 
 }  // namespace
 
-void runMacro(Preprocessing& run, DirectiveLine& directive) {
+void runMacro(PreprocessorRun& run, DirectiveLine& directive) {
     const std::string_view name = directive.readName("\\(");
     const Arguments arguments = readArguments(directive);
     const DirectiveLine::Body body = directive.readBody();
@@ -164,14 +164,14 @@ void runMacro(Preprocessing& run, DirectiveLine& directive) {
 
     for (std::size_t start = 0; start <= text.size();) {
         const std::size_t end = std::min(text.find('\n', start), text.size());
-        const TextSpan code = body.text.part(start, end - start);
+        const TextSpan code = body.text.subspan(start, end - start);
         prepareBodyLine(run, macro.lines, code, directive.position(), arguments.words);
         start = end + 1;
     }
 
     run.defines.table().enter(name, DefineTable::Kind::macro);
     appendDirectiveLine(run, directive.position(), directive.source(), body.comment,
-                        macroDefinitionToken, {number, 0});
+                        makeNumberedToken(macroDefinitionToken, number));
 }
 
 }  // namespace torvel

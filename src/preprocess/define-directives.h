@@ -6,10 +6,10 @@ namespace torvel {
 
 /// #define NAME value
 /// A value that Torvel takes is kept as it is there; any other behind "#error_unconvertible ".
-void runDefine(Preprocessing& run, DirectiveLine& directive);
+void runDefine(PreprocessorRun& run, DirectiveLine& directive);
 
 /// #macro NAME($a, $b) body
-/// The body's lines are cut into tokens now and converted where the directive stands.
-void runMacro(Preprocessing& run, DirectiveLine& directive);
+/// The body's lines are lexed now and converted where the directive stands.
+void runMacro(PreprocessorRun& run, DirectiveLine& directive);
 
 }  // namespace torvel

@@ -1,6 +1,6 @@
 #include "src/preprocess/define-table.h"
 
-#include "src/lex/hash.h"
+#include "src/base/hash.h"
 
 namespace torvel {
 
@@ -101,7 +101,7 @@ void DefineTable::openScope(bool active) {
     inactiveScopes_ += active ? 0 : 1;
 }
 
-/// Takes the branch's entries off their names' stacks: into `kept` if the branch was taken, else into
+/// Takes the branch's entries off their names' stacks: into `ofTakenBranch` if the branch was taken, else into
 /// the names of branches not taken.
 void DefineTable::takeOff(Scope& scope) {
     for (const std::uint32_t number : scope.names) {
@@ -116,7 +116,7 @@ void DefineTable::takeOff(Scope& scope) {
             continue;
         }
         if (scope.active) {
-            scope.kept.emplace_back(number, newest);
+            scope.ofTakenBranch.emplace_back(number, newest);
         } else if (entries_[newest].kind != Kind::undefined) {
             name.untaken = newest;
         }
@@ -142,7 +142,7 @@ void DefineTable::closeScope() {
         takeOff(scope);
         inactiveScopes_ -= 1;
     }
-    for (const auto& [name, entry] : scope.kept) {
+    for (const auto& [name, entry] : scope.ofTakenBranch) {
         push(name, entry, scope.label);
         scope.names.push_back(name);
     }

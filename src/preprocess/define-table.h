@@ -7,16 +7,21 @@
 #include <utility>
 #include <vector>
 
-#include "src/lex/program.h"
+#include "src/base/program.h"
 #include "src/preprocess/long-names.h"
 
 namespace torvel {
 
-/// What a name stands for: a range of the pieces of all expansions, and how many bytes they put
-/// into a line. A preserved define counts as its value's length, at least one byte.
+/// A range of the pieces of all expansions.
+struct PieceRange {
+    std::uint32_t first = 0;
+    std::uint32_t count = 0;
+};
+
+/// What a name stands for, and how many bytes that puts into a line. A preserved define counts as its
+/// value's length, at least one byte.
 struct Expansion {
-    std::uint32_t firstPiece = 0;
-    std::uint32_t pieceCount = 0;
+    PieceRange pieces;
     std::uint32_t bytes = 0;
 };
 
@@ -129,7 +134,7 @@ private:
         /// Names with an entry of the current branch; one may stand here twice.
         std::vector<std::uint32_t> names;
         /// Name and entry of what the taken branch defined, once that branch has ended.
-        std::vector<std::pair<std::uint32_t, std::uint32_t>> kept;
+        std::vector<std::pair<std::uint32_t, std::uint32_t>> ofTakenBranch;
     };
 
     std::size_t slotOf(std::string_view name, std::uint64_t hash) const;

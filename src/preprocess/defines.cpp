@@ -12,8 +12,8 @@
 #include <array>
 #include <optional>
 
-#include "src/lex/characters.h"
-#include "src/lex/hash.h"
+#include "src/base/characters.h"
+#include "src/base/hash.h"
 
 namespace torvel {
 
@@ -34,7 +34,7 @@ enum CutClass : std::uint8_t {
     otherCut = 32,
 };
 
-constexpr CutClasses classify(char c) {
+constexpr CutClasses cutClassesOfCharacter(char c) {
     if (isLetter(c)) {
         return {letterCut, letterCut | underscoreCut};
     }
@@ -53,7 +53,7 @@ constexpr CutClasses classify(char c) {
 constexpr std::array<CutClasses, 256> cutClasses = []() {
     std::array<CutClasses, 256> table{};
     for (unsigned c = 0; c < table.size(); ++c) {
-        table[c] = classify(static_cast<char>(c));
+        table[c] = cutClassesOfCharacter(static_cast<char>(c));
     }
     return table;
 }();
@@ -252,21 +252,23 @@ const Expansion& Defines::predefinedExpansion(std::size_t row) {
         const TextSpan value = program_.text.add(constant.value);
         Expansion expansion;
         if (constant.replacement != nullptr) {
-            expansion = keepDefine(TokenType::NUMBER_DEFINE,
-                                   {value, program_.text.add(constant.replacement)});
+            expansion = storePreserved(TokenType::NUMBER_DEFINE,
+                                       {value, program_.text.add(constant.replacement)});
         } else {
-            Cut cut;
-            if (!cutText(value, row, false, cut)) {
-                cut.addPlain(value);
+            SubstitutedText substituted;
+            if (!substituteText(value, row, false, substituted)) {
+                substituted.addPlain(value);
             }
-            expansion = keep(cut, static_cast<std::uint32_t>(cut.plainBytes + cut.insertedBytes));
+            expansion =
+                storeExpansion(substituted, static_cast<std::uint32_t>(substituted.bytes()));
         }
         predefinedExpansions_[row] = {true, expansion};
     }
     return predefinedExpansions_[row].expansion;
 }
 
-bool Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames, Cut& cut) {
+bool Defines::substituteText(TextSpan text, std::size_t rowLimit, bool withProgramNames,
+                             SubstitutedText& out) {
     const std::string_view all = program_.text.view(text);
     NameFinder names(*this, all, rowLimit, withProgramNames);
     std::size_t at = 0;
@@ -277,32 +279,30 @@ bool Defines::cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames
     std::size_t plainStart = 0;
     for (; match.expansion != nullptr; match = names.next(at)) {
         const Expansion expansion = *match.expansion;
-        cut.addPlain(text.part(plainStart, at - plainStart));
-        if (expansion.pieceCount == 1) {
-            cut.pieces.push_back(pieces_[expansion.firstPiece]);
-        } else if (expansion.pieceCount > 1) {
-            cut.pieces.push_back(
-                {Piece::Kind::expansion,
-                 {TokenType::INVALID, {expansion.firstPiece, expansion.pieceCount}}});
+        out.addPlain(text.subspan(plainStart, at - plainStart));
+        if (expansion.pieces.count == 1) {
+            out.pieces.push_back(pieces_[expansion.pieces.first]);
+        } else if (expansion.pieces.count > 1) {
+            out.pieces.emplace_back(expansion.pieces);
         }
-        cut.insertedBytes += expansion.bytes;
+        out.insertedBytes += expansion.bytes;
         at += match.length;
         plainStart = at;
     }
-    cut.addPlain(text.part(plainStart, all.size() - plainStart));
+    out.addPlain(text.subspan(plainStart, all.size() - plainStart));
     return true;
 }
 
-Expansion Defines::keep(const Cut& cut, std::uint32_t bytes) {
+Expansion Defines::storeExpansion(const SubstitutedText& value, std::uint32_t bytes) {
     const auto first = static_cast<std::uint32_t>(pieces_.size());
-    pieces_.insert(pieces_.end(), cut.pieces.begin(), cut.pieces.end());
-    return {first, static_cast<std::uint32_t>(cut.pieces.size()), bytes};
+    pieces_.insert(pieces_.end(), value.pieces.begin(), value.pieces.end());
+    return {{first, static_cast<std::uint32_t>(value.pieces.size())}, bytes};
 }
 
-Expansion Defines::keepDefine(TokenType type, const DefineTexts& texts) {
+Expansion Defines::storePreserved(TokenType type, const DefineTexts& texts) {
     const auto first = static_cast<std::uint32_t>(pieces_.size());
-    pieces_.push_back({Piece::Kind::token, makeDefineToken(program_, type, texts)});
-    return {first, 1, std::max(texts.value.length, std::uint32_t{1})};
+    pieces_.emplace_back(makeDefineToken(program_, type, texts));
+    return {{first, 1}, std::max(texts.value.length, std::uint32_t{1})};
 }
 
 bool Defines::isDefined(std::string_view name) const {

@@ -4,25 +4,54 @@
 #include <string_view>
 #include <vector>
 
-#include "src/lex/program.h"
+#include "src/base/program.h"
 #include "src/preprocess/define-table.h"
 #include "src/preprocess/predefined-constants.h"
 
 namespace torvel {
 
-/// A part of substituted text.
+/// A piece of substituted text.
 struct Piece {
     enum class Kind : std::uint8_t {
-        plain,  // token.text is text to be lexed
-        token,  // token as it stands: a preserved define, an argument of a macro, the name of a call
-        expansion,  // token.text are the number of a first piece and a count
+        plain,  // `text` is to be lexed
+        token,  // `token` as it stands: a preserved define, an argument of a macro, the name of a call
+        expansion,  // `range` are the pieces that stand here
     };
     Kind kind = Kind::plain;
-    Token token;
+    union {
+        TextSpan text{};
+        Token token;
+        PieceRange range;
+    };
+
+    explicit Piece(TextSpan plain) : text(plain) {}
+    explicit Piece(const Token& made) : kind(Kind::token), token(made) {}
+    explicit Piece(PieceRange expansion) : kind(Kind::expansion), range(expansion) {}
+};
+
+/// Text with the names in it replaced, and how many bytes of it are its own and how many the names put in.
+struct SubstitutedText {
+    std::vector<Piece> pieces;
+    std::uint64_t insertedBytes = 0;
+    std::uint64_t plainBytes = 0;
+
+    std::uint64_t bytes() const { return plainBytes + insertedBytes; }
+    void clear() {
+        pieces.clear();
+        insertedBytes = plainBytes = 0;
+    }
+    /// Appends a text in which no name is looked for.
+    void addPlain(TextSpan text) {
+        if (!text.empty()) {
+            pieces.emplace_back(text);
+            plainBytes += text.length;
+        }
+    }
+    void addToken(const Token& token) { pieces.emplace_back(token); }
 };
 
 /// Everything that names stand for in one run: the program's own defines and the predefined constants,
-/// and the cutting of text at the names.
+/// and the replacing of names in text.
 ///
 /// The pieces of all expansions stand in one array. An expansion that uses another refers to its
 /// pieces, so it takes no more room than its own text; visitPieces() follows the references.
@@ -33,38 +62,18 @@ public:
 
     DefineTable& table() { return table_; }
 
-    /// Text cut at the names, and the number of bytes that the names put into it.
-    struct Cut {
-        std::vector<Piece> pieces;
-        std::uint64_t insertedBytes = 0;
-        std::uint64_t plainBytes = 0;
-
-        void clear() {
-            pieces.clear();
-            insertedBytes = plainBytes = 0;
-        }
-        /// Appends a text in which no name is looked for.
-        void addPlain(TextSpan text) {
-            if (!text.empty()) {
-                pieces.push_back({Piece::Kind::plain, {TokenType::INVALID, text}});
-                plainBytes += text.length;
-            }
-        }
-        void addToken(const Token& token) { pieces.push_back({Piece::Kind::token, token}); }
-    };
-
-    /// Cuts `text` into plain text and what the names in it stand for, and appends that to `cut`. Strings
-    /// are plain text. A name is looked for at every boundary between letters, digits and other
-    /// characters; the longest wins. False, and nothing is appended: there is no name in it.
-    bool substitute(TextSpan text, Cut& cut) {
-        return cutText(text, predefined_.rows.size(), true, cut);
+    /// Appends to `out` the plain text of `text` and what the names in it stand for. Strings are plain
+    /// text. A name is looked for at every boundary between letters, digits and other characters; the
+    /// longest wins. False, and nothing is appended: there is no name in it.
+    bool substitute(TextSpan text, SubstitutedText& out) {
+        return substituteText(text, predefined_.rows.size(), true, out);
     }
 
-    /// Keeps a cut text as what a name stands for. `bytes` is its size in a line.
-    Expansion keep(const Cut& cut, std::uint32_t bytes);
+    /// Stores substituted text as what a name stands for. `bytes` is its size in a line.
+    Expansion storeExpansion(const SubstitutedText& value, std::uint32_t bytes);
 
     /// The expansion that is one preserved define.
-    Expansion keepDefine(TokenType type, const DefineTexts& texts);
+    Expansion storePreserved(TokenType type, const DefineTexts& texts);
 
     /// Calls `visit` with every plain piece and every token of `pieces` in order.
     template <typename Visit>
@@ -80,7 +89,8 @@ private:
     const Expansion* find(std::string_view name, std::uint64_t hash, std::size_t rowLimit,
                           bool withProgramNames);
     const Expansion& predefinedExpansion(std::size_t row);
-    bool cutText(TextSpan text, std::size_t rowLimit, bool withProgramNames, Cut& cut);
+    bool substituteText(TextSpan text, std::size_t rowLimit, bool withProgramNames,
+                        SubstitutedText& out);
 
     struct Match {
         std::size_t length = 0;
@@ -120,8 +130,8 @@ void Defines::visitPieces(const std::vector<Piece>& pieces, Visit visit) const {
         const Piece& piece = *range.next++;
         if (piece.kind == Piece::Kind::expansion) {
             outer.push_back(range);
-            const Piece* first = pieces_.data() + piece.token.text.offset;
-            range = {first, first + piece.token.text.length};
+            const Piece* first = pieces_.data() + piece.range.first;
+            range = {first, first + piece.range.count};
         } else {
             visit(piece);
         }

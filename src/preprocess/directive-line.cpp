@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 
 namespace torvel {
 
-DirectiveLine::DirectiveLine(Preprocessing& run, LineSplitter& splitter, const Inclusion& inclusion,
-                             const ScannedLine& line)
+DirectiveLine::DirectiveLine(PreprocessorRun& run, LineSplitter& splitter,
+                             const Inclusion& inclusion, const ScannedLine& line)
     : run_(run),
       splitter_(splitter),
       inclusion_(inclusion),
@@ -99,7 +99,7 @@ void DirectiveLine::expectLineEnd() {
 
 DirectiveLine::Body DirectiveLine::readBody() {
     skipWhiteSpace();
-    Body body = {line_.code.part(at_, code_.size() - at_), line_.comment};
+    Body body = {line_.code.subspan(at_, code_.size() - at_), line_.comment};
     std::string joined;
     std::string comments(run_.program.text.view(line_.comment));
     bool isJoined = false;
@@ -140,7 +140,8 @@ DirectiveLine::Body DirectiveLine::readBody() {
     }
     const std::string_view whole = run_.program.text.view(body.text);
     const std::string_view inner = trimBlanks(whole);
-    body.text = body.text.part(static_cast<std::size_t>(inner.data() - whole.data()), inner.size());
+    body.text =
+        body.text.subspan(static_cast<std::size_t>(inner.data() - whole.data()), inner.size());
     return body;
 }
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "src/preprocess/preprocessing.h"
+#include "src/preprocess/preprocessor-run.h"
 
 namespace torvel {
 
@@ -11,7 +11,7 @@ namespace torvel {
 /// `#macro` goes on, so reading takes further lines from the splitter.
 class DirectiveLine {
 public:
-    DirectiveLine(Preprocessing& run, LineSplitter& splitter, const Inclusion& inclusion,
+    DirectiveLine(PreprocessorRun& run, LineSplitter& splitter, const Inclusion& inclusion,
                   const ScannedLine& line);
 
     /// The directive's word in lower case.
@@ -54,7 +54,7 @@ private:
     /// Moves behind the backslash at the current character if one continues the line.
     void expectLineEnd();
 
-    Preprocessing& run_;
+    PreprocessorRun& run_;
     LineSplitter& splitter_;
     const Inclusion& inclusion_;
     ScannedLine line_;

@@ -1,27 +1,28 @@
-// An ordinary line becomes tokens: its code is cut at the names of defines, the plain text between
+// An ordinary line becomes tokens: the names in its code are replaced, the plain text between
 // them is lexed, a preserved define is a token already. So are the name of a macro that the line calls, and
-// in the body of a macro its arguments: the texts in front of and behind them are cut by themselves. Line feeds
+// in the body of a macro its arguments: the texts in front of and behind them are substituted by themselves. Line feeds
 // in a define's value begin further lines, which have the text and the position of the line that uses the
 // define.
 
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 #include "src/lex/lexer.h"
 #include "src/preprocess/macro-calls.h"
-#include "src/preprocess/preprocessing.h"
+#include "src/preprocess/preprocessor-run.h"
 
 namespace torvel {
 
 namespace {
 
 /// Lexes one plain piece, its lines each on a line of their own.
-void lexPiece(Preprocessing& run, LineList& list, TextSpan piece, const ScannedLine& line,
+void lexPiece(PreprocessorRun& run, LineList& list, TextSpan piece, const ScannedLine& line,
               const SourcePosition& position) {
     std::string_view rest = run.program.text.view(piece);
     const char* const begin = rest.data();
     const auto lexPart = [&](std::string_view part) {
         const std::string_view inner = trimBlanks(part);
         lexLine(run.program, list, run.axes,
-                piece.part(static_cast<std::size_t>(inner.data() - begin), inner.size()), position);
+                piece.subspan(static_cast<std::size_t>(inner.data() - begin), inner.size()),
+                position);
         return !inner.empty();
     };
     bool isFirst = true;
@@ -42,28 +43,27 @@ std::span<const Token> lastLine(const LineList& list) {
 
 /// Appends what the names of defines in `text` stand for, and the text between them. False: no name is in it,
 /// or substitution is switched off.
-bool addText(Preprocessing& run, TextSpan text, Defines::Cut& cut) {
-    if (run.substitutes && run.defines.substitute(text, cut)) {
+bool addText(PreprocessorRun& run, TextSpan text, SubstitutedText& out) {
+    if (run.substitutes && run.defines.substitute(text, out)) {
         return true;
     }
-    cut.addPlain(text);
+    out.addPlain(text);
     return false;
 }
 
-/// Appends the tokens of a line that was cut.
-void appendTokens(Preprocessing& run, LineList& list, const Defines::Cut& cut,
+/// Appends the tokens of substituted text.
+void appendTokens(PreprocessorRun& run, LineList& list, const SubstitutedText& substituted,
                   const ScannedLine& line, const SourcePosition& position) {
-    if (cut.insertedBytes > run.limits.lineExpansion) {
+    if (substituted.insertedBytes > run.limits.lineExpansion) {
         failAt(position, Message::ExpansionTooLarge);
     }
-    run.defines.visitPieces(cut.pieces, [&](const Piece& piece) {
-        const Token& token = piece.token;
-        const bool isText = piece.kind != Piece::Kind::token ||
-                            (token.type == macroCallToken && !isCallPrologue(lastLine(list)));
-        if (isText) {
-            lexPiece(run, list, token.text, line, position);
+    run.defines.visitPieces(substituted.pieces, [&](const Piece& piece) {
+        if (piece.kind == Piece::Kind::plain) {
+            lexPiece(run, list, piece.text, line, position);
+        } else if (piece.token.type == macroCallToken && !isCallPrologue(lastLine(list))) {
+            lexPiece(run, list, piece.token.text, line, position);
         } else {
-            list.tokens.push_back(token);
+            list.tokens.push_back(piece.token);
         }
     });
 }
@@ -92,58 +92,59 @@ std::string_view nextArgument(std::string_view text, std::size_t from, const Arg
 
 }  // namespace
 
-bool substitute(Preprocessing& run, TextSpan text, Defines::Cut& cut) {
-    cut.clear();
-    return addText(run, text, cut);
+bool substitute(PreprocessorRun& run, TextSpan text, SubstitutedText& out) {
+    out.clear();
+    return addText(run, text, out);
 }
 
-void prepareLine(Preprocessing& run, const ScannedLine& line, const SourcePosition& position) {
+void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosition& position) {
     LineList& list = run.program.list;
     appendLine(list, position, line.text, line.comment);
     const TextSpan code = line.code;
     if (code.empty()) {
         return;
     }
-    Defines::Cut& cut = run.lineCut;
-    cut.clear();
+    SubstitutedText& substituted = run.substitutedLine;
+    substituted.clear();
     const CallPlace call = findMacroCall(run, run.program.text.view(code));
     if (call.length != 0) {
-        addText(run, code.part(0, call.start), cut);
-        cut.addToken({macroCallToken, code.part(call.start, call.length)});
+        addText(run, code.subspan(0, call.start), substituted);
+        substituted.addToken({macroCallToken, code.subspan(call.start, call.length)});
         const std::size_t end = call.start + call.length;
-        addText(run, code.part(end, code.length - end), cut);
-    } else if (!run.substitutes || !run.defines.substitute(code, cut)) {
+        addText(run, code.subspan(end, code.length - end), substituted);
+    } else if (!run.substitutes || !run.defines.substitute(code, substituted)) {
         lexLine(run.program, list, run.axes, code, position);
         return;
     }
-    appendTokens(run, list, cut, line, position);
+    appendTokens(run, list, substituted, line, position);
 }
 
-void prepareBodyLine(Preprocessing& run, LineList& list, TextSpan code,
+void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
                      const SourcePosition& position, const Arguments& arguments) {
     appendLine(list, position, code, {});
     const std::string_view text = run.program.text.view(code);
     const auto placeOf = [&](std::string_view part) {
         return static_cast<std::size_t>(part.data() - text.data());
     };
-    Defines::Cut& cut = run.lineCut;
-    cut.clear();
+    SubstitutedText& substituted = run.substitutedLine;
+    substituted.clear();
     std::size_t done = 0;
     std::string_view argument = nextArgument(text, 0, arguments);
     // The name of a macro has no argument in it.
     const CallPlace call = findMacroCall(run, text.substr(0, placeOf(argument)));
     if (call.length != 0) {
-        addText(run, code.part(0, call.start), cut);
-        cut.addToken({macroCallToken, code.part(call.start, call.length)});
+        addText(run, code.subspan(0, call.start), substituted);
+        substituted.addToken({macroCallToken, code.subspan(call.start, call.length)});
         done = call.start + call.length;
     }
     for (; !argument.empty(); argument = nextArgument(text, done, arguments)) {
-        addText(run, code.part(done, placeOf(argument) - done), cut);
-        cut.addToken({TokenType::VARIABLE, code.part(placeOf(argument), argument.size())});
+        addText(run, code.subspan(done, placeOf(argument) - done), substituted);
+        substituted.addToken(
+            {TokenType::VARIABLE, code.subspan(placeOf(argument), argument.size())});
         done = placeOf(argument) + argument.size();
     }
-    addText(run, code.part(done, code.length - done), cut);
-    appendTokens(run, list, cut, {code, code, {}, 0}, position);
+    addText(run, code.subspan(done, code.length - done), substituted);
+    appendTokens(run, list, substituted, {code, code, {}, 0}, position);
 }
 
 }  // namespace torvel

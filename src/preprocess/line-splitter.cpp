@@ -5,9 +5,9 @@
 
 #include "src/preprocess/line-splitter.h"
 
-#include "src/lex/characters.h"
-#include "src/lex/messages.h"
-#include "src/lex/parse-exception.h"
+#include "src/base/characters.h"
+#include "src/base/messages.h"
+#include "src/base/parse-exception.h"
 #include "src/preprocess/byte-search.h"
 
 namespace torvel {
@@ -41,8 +41,8 @@ struct LineParts {
 void cutLine(ScannedLine& line, TextSpan store, const char* begin, LineParts parts,
              std::size_t markerLength) {
     const auto span = [&](const char* from, const char* to) {
-        return store.part(static_cast<std::size_t>(from - begin),
-                          static_cast<std::size_t>(to - from));
+        return store.subspan(static_cast<std::size_t>(from - begin),
+                             static_cast<std::size_t>(to - from));
     };
     const char* code = skipBlanks(parts.code, parts.commentMarker);
     const char* codeEnd = dropBlanks(code, parts.commentMarker);

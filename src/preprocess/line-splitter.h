@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "src/lex/program.h"
+#include "src/base/program.h"
 
 namespace torvel {
 

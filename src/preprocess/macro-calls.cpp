@@ -1,16 +1,16 @@
 // What calls a macro is told from the line as it is written, before defines are put in. The scan in front of
-// the name is loose: what it skips is cut into tokens like any other text, and these are looked at once more.
+// the name is loose: what it skips is lexed like any other text, and these are looked at once more.
 
 #include "src/preprocess/macro-calls.h"
 
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 
 namespace torvel {
 
 namespace {
 
 /// The length of the word that `code` begins with if it is a macro's name and "(" follows.
-std::size_t callLength(const Preprocessing& run, std::string_view code) {
+std::size_t callLength(const PreprocessorRun& run, std::string_view code) {
     std::size_t length = 0;
     while (length < code.size() && !isWhiteSpace(code[length]) && code[length] != '(') {
         ++length;
@@ -62,7 +62,7 @@ std::size_t labelLength(std::string_view code) {
 
 }  // namespace
 
-CallPlace findMacroCall(const Preprocessing& run, std::string_view code) {
+CallPlace findMacroCall(const PreprocessorRun& run, std::string_view code) {
     if (!run.substitutes || run.program.macros.empty()) {
         return {};
     }

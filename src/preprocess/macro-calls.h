@@ -4,8 +4,8 @@
 #include <span>
 #include <string_view>
 
-#include "src/lex/program.h"
-#include "src/preprocess/preprocessing.h"
+#include "src/base/program.h"
+#include "src/preprocess/preprocessor-run.h"
 
 namespace torvel {
 
@@ -17,7 +17,7 @@ struct CallPlace {
 
 /// A line calls a macro if its first word, at its front or behind a block delete, a label or an N-code, is the
 /// name of one and "(" follows. With substitution switched off no line does.
-CallPlace findMacroCall(const Preprocessing& run, std::string_view code);
+CallPlace findMacroCall(const PreprocessorRun& run, std::string_view code);
 
 /// Whether a call may stand behind `tokens`: nothing, or a block delete, a label or an N-code. Defines can make
 /// something else of what was written there; the name is then a word like any other.

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "src/lex/hash.h"
+#include "src/base/hash.h"
 #include "src/preprocess/define-table.h"
 
 namespace torvel {
@@ -23,7 +23,7 @@ struct PredefinedConstant {
 };
 
 /// The constants in order, and the way from a name to its row. Nothing of it is made while the
-/// program runs; a row is cut into pieces when its name is first met.
+/// program runs; a row is substituted when its name is first met.
 struct PredefinedTable {
     std::span<const PredefinedConstant> rows;
     /// Row + 1 by hash, open addressing; 0 is free. A power of two.

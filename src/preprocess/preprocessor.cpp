@@ -1,14 +1,14 @@
 #include "src/preprocess/preprocessor.h"
 
-#include "src/lex/parse-exception.h"
-#include "src/preprocess/preprocessing.h"
+#include "src/base/parse-exception.h"
+#include "src/preprocess/preprocessor-run.h"
 
 namespace torvel {
 
 namespace {
 
 /// The lines of one file. The position of the last line is returned.
-SourcePosition preprocessLines(Preprocessing& run, const Inclusion& inclusion) {
+SourcePosition preprocessLines(PreprocessorRun& run, const Inclusion& inclusion) {
     LineSplitter splitter(run.program, inclusion);
     ScannedLine line;
     try {
@@ -30,12 +30,8 @@ SourcePosition preprocessLines(Preprocessing& run, const Inclusion& inclusion) {
 
 }  // namespace
 
-[[noreturn]] void failAt(const SourcePosition& position, Message message,
-                         std::initializer_list<std::string_view> holes) {
-    throw ParseException(messageText(message, holes), position);
-}
-
-void preprocessFile(Preprocessing& run, std::string_view path, const SourcePosition& includedFrom) {
+void preprocessFile(PreprocessorRun& run, std::string_view path,
+                    const SourcePosition& includedFrom) {
     const SourceFile& file = run.files.load(path, includedFrom);
     if (++run.includeDepth > run.limits.includeDepth) {
         failAt(includedFrom, Message::IncludesNestedTooDeeply);
@@ -65,20 +61,16 @@ void preprocessFile(Preprocessing& run, std::string_view path, const SourcePosit
     }
 }
 
-void appendLine(LineList& list, const SourcePosition& position, TextSpan text, TextSpan comment) {
-    list.lines.push_back({text, comment, static_cast<std::uint32_t>(list.tokens.size()),
-                          position.lineNumber, position.inclusion});
-}
-
-void appendDirectiveLine(Preprocessing& run, const SourcePosition& position, TextSpan source,
-                         TextSpan comment, TokenType type, TextSpan text) {
+void appendDirectiveLine(PreprocessorRun& run, const SourcePosition& position, TextSpan source,
+                         TextSpan comment, const Token& token) {
     appendLine(run.program.list, position, source, comment);
-    run.program.list.tokens.push_back({type, text});
+    run.program.list.tokens.push_back(token);
 }
 
 void preprocessProgram(Program& program, std::string_view path, const AxisNames& axes,
-                       const Limits& limits, const PredefinedTable& predefined) {
-    Preprocessing run(program, axes, limits, predefined);
+                       const Limits& limits, const PredefinedTable& predefined,
+                       const FileSource& source) {
+    PreprocessorRun run(program, axes, limits, predefined, source);
     try {
         preprocessFile(run, path, {});
     } catch (const TextStoreFull&) {

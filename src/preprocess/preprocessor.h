@@ -2,8 +2,9 @@
 
 #include <string_view>
 
+#include "src/base/file-source.h"
+#include "src/base/program.h"
 #include "src/lex/axis-names.h"
-#include "src/lex/program.h"
 #include "src/limits.h"
 #include "src/preprocess/predefined-constants.h"
 
@@ -11,9 +12,11 @@ namespace torvel {
 
 /// Reads the program file `path` (as the command line has it) and everything it includes into
 /// `program`: directives carried out, defines substituted, every line cut into tokens. Throws a
-/// ParseException at the first error, its position being none for the program file itself.
+/// ParseException at the first error, its position being none for the program file itself. Its files come
+/// from `source`.
 void preprocessProgram(Program& program, std::string_view path, const AxisNames& axes,
                        const Limits& limits,
-                       const PredefinedTable& predefined = predefinedConstants());
+                       const PredefinedTable& predefined = predefinedConstants(),
+                       const FileSource& source = fileSystemSource());
 
 }  // namespace torvel

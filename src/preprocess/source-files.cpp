@@ -2,8 +2,8 @@
 
 #include <cstring>
 
-#include "src/lex/messages.h"
-#include "src/lex/parse-exception.h"
+#include "src/base/messages.h"
+#include "src/base/parse-exception.h"
 
 namespace torvel {
 
@@ -11,7 +11,7 @@ namespace {
 
 [[noreturn]] void fail(Message message, const NativePath& path,
                        const SourcePosition& includedFrom) {
-    throw ParseException(messageText(message, {narrowPath(path)}), includedFrom);
+    failAt(includedFrom, message, {narrowPath(path)});
 }
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
@@ -29,12 +29,12 @@ const SourceFile& SourceFiles::load(std::string_view path, const SourcePosition&
     const NativePath written =
         includedFrom.inclusion == nullptr
             ? nativePath(path)
-            : includedPath(includedFrom.inclusion->file->path.parent_path(), path);
+            : source_.includedPath(includedFrom.inclusion->file->path.parent_path(), path);
     const auto known = byPath_.find(written.native());
     if (known != byPath_.end()) {
         return *known->second;
     }
-    const NativePath canonical = canonicalPath(written);
+    const NativePath canonical = source_.canonicalPath(written);
     const SourceFile*& file = byCanonicalPath_[canonical.native()];
     if (file == nullptr) {
         if (includedFrom.inclusion == nullptr) {
@@ -47,38 +47,35 @@ const SourceFile& SourceFiles::load(std::string_view path, const SourcePosition&
 }
 
 const SourceFile& SourceFiles::read(const NativePath& path, const SourcePosition& includedFrom) {
-    switch (fileKind(path)) {
+    switch (source_.kind(path)) {
         case FileKind::missing: fail(Message::FileMissing, path, includedFrom);
         case FileKind::directory:
         case FileKind::other: fail(Message::FileNotRegular, path, includedFrom);
         case FileKind::regular: break;
     }
-    InputFile input;
-    if (!input.open(path)) {
+    TextSpan text;
+    const FileReading reading = source_.read(path, [&](std::uint64_t size) {
+        if (size > limits_.programText) {
+            failAt(includedFrom, Message::ProgramTooLarge);
+        }
+        text = program_.text.allocate(static_cast<std::size_t>(size));
+        return program_.text.data(text);
+    });
+    if (!reading.isOpened || reading.hasFailed) {
         fail(Message::FileNotOpened, path, includedFrom);
     }
-    const std::uint64_t size = input.size();
-    if (size > limits_.programText) {
-        throw ParseException(messageText(Message::ProgramTooLarge), includedFrom);
-    }
-    TextSpan text = program_.text.allocate(static_cast<std::size_t>(size));
-    bool failed = false;
     char* const content = program_.text.data(text);
-    const std::size_t bytes = input.read(content, text.length, failed);
-    if (failed) {
-        fail(Message::FileNotOpened, path, includedFrom);
-    }
-    const std::size_t length = lengthWithoutEndMarks({content, bytes});
+    const std::size_t length = lengthWithoutEndMarks({content, reading.length});
     // The splitter ends at the first NUL: the one behind the text, or one of the file's own.
     content[length] = '\0';
     const std::size_t textEnd = std::strlen(content);
     const std::size_t textStart =
         std::string_view(content, textEnd).starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
-    text = text.part(textStart, textEnd - textStart);
+    text = text.subspan(textStart, textEnd - textStart);
 
     const std::string shown = displayPath(path, programDirectory_);
     program_.files.push_back(
-        {path, shown, std::string(lastComponent(shown)), input.identity(), text, textEnd < length});
+        {path, shown, std::string(lastComponent(shown)), reading.identity, text, textEnd < length});
     return program_.files.back();
 }
 

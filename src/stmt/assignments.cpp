@@ -1,7 +1,7 @@
+#include "src/base/characters.h"
 #include "src/expr/expressions.h"
 #include "src/expr/strings.h"
 #include "src/expr/variables.h"
-#include "src/lex/characters.h"
 #include "src/stmt/routines.h"
 #include "src/stmt/values.h"
 

@@ -1,8 +1,8 @@
 #include "src/stmt/axis-words.h"
 
+#include "src/base/characters.h"
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
-#include "src/lex/characters.h"
 
 namespace torvel {
 

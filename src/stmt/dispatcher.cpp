@@ -119,8 +119,8 @@ void expectEnd(Statement& statement) {
 void dispatch(Statement& statement) {
     const TokenType type = statement.cursor.type();
     if (type == macroDefinitionToken) {
-        convertMacroDefinition(
-            statement, statement.context.program.macros[statement.cursor.token().text.offset]);
+        convertMacroDefinition(statement,
+                               statement.context.program.macros[statement.cursor.token().number]);
         return;
     }
     if (type == macroCallToken) {
@@ -160,8 +160,8 @@ bool convertStatement(ConversionContext& context, std::span<const Token> tokens,
     return !statement.isRefused;
 }
 
-void writeExpression(Statement& statement, std::string_view lead) {
-    statement.text += lead;
+void writeExpression(Statement& statement, std::string_view prefix) {
+    statement.text += prefix;
     translateExpression(statement, statement.text);
 }
 

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
+#include "src/base/characters.h"
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
 #include "src/expr/number-text.h"
-#include "src/lex/characters.h"
 #include "src/lex/lexer.h"
 #include "src/stmt/routines.h"
 

@@ -10,7 +10,7 @@ namespace torvel {
 bool convertStatement(ConversionContext& context, std::span<const Token> tokens,
                       StatementText& text, BlockEffect& effect);
 
-/// Writes `lead` and an expression to the statement's text.
-void writeExpression(Statement& statement, std::string_view lead = {});
+/// Writes `prefix` and an expression to the statement's text.
+void writeExpression(Statement& statement, std::string_view prefix = {});
 
 }  // namespace torvel

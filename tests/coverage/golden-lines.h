@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "src/lex/messages.h"
-#include "src/lex/token-type.h"
+#include "src/base/messages.h"
+#include "src/base/token-type.h"
 
 namespace torvel::test {
 

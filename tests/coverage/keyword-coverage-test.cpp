@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-#include "src/lex/token-type.h"
+#include "src/base/token-type.h"
 #include "tests/coverage/golden-lines.h"
 
 namespace torvel::test {
@@ -32,7 +32,7 @@ TEST(KeywordCoverage, EveryKeywordLeadsALine) {
     };
 #define KEYWORD(enumerator, spelling) check(TokenType::enumerator);
 #define DIRECTIVE(enumerator, spelling) check(TokenType::enumerator);
-#include "src/lex/token-kinds.def"
+#include "src/base/token-kinds.def"
     EXPECT_TRUE(missing.list().empty()) << "lead no line of any golden case:\n" << missing.list();
     EXPECT_EQ(count, 449U + 3U + 2U);  // keywords, directives, BNAND and BNOR
 }

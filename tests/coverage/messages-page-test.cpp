@@ -278,7 +278,7 @@ std::vector<std::string> wordsOfEveryKind() {
     };
     const std::string keywords[] = {
 #define KEYWORD(enumerator, spelling) spelling,
-#include "src/lex/token-kinds.def"
+#include "src/base/token-kinds.def"
     };
     words.insert(words.end(), std::begin(keywords), std::end(keywords));
     return words;

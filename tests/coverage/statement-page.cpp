@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "src/lex/token-type.h"
+#include "src/base/token-type.h"
 #include "tests/coverage/form-sections.h"
 #include "tests/support/escapes.h"
 

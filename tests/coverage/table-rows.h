@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "src/lex/token-type.h"
+#include "src/base/token-type.h"
 
 namespace torvel::test {
 

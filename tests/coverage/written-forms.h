@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "src/lex/token-type.h"
+#include "src/base/token-type.h"
 #include "tests/coverage/statement-form.h"
 
 namespace torvel::test {

@@ -12,7 +12,7 @@
 #include <thread>
 
 #include "src/app/command.h"
-#include "src/lex/file-system.h"
+#include "src/base/file-system.h"
 #include "tests/limits/conversions.h"
 #include "tests/limits/run-program.h"
 #include "tests/support/escapes.h"

@@ -1,4 +1,4 @@
-// A stage includes only itself and the stages in front of it: lex, preprocess, expr, stmt, app. The
+// A stage includes only itself and the stages in front of it: base, lex, preprocess, expr, stmt, app. The
 // translation needs nothing of the preprocessor but its finished lines, so expr and stmt do not include
 // it either.
 
@@ -19,7 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<std::string_view, 5> stages = {"lex", "preprocess", "expr", "stmt", "app"};
+constexpr std::array<std::string_view, 6> stages = {"base", "lex",  "preprocess",
+                                                    "expr", "stmt", "app"};
 
 /// The folder of src that a path leads through; empty for a file of src itself.
 std::string_view stageOf(std::string_view path) {
@@ -59,6 +60,8 @@ TEST(IncludeDirections, RulesOfTheStages) {
     EXPECT_TRUE(mayInclude("app", "preprocess"));
     EXPECT_TRUE(mayInclude("stmt", "expr"));
     EXPECT_FALSE(mayInclude("", "lex"));
+    EXPECT_FALSE(mayInclude("base", "lex"));
+    EXPECT_TRUE(mayInclude("lex", "base"));
     EXPECT_FALSE(mayInclude("lex", "preprocess"));
     EXPECT_FALSE(mayInclude("expr", "stmt"));
     EXPECT_FALSE(mayInclude("expr", "preprocess"));

@@ -4,7 +4,7 @@
 #include <array>
 #include <unordered_map>
 
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 #include "src/preprocess/line-splitter.h"
 #include "src/stmt/statement.h"
 #include "tests/support/message-rows.h"

@@ -6,7 +6,7 @@
 
 namespace torvel::test {
 
-/// A row of src/lex/messages.def.
+/// A row of src/base/messages.def.
 struct MessageRow {
     std::string_view symbol;
     std::string_view messageClass;

@@ -22,8 +22,7 @@ std::string printTokens(const Program& program, const LineList& list, std::size_
             printed += " | ";
         }
         if (token.type == macroDefinitionToken) {
-            printed +=
-                "macro:" + std::string(program.text.view(program.macros[token.text.offset].head));
+            printed += "macro:" + std::string(program.text.view(program.macros[token.number].head));
             continue;
         }
         printed += token.type == macroCallToken ? "macro call" : tokenTypeName(token.type);

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "src/lex/program.h"
+#include "src/base/program.h"
 
 namespace torvel::test {
 

@@ -2,8 +2,8 @@
 #include <sstream>
 #include <string>
 
-#include "src/lex/file-system.h"
-#include "src/lex/source-position.h"
+#include "src/base/file-system.h"
+#include "src/base/source-position.h"
 #include "tests/support/program-text.h"
 #include "tests/support/table.h"
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "src/lex/file-system.h"
+#include "src/base/file-system.h"
 #include "tests/support/temporary-directory.h"
 
 namespace torvel::test {

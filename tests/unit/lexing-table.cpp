@@ -1,9 +1,9 @@
 #include <sstream>
 #include <string>
 
+#include "src/base/parse-exception.h"
 #include "src/lex/keywords.h"
 #include "src/lex/lexer.h"
-#include "src/lex/parse-exception.h"
 #include "tests/support/program-text.h"
 #include "tests/support/table.h"
 

@@ -1,6 +1,6 @@
 #include <string>
 
-#include "src/lex/parse-exception.h"
+#include "src/base/parse-exception.h"
 #include "src/preprocess/line-splitter.h"
 #include "tests/support/program-text.h"
 #include "tests/support/table.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "src/lex/characters.h"
+#include "src/base/characters.h"
 #include "src/preprocess/defines.h"
 
 namespace torvel {
@@ -54,10 +54,10 @@ std::string substituted(const std::string& text, const std::set<std::string>& na
         const TextSpan span = program.text.add(name);
         defines.table().enter(
             program.text.view(span), DefineTable::Kind::define,
-            defines.keepDefine(TokenType::NUMBER_DEFINE, {span, program.text.add("1")}));
+            defines.storePreserved(TokenType::NUMBER_DEFINE, {span, program.text.add("1")}));
     }
     const TextSpan span = program.text.add(text);
-    Defines::Cut cut;
+    SubstitutedText cut;
     if (!defines.substitute(span, cut)) {
         cut.addPlain(span);
     }
@@ -66,7 +66,7 @@ std::string substituted(const std::string& text, const std::set<std::string>& na
         if (piece.kind == Piece::Kind::token) {
             result += "<" + std::string(program.textOf(piece.token)) + ">";
         } else {
-            result += program.text.view(piece.token.text);
+            result += program.text.view(piece.text);
         }
     });
     return result;

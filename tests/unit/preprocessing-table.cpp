@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "src/lex/parse-exception.h"
+#include "src/base/parse-exception.h"
 #include "src/preprocess/classification.h"
 #include "src/preprocess/preprocessor.h"
 #include "tests/support/program-text.h"

@@ -1,6 +1,6 @@
 // What a program tells of its tokens.
 
-#include "src/lex/program.h"
+#include "src/base/program.h"
 
 #include <gtest/gtest.h>
 

@@ -77,7 +77,7 @@ constexpr Item items[] = {
 constexpr std::string_view keywordSpellings[] = {
 #define KEYWORD(enumerator, spelling) spelling,
 #define DIRECTIVE(enumerator, spelling) spelling,
-#include "src/lex/token-kinds.def"
+#include "src/base/token-kinds.def"
 #define SPELLING(spelling, kind) spelling,
 #include "src/lex/keyword-spellings.def"
 };

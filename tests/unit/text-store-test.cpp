@@ -1,6 +1,6 @@
 // The offsets of a TextStore have 32 bits: what they cannot number is refused.
 
-#include "src/lex/text-store.h"
+#include "src/base/text-store.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <new>
 #include <string>
 
-#include "src/lex/parse-exception.h"
+#include "src/base/parse-exception.h"
 #include "src/preprocess/preprocessor.h"
 #include "tests/support/temporary-directory.h"
 
@@ -58,7 +58,7 @@ TEST(TextStore, RefusesTextsThatHaveNoOffsetsLeft) {
     store.data(most)[longest - 1] = 'z';
     EXPECT_THROW(store.add("x"), TextStoreFull);
     EXPECT_THROW(store.allocate(pageSize), TextStoreFull);
-    EXPECT_EQ(store.view(most.part(longest - 1, 1)), "z");
+    EXPECT_EQ(store.view(most.subspan(longest - 1, 1)), "z");
 }
 
 TEST(TextStore, WithoutRoomThatTheProgramNeeds) {

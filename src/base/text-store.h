@@ -15,8 +15,8 @@ struct TextSpan {
     std::uint32_t length = 0;
 
     bool empty() const { return length == 0; }
-    /// The part of the span from `start` on, `count` bytes long.
-    TextSpan part(std::size_t start, std::size_t count) const {
+    /// The bytes of the span from `start` on, `count` of them.
+    TextSpan subspan(std::size_t start, std::size_t count) const {
         return {offset + static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(count)};
     }
 };

@@ -6,7 +6,8 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "src/lex/file-system.h"
+#include "src/base/file-descriptor.h"
+#include "src/base/file-system.h"
 
 namespace torvel {
 
@@ -175,67 +176,26 @@ FileIdentity InputFile::identity() const {
     return identityOf(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor_)));
 }
 
-std::size_t InputFile::read(char* data, std::size_t length, bool& failed) {
-    std::size_t total = 0;
-    while (total < length) {
-        const auto part = static_cast<unsigned>(std::min(length - total, largestTransfer));
-        const int count = _read(descriptor_, data + total, part);
-        failed = count < 0;
-        if (count <= 0) {
-            break;
-        }
-        total += static_cast<std::size_t>(count);
-    }
-    return total;
-}
-
-InputFile::~InputFile() {
-    if (descriptor_ >= 0) {
-        _close(descriptor_);
-    }
-}
-
 bool OutputFile::open(const NativePath& path) {
     descriptor_ = _wopen(unboundedPath(path).c_str(),
                          _O_WRONLY | _O_CREAT | _O_TRUNC | _O_TEXT | _O_NOINHERIT, readWriteForAll);
     return descriptor_ >= 0;
 }
 
-void OutputFile::flush() {
-    std::string_view rest = buffer_;
-    while (!rest.empty() && !failed_) {
-        const auto part = static_cast<unsigned>(std::min(rest.size(), largestTransfer));
-        const int count = _write(descriptor_, rest.data(), part);
-        failed_ = count <= 0;
-        if (count > 0) {
-            rest.remove_prefix(static_cast<std::size_t>(count));
-        }
-    }
-    buffer_.clear();
+std::ptrdiff_t readSome(int descriptor, char* data, std::size_t length) {
+    return _read(descriptor, data, static_cast<unsigned>(std::min(length, largestTransfer)));
 }
 
-bool OutputFile::close() {
-    flush();
-    if (failed_) {
-        discard();
-        return false;
-    }
-    failed_ = _close(descriptor_) != 0;
-    descriptor_ = -1;
-    return !failed_;
+std::ptrdiff_t writeSome(int descriptor, const char* data, std::size_t length) {
+    return _write(descriptor, data, static_cast<unsigned>(std::min(length, largestTransfer)));
 }
 
-void OutputFile::discard() {
-    if (descriptor_ >= 0) {
-        // Fails for a device or a pipe, which keep nothing.
-        _chsize_s(descriptor_, 0);
-        _close(descriptor_);
-        descriptor_ = -1;
-    }
+void emptyFile(int descriptor) {
+    _chsize_s(descriptor, 0);
 }
 
-OutputFile::~OutputFile() {
-    discard();
+bool closeDescriptor(int descriptor) {
+    return _close(descriptor) == 0;
 }
 
 }  // namespace torvel

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "src/lex/growing-array.h"
-#include "src/lex/source-position.h"
-#include "src/lex/text-store.h"
-#include "src/lex/token-type.h"
+#include "src/base/growing-array.h"
+#include "src/base/source-position.h"
+#include "src/base/text-store.h"
+#include "src/base/token-type.h"
 
 namespace torvel {
 
@@ -17,15 +17,27 @@ namespace torvel {
 /// program of 14 MB has millions of them.
 struct Token {
     TokenType type = TokenType::INVALID;
-    /// The token's text; for the preserved defines the number of its DefineTexts instead.
-    TextSpan text;
+    union {
+        TextSpan text{};
+        /// In the place of the text: for the preserved defines the number of their DefineTexts, for a
+        /// macro's definition its number in the program.
+        std::uint32_t number;
+    };
 };
 static_assert(sizeof(Token) == 12);
+
+/// A token with a number in the place of its text.
+inline Token makeNumberedToken(TokenType type, std::uint32_t number) {
+    Token token;
+    token.type = type;
+    token.number = number;
+    return token;
+}
 
 // Two kinds that the preprocessor makes beside those of token-kinds.def. They lead a statement that is
 // converted as a whole, so no message ever names them.
 
-/// Stands for a `#macro`; its text's offset is the number of the macro in the program.
+/// Stands for a `#macro`; its number is that of the macro in the program.
 inline constexpr TokenType macroDefinitionToken{tokenTypeCount};
 /// The name of a macro that the line calls. What stands in front of it is what convertStatement() takes off
 /// a line before the statement: a block delete, a label, an N-code.
@@ -66,13 +78,16 @@ struct LineList {
     }
 };
 
+/// Appends a line without tokens.
+void appendLine(LineList& list, const SourcePosition& position, TextSpan text, TextSpan comment);
+
 /// A `#macro`. Its body is converted where the directive stands in the program.
 struct Macro {
     /// "#macro NAME($a, $b)"
     TextSpan head;
     /// The directive as it is kept if its body cannot be converted.
     TextSpan unconverted;
-    /// The body's lines, cut into tokens.
+    /// The body's lines, lexed.
     LineList lines;
 };
 
@@ -89,12 +104,12 @@ struct Program {
 
     /// The token's text as it stands in the source; for a preserved define its first text.
     std::string_view textOf(const Token& token) const {
-        return text.view(isPreservedDefine(token.type) ? defineTexts[token.text.offset].text
+        return text.view(isPreservedDefine(token.type) ? defineTexts[token.number].text
                                                        : token.text);
     }
     /// The Torvel text of a preserved define; empty for every other token.
     std::string_view valueOf(const Token& token) const {
-        return isPreservedDefine(token.type) ? text.view(defineTexts[token.text.offset].value)
+        return isPreservedDefine(token.type) ? text.view(defineTexts[token.number].value)
                                              : std::string_view();
     }
 };

@@ -1,4 +1,4 @@
-#include "src/lex/token-type.h"
+#include "src/base/token-type.h"
 
 #include <array>
 #include <stdexcept>
@@ -11,7 +11,7 @@ constexpr std::array<std::string_view, tokenTypeCount> displayNames = {
 #define KIND(enumerator, display) display,
 #define KEYWORD(enumerator, spelling) spelling " keyword",
 #define DIRECTIVE(enumerator, spelling) spelling " directive",
-#include "src/lex/token-kinds.def"
+#include "src/base/token-kinds.def"
 };
 
 }  // namespace

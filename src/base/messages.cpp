@@ -1,4 +1,4 @@
-#include "src/lex/messages.h"
+#include "src/base/messages.h"
 
 namespace torvel {
 
@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::string_view texts[] = {
 #define MESSAGE(symbol, messageClass, text) text,
-#include "src/lex/messages.def"
+#include "src/base/messages.def"
 };
 
 }  // namespace

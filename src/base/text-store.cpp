@@ -1,4 +1,4 @@
-#include "src/lex/text-store.h"
+#include "src/base/text-store.h"
 
 #include <cstring>
 

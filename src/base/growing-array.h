@@ -7,7 +7,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "src/lex/large-memory.h"
+#include "src/base/large-memory.h"
 
 namespace torvel {
 

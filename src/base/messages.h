@@ -10,7 +10,7 @@ namespace torvel {
 /// Every message of the program. Rows, with their classes: messages.def.
 enum class Message : std::uint16_t {
 #define MESSAGE(symbol, messageClass, text) symbol,
-#include "src/lex/messages.def"
+#include "src/base/messages.def"
 };
 
 /// The message's text with its holes ("{}") filled in order. As many texts as holes.

@@ -10,14 +10,14 @@ enum class TokenType : std::uint32_t {
 #define KIND(enumerator, display) enumerator,
 #define KEYWORD(enumerator, spelling) enumerator,
 #define DIRECTIVE(enumerator, spelling) enumerator,
-#include "src/lex/token-kinds.def"
+#include "src/base/token-kinds.def"
 };
 
 inline constexpr std::uint32_t tokenTypeCount = 0
 #define KIND(enumerator, display) +1
 #define KEYWORD(enumerator, spelling) +1
 #define DIRECTIVE(enumerator, spelling) +1
-#include "src/lex/token-kinds.def"
+#include "src/base/token-kinds.def"
     ;
 
 static_assert(tokenTypeCount == 553);

@@ -1,4 +1,4 @@
-#include "src/lex/large-memory.h"
+#include "src/base/large-memory.h"
 
 namespace torvel {
 

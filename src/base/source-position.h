@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "src/lex/file-system.h"
-#include "src/lex/text-store.h"
+#include "src/base/file-system.h"
+#include "src/base/text-store.h"
 
 namespace torvel {
 

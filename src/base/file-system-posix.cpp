@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "src/lex/file-system.h"
+#include "src/base/file-descriptor.h"
+#include "src/base/file-system.h"
 
 namespace torvel {
 
@@ -88,28 +89,6 @@ FileIdentity InputFile::identity() const {
     return fstat(descriptor_, &status) == 0 ? identityOf(status) : FileIdentity();
 }
 
-std::size_t InputFile::read(char* data, std::size_t length, bool& failed) {
-    std::size_t total = 0;
-    while (total < length) {
-        const ssize_t count = ::read(descriptor_, data + total, length - total);
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
-        failed = count < 0;
-        if (count <= 0) {
-            break;
-        }
-        total += static_cast<std::size_t>(count);
-    }
-    return total;
-}
-
-InputFile::~InputFile() {
-    if (descriptor_ >= 0) {
-        ::close(descriptor_);
-    }
-}
-
 bool OutputFile::open(const NativePath& path) {
     // A pipe that nobody reads is not waited for; one that is read takes its time.
     constexpr int create = O_WRONLY | O_CREAT | O_TRUNC;
@@ -117,41 +96,28 @@ bool OutputFile::open(const NativePath& path) {
     return descriptor_ >= 0 && fcntl(descriptor_, F_SETFL, O_WRONLY) == 0;
 }
 
-void OutputFile::flush() {
-    std::string_view rest = buffer_;
-    while (!rest.empty() && !failed_) {
-        const ssize_t count = ::write(descriptor_, rest.data(), rest.size());
-        if (count > 0) {
-            rest.remove_prefix(static_cast<std::size_t>(count));
-        } else {
-            failed_ = count == 0 || errno != EINTR;
-        }
-    }
-    buffer_.clear();
+std::ptrdiff_t readSome(int descriptor, char* data, std::size_t length) {
+    ssize_t count = -1;
+    do {
+        count = ::read(descriptor, data, length);
+    } while (count < 0 && errno == EINTR);
+    return count;
 }
 
-bool OutputFile::close() {
-    flush();
-    if (failed_) {
-        discard();
-        return false;
-    }
-    failed_ = ::close(descriptor_) != 0;
-    descriptor_ = -1;
-    return !failed_;
+std::ptrdiff_t writeSome(int descriptor, const char* data, std::size_t length) {
+    ssize_t count = -1;
+    do {
+        count = ::write(descriptor, data, length);
+    } while (count < 0 && errno == EINTR);
+    return count;
 }
 
-void OutputFile::discard() {
-    if (descriptor_ >= 0) {
-        // Fails for a device or a pipe, which keep nothing.
-        [[maybe_unused]] const int ignored = ::ftruncate(descriptor_, 0);
-        ::close(descriptor_);
-        descriptor_ = -1;
-    }
+void emptyFile(int descriptor) {
+    [[maybe_unused]] const int ignored = ::ftruncate(descriptor, 0);
 }
 
-OutputFile::~OutputFile() {
-    discard();
+bool closeDescriptor(int descriptor) {
+    return ::close(descriptor) == 0;
 }
 
 }  // namespace torvel

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <exception>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 
-#include "src/lex/source-position.h"
+#include "src/base/messages.h"
+#include "src/base/source-position.h"
 
 namespace torvel {
 
@@ -19,5 +22,9 @@ public:
 private:
     std::string diagnostic_;
 };
+
+/// Ends the run: throws a ParseException with the message at `position`.
+[[noreturn]] void failAt(const SourcePosition& position, Message message,
+                         std::initializer_list<std::string_view> holes = {});
 
 }  // namespace torvel

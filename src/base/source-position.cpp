@@ -1,4 +1,4 @@
-#include "src/lex/source-position.h"
+#include "src/base/source-position.h"
 
 namespace torvel {
 
@@ -23,15 +23,15 @@ std::string formatDiagnostic(const SourcePosition& position, std::string_view me
     if (position.inclusion == nullptr) {
         return text;
     }
-    std::string_view lead = "In file included ";
+    std::string_view introduction = "In file included ";
     SourcePosition from = position.inclusion->includedFrom;
     while (from.inclusion != nullptr) {
-        text += lead;
+        text += introduction;
         text += "from ";
         appendPlace(text, from);
         from = from.inclusion->includedFrom;
         text += from.inclusion != nullptr ? ",\n" : "\n";
-        lead = "                 ";
+        introduction = "                 ";
     }
     return text;
 }

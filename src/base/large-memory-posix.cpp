@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "src/lex/large-memory.h"
+#include "src/base/large-memory.h"
 
 namespace torvel {
 

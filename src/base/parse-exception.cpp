@@ -1,0 +1,10 @@
+#include "src/base/parse-exception.h"
+
+namespace torvel {
+
+void failAt(const SourcePosition& position, Message message,
+            std::initializer_list<std::string_view> holes) {
+    throw ParseException(messageText(message, holes), position);
+}
+
+}  // namespace torvel
