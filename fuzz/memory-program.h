@@ -31,6 +31,7 @@ private:
 
     test::ProgramText text_;
     AxisNames axes_;
+    FileSource source_ = fileSystemSource();
     PreprocessorRun run_;
     std::string diagnostic_;
 };

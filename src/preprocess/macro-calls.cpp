@@ -60,13 +60,26 @@ std::size_t labelLength(std::string_view code) {
     return 0;
 }
 
+/// Whether a block delete, a label or an N-code can stand in front of `code`, which is most lines' first look.
+bool mayHavePrologue(std::string_view code) {
+    return code.starts_with('/') || code.starts_with('N') || code.starts_with('n') ||
+           code.find(':') != std::string_view::npos;
+}
+
 }  // namespace
 
 CallPlace findMacroCall(const PreprocessorRun& run, std::string_view code) {
     if (!run.substitutes || run.program.macros.empty()) {
         return {};
     }
+    const std::size_t open = code.find('(');
+    if (open == std::string_view::npos) {
+        return {};
+    }
     CallPlace place = {0, callLength(run, code)};
+    if (!mayHavePrologue(code.substr(0, open))) {
+        return place;
+    }
     for (const auto prologueLength : {blockDeleteLength, labelLength}) {
         if (place.length == 0) {
             const std::size_t skipped = prologueLength(code.substr(place.start));

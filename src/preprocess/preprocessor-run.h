@@ -26,11 +26,11 @@ struct ConditionFrame {
 /// What the preprocessor carries from line to line and from file to file.
 struct PreprocessorRun {
     PreprocessorRun(Program& program, const AxisNames& axes, const Limits& limits,
-                    const PredefinedTable& predefined, FileSource source = fileSystemSource())
+                    const PredefinedTable& predefined, const FileSource& source)
         : program(program),
           axes(axes),
           limits(limits),
-          files(program, limits, std::move(source)),
+          files(program, limits, source),
           defines(program, predefined) {}
 
     Program& program;

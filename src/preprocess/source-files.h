@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 
 #include "src/base/file-source.h"
 #include "src/base/program.h"
@@ -14,8 +13,8 @@ namespace torvel {
 /// Finds and reads the program's files, each of them once.
 class SourceFiles {
 public:
-    SourceFiles(Program& program, const Limits& limits, FileSource source)
-        : program_(program), limits_(limits), source_(std::move(source)) {}
+    SourceFiles(Program& program, const Limits& limits, const FileSource& source)
+        : program_(program), limits_(limits), source_(source) {}
 
     /// The file called `path` on the command line or in an `#include`. A relative path of an `#include`
     /// starts at the directory of the including file, that of the command line at the working
@@ -28,7 +27,7 @@ private:
 
     Program& program_;
     const Limits& limits_;
-    FileSource source_;
+    const FileSource& source_;
     /// Files by the path that leads to them, before links are resolved; and by canonical path.
     std::unordered_map<NativePath::string_type, const SourceFile*> byPath_;
     std::unordered_map<NativePath::string_type, const SourceFile*> byCanonicalPath_;
