@@ -141,21 +141,21 @@ BENCHMARK(substituting);
 
 void lexing(benchmark::State& state) {
     Sample& sample = everyFamily();
-    LineList list;
+    GrowingArray<Token> tokens;
     for (auto _ : state) {
-        list.tokens.clear();
         for (const ScannedLine& line : sample.lines) {
+            tokens.clear();
             if (!sample.program.text.view(line.code).starts_with('#')) {
-                lexLine(sample.program, list, sample.axes, line.code, {});
+                lexLine(sample.program.text, sample.axes, line.code, {}, tokens);
             }
+            benchmark::DoNotOptimize(tokens.data());
         }
-        benchmark::DoNotOptimize(list.tokens.data());
     }
     countBytes(state, sample.bytes);
 }
 BENCHMARK(lexing);
 
-/// Reading, splitting, directives, substitution and lexing together.
+/// Reading, splitting, directives and substitution together.
 void preprocessing(benchmark::State& state) {
     const Folder folder(generateCorpus({corpusBytes, 1, {}}));
     const AxisNames axes;
@@ -173,12 +173,16 @@ void expressions(benchmark::State& state) {
     Sample sample({"expressions"});
     const LineList& list = sample.program.list;
     ExpressionText out;
+    GrowingArray<Token> room;
     for (auto _ : state) {
         MessageLog log;
         ConversionContext context{sample.program, sample.axes, sample.limits, log, {}};
         for (std::size_t line = 0; line + 1 < list.lines.size(); ++line) {
             out.clear();
-            Statement statement{context, TokenCursor(sample.program, list.tokensOf(line)), out};
+            Statement statement{context,
+                                TokenCursor(sample.program, tokensOf(sample.program, list, line,
+                                                                     sample.axes, room)),
+                                out};
             translateExpression(statement, out);
             benchmark::DoNotOptimize(out.data());
         }
@@ -198,13 +202,15 @@ void layout(benchmark::State& state) {
         BlockEffect effect{};
     };
     std::vector<Converted> converted;
+    GrowingArray<Token> room;
     StatementText text;
     MessageLog log;
     ConversionContext context{sample.program, sample.axes, sample.limits, log, {}};
     const LineList& list = sample.program.list;
     for (std::size_t line = 0; line < list.lines.size(); ++line) {
         Converted& row = converted.emplace_back();
-        if (convertStatement(context, list.tokensOf(line), text, row.effect)) {
+        if (convertStatement(context, tokensOf(sample.program, list, line, sample.axes, room), text,
+                             row.effect)) {
             row.text = text;
         }
     }
@@ -226,17 +232,19 @@ void layout(benchmark::State& state) {
 }
 BENCHMARK(layout);
 
-/// From tokens to Torvel text, messages included.
+/// From code to Torvel text, lexing and messages included.
 void convertStatements(benchmark::State& state, const std::string& family) {
     Sample sample({family});
     const LineList& list = sample.program.list;
+    GrowingArray<Token> room;
     StatementText text;
     for (auto _ : state) {
         MessageLog log;
         ConversionContext context{sample.program, sample.axes, sample.limits, log, {}};
         for (std::size_t line = 0; line < list.lines.size(); ++line) {
             BlockEffect effect{};
-            convertStatement(context, list.tokensOf(line), text, effect);
+            convertStatement(context, tokensOf(sample.program, list, line, sample.axes, room), text,
+                             effect);
             benchmark::DoNotOptimize(text.data());
         }
     }

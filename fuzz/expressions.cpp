@@ -85,7 +85,8 @@ void checkExpressions(const Target& /*target*/, std::string_view input) {
     MemoryProgram memory(std::string(prelude) + std::string(input), limits);
     const LineList& list = memory.program().list;
     for (std::size_t number = 0; number < list.lines.size(); ++number) {
-        const std::span<const Token> tokens = list.tokensOf(number);
+        const std::vector<Token> tokens =
+            test::lexedTokens(memory.program(), list, number, memory.axes());
         if (isOfPreprocessor(tokens)) {
             continue;
         }

@@ -63,16 +63,17 @@ void checkCover(const Program& program, std::span<const Token> tokens, std::stri
     };
     for (const Token& token : tokens) {
         skipBlanks();
-        const std::string_view text = program.textOf(token);
+        std::string text;
+        appendTokenText(token.type, program.textOf(token), text);
         const std::string_view rest = line.substr(at);
         checkKind(token.type, text);
         if (token.type == TokenType::STRING_LITERAL) {
-            require(rest.starts_with('"' + std::string(text) + '"'), "a string is not its source");
+            require(rest.starts_with('"' + text + '"'), "a string is not its source");
             at += text.size() + 2;
         } else {
             require(!text.empty(), "an empty token");
             require(isMadeOf(token.type, text, rest.substr(0, text.size())),
-                    "a token is not its source: " + std::string(text));
+                    "a token is not its source: " + text);
             at += text.size();
         }
     }
@@ -82,28 +83,28 @@ void checkCover(const Program& program, std::span<const Token> tokens, std::stri
 
 /// The tokens of a text; nothing if it cannot be cut into tokens.
 std::optional<std::string> lex(test::ProgramText& source, const AxisNames& axes, TextSpan code) {
-    LineList list;
-    list.lines.push_back(source.program.list.lines[0]);
+    std::vector<Token> tokens;
+    const bool isSuspected = mayBeRefused(source.program.text.view(code));
     try {
-        lexLine(source.program, list, axes, code, source.position());
+        tokens = test::lexText(source.program, axes, code, source.position());
     } catch (const ParseException& error) {
         const std::string message = test::withoutPlace(error.what());
         require(message == messageText(Message::StringNotTerminated) ||
                     message.starts_with("Unknown token seen: '"),
                 "another message: " + message);
+        require(isSuspected || message == messageText(Message::StringNotTerminated),
+                "a text that the lexer refuses was not suspected");
         return std::nullopt;
     }
-    checkCover(source.program, list.tokensOf(0), source.program.text.view(code));
-    return test::printTokens(source.program, list, 0);
+    checkCover(source.program, tokens, source.program.text.view(code));
+    return test::printTokens(source.program, tokens);
 }
 
 /// A line of the same tokens with a blank between them.
 std::string spacedOut(test::ProgramText& source, const AxisNames& axes) {
-    LineList list;
-    list.lines.push_back(source.program.list.lines[0]);
-    lexLine(source.program, list, axes, source.text(), source.position());
     std::string spaced;
-    for (const Token& token : list.tokensOf(0)) {
+    for (const Token& token :
+         test::lexText(source.program, axes, source.text(), source.position())) {
         const char* quote = token.type == TokenType::STRING_LITERAL ? "\"" : "";
         spaced += ' ' + (quote + std::string(source.program.textOf(token)) + quote);
     }

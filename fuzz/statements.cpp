@@ -32,7 +32,9 @@ void checkStatements(const Target& target, std::string_view input) {
     requireNone(test::outputFault(conversion));
     for (std::size_t i = 0; i < conversion.lines().size(); ++i) {
         const test::ConvertedLine& line = conversion.lines()[i];
-        require(!line.isConverted || bringsOwnBrackets(program, program.list.tokensOf(i)) ||
+        require(!line.isConverted ||
+                    bringsOwnBrackets(program,
+                                      test::lexedTokens(program, program.list, i, memory.axes())) ||
                     hasBalancedBrackets(line.text),
                 "unbalanced: " + line.text);
     }

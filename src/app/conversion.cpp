@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "src/app/output-layout.h"
+#include "src/lex/lexer.h"
 #include "src/stmt/statement.h"
 
 namespace torvel {
@@ -42,10 +43,12 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
     ConversionContext context{run.program, run.axes, run.limits, part.log, {}};
     const LineList& list = run.program.list;
     StatementText text;
+    GrowingArray<Token> tokens;
     for (std::size_t number = first; number < last; ++number) {
         context.position = list.lines[number].position();
         BlockEffect effect{};
-        const bool isConverted = convertStatement(context, list.tokensOf(number), text, effect);
+        const bool isConverted = convertStatement(
+            context, tokensOf(run.program, list, number, run.axes, tokens), text, effect);
         if (isConverted) {
             part.text += text;
         }

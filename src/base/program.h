@@ -13,7 +13,7 @@
 
 namespace torvel {
 
-/// One lexical unit: its kind and where its text stands in the run's text. Twelve bytes, since a
+/// One lexical unit: its kind and where its source stands in the run's text. Twelve bytes, since a
 /// program of 14 MB has millions of them.
 struct Token {
     TokenType type = TokenType::INVALID;
@@ -56,8 +56,8 @@ struct SourceLine {
     TextSpan text;
     /// The comment behind the line without its marker; empty if there is none.
     TextSpan comment;
-    /// The line's first token in its LineList; its last stands before the next line's first.
-    std::uint32_t firstToken = 0;
+    /// What is converted: so many bytes at the front of the text, or a number of LineList::firstTokens.
+    std::uint32_t content = 0;
     std::uint32_t lineNumber = 0;
     const Inclusion* inclusion = nullptr;
 
@@ -65,21 +65,50 @@ struct SourceLine {
 };
 static_assert(sizeof(SourceLine) == 32);
 
-/// Lines in order, and the tokens of all of them in one array.
-struct LineList {
+/// Lines in order. Most are code that is lexed when they are converted. Those that hold names of defines, or in
+/// which the lexer might find a fault, have tokens in one array; one of kind TokenType::INVALID is a piece of
+/// text that is lexed when the line is converted.
+class LineList {
+public:
     GrowingArray<SourceLine> lines;
     GrowingArray<Token> tokens;
 
-    std::span<const Token> tokensOf(std::size_t line) const {
-        const std::size_t first = lines[line].firstToken;
-        const std::size_t last =
-            line + 1 < lines.size() ? lines[line + 1].firstToken : tokens.size();
-        return {tokens.data() + first, last - first};
+    /// Appends a line of nothing.
+    void append(const SourcePosition& position, TextSpan text, TextSpan comment) {
+        lines.push_back({text, comment, 0, position.lineNumber, position.inclusion});
     }
-};
+    /// The last line is `length` bytes of code at the front of its text, to be lexed later. False: it is too
+    /// long for that.
+    bool setCode(std::size_t length) {
+        const bool fits = length < tokensBit;
+        lines.back().content = fits ? static_cast<std::uint32_t>(length) : 0;
+        return fits;
+    }
+    /// The last line is made of the tokens that are appended from now on.
+    void beginTokens() {
+        lines.back().content = tokensBit | static_cast<std::uint32_t>(firstTokens_.size());
+        firstTokens_.push_back(static_cast<std::uint32_t>(tokens.size()));
+    }
 
-/// Appends a line without tokens.
-void appendLine(LineList& list, const SourcePosition& position, TextSpan text, TextSpan comment);
+    bool hasTokens(std::size_t line) const { return (lines[line].content & tokensBit) != 0; }
+    /// The code of a line without tokens.
+    TextSpan codeOf(std::size_t line) const {
+        return lines[line].text.subspan(0, lines[line].content);
+    }
+    /// The tokens and pieces of a line that has tokens.
+    std::span<const Token> tokensOf(std::size_t line) const {
+        const std::size_t number = lines[line].content & ~tokensBit;
+        const std::size_t last =
+            number + 1 < firstTokens_.size() ? firstTokens_[number + 1] : tokens.size();
+        return {tokens.data() + firstTokens_[number], last - firstTokens_[number]};
+    }
+
+private:
+    static constexpr std::uint32_t tokensBit = std::uint32_t{1} << 31U;
+
+    /// Of the lines that have tokens.
+    GrowingArray<std::uint32_t> firstTokens_;
+};
 
 /// A `#macro`. Its body is converted where the directive stands in the program.
 struct Macro {
@@ -102,7 +131,7 @@ struct Program {
     /// Where a file ended early at a NUL character, in the order met.
     std::vector<SourcePosition> nulCharacters;
 
-    /// The token's text as it stands in the source; for a preserved define its first text.
+    /// The token's source; for a preserved define its first text.
     std::string_view textOf(const Token& token) const {
         return text.view(isPreservedDefine(token.type) ? defineTexts[token.number].text
                                                        : token.text);

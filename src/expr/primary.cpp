@@ -3,6 +3,7 @@
 #include "src/expr/expressions.h"
 #include "src/expr/functions.h"
 #include "src/expr/variables.h"
+#include "src/lex/lexer.h"
 
 namespace torvel {
 
@@ -47,8 +48,8 @@ void translateNumericLiteral(Statement& statement, ExpressionText& out) {
     TokenCursor& cursor = statement.cursor;
     switch (cursor.type()) {
         case TokenType::INTEGER_LITERAL:
-        case TokenType::HEX_LITERAL:
         case TokenType::FLOAT_LITERAL: out += cursor.text(); break;
+        case TokenType::HEX_LITERAL: appendTokenText(cursor.type(), cursor.text(), out); break;
         case TokenType::NUMBER_DEFINE: out += cursor.value(); break;
         case TokenType::TRUE: out += "true"; break;
         case TokenType::FALSE: out += "false"; break;

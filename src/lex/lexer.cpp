@@ -101,8 +101,7 @@ constexpr std::array<Start, 256> starts = []() {
     return table;
 }();
 
-/// A token that was read: its kind and the place behind it. Its text is the source's; a token with
-/// another text has been appended by its reader, its kind here is TokenType::INVALID.
+/// A token that was read: its kind and the place behind it. TokenType::INVALID: its reader has appended it.
 struct Lexeme {
     TokenType type;
     const char* last;
@@ -111,14 +110,13 @@ struct Lexeme {
 /// Each reader takes the place of a token's first byte.
 class Lexer {
 public:
-    Lexer(Program& program, LineList& list, const AxisNames& axes, TextSpan code,
-          const SourcePosition& position)
-        : program_(program),
-          tokens_(list.tokens),
+    Lexer(const TextStore& text, const AxisNames& axes, TextSpan code,
+          const SourcePosition& position, GrowingArray<Token>& tokens)
+        : tokens_(tokens),
           axes_(axes),
           position_(position),
           code_(code),
-          begin_(program.text.view(code).data()),
+          begin_(text.view(code).data()),
           end_(begin_ + code.length),
           wordEnd_(begin_) {}
 
@@ -151,11 +149,6 @@ private:
                                                static_cast<std::size_t>(last - first))});
     }
 
-    Lexeme appendAs(TokenType type, const std::string& text, const char* last) {
-        tokens_.push_back({type, program_.text.add(text)});
-        return {TokenType::INVALID, last};
-    }
-
     /// Where the characters of `classes` end that begin at `from`.
     const char* endOfRun(const char* from, unsigned classes) const {
         const char* const end = end_;
@@ -182,20 +175,7 @@ private:
         const char* last = endOfWord(first);
         const std::string_view word(first, static_cast<std::size_t>(last - first));
         const WordStart start = startOfWord(word, axes_);
-        if (start.type == TokenType::AXIS_FEEDRATE) {
-            return readAxisFeedrate(first, word.substr(0, start.length));
-        }
         return {start.type, first + start.length};
-    }
-
-    /// "XF100" is the specifier XF, its F in upper case, and the number 100.
-    Lexeme readAxisFeedrate(const char* first, std::string_view specifier) {
-        const char* last = first + specifier.size();
-        if (specifier.back() == 'F') {
-            return {TokenType::AXIS_FEEDRATE, last};
-        }
-        specifier.remove_suffix(1);
-        return appendAs(TokenType::AXIS_FEEDRATE, std::string(specifier) + 'F', last);
     }
 
     Lexeme readNumber(const char* first) {
@@ -217,13 +197,9 @@ private:
         return {TokenType::INTEGER_LITERAL, last};
     }
 
-    /// A prefix of two characters ("0x", "0H", "&h") and hexadecimal digits: the text begins "0x".
+    /// A prefix of two characters ("0x", "0H", "&h") and hexadecimal digits.
     Lexeme readHexadecimal(const char* first) {
-        const char* last = endOfRun(first + 2, hexDigitClass);
-        if (first[0] == '0' && first[1] == 'x') {
-            return {TokenType::HEX_LITERAL, last};
-        }
-        return appendAs(TokenType::HEX_LITERAL, "0x" + std::string(first + 2, last), last);
+        return {TokenType::HEX_LITERAL, endOfRun(first + 2, hexDigitClass)};
     }
 
     Lexeme readString(const char* first) {
@@ -312,7 +288,6 @@ private:
             position_);
     }
 
-    Program& program_;
     GrowingArray<Token>& tokens_;
     const AxisNames& axes_;
     const SourcePosition& position_;
@@ -324,9 +299,44 @@ private:
 
 }  // namespace
 
-void lexLine(Program& program, LineList& list, const AxisNames& axes, TextSpan code,
-             const SourcePosition& position) {
-    Lexer(program, list, axes, code, position).run();
+void lexLine(const TextStore& text, const AxisNames& axes, TextSpan code,
+             const SourcePosition& position, GrowingArray<Token>& tokens) {
+    Lexer(text, axes, code, position, tokens).run();
+}
+
+std::span<const Token> tokensOf(const Program& program, const LineList& list, std::size_t line,
+                                const AxisNames& axes, GrowingArray<Token>& room) {
+    const SourcePosition position = list.lines[line].position();
+    room.clear();
+    if (!list.hasTokens(line)) {
+        lexLine(program.text, axes, list.codeOf(line), position, room);
+        return {room.data(), room.size()};
+    }
+    const std::span<const Token> tokens = list.tokensOf(line);
+    const auto isPiece = [](const Token& token) { return token.type == TokenType::INVALID; };
+    if (std::none_of(tokens.begin(), tokens.end(), isPiece)) {
+        return tokens;
+    }
+    for (const Token& token : tokens) {
+        if (isPiece(token)) {
+            lexLine(program.text, axes, token.text, position, room);
+        } else {
+            room.push_back(token);
+        }
+    }
+    return {room.data(), room.size()};
+}
+
+void appendTokenText(TokenType type, std::string_view source, std::string& out) {
+    if (type == TokenType::HEX_LITERAL) {
+        out += "0x";
+        out += source.substr(2);
+    } else {
+        out += source;
+        if (type == TokenType::AXIS_FEEDRATE) {
+            out.back() = 'F';
+        }
+    }
 }
 
 std::size_t axisNameLength(std::string_view text, const AxisNames& axes) {

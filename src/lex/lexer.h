@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+#include <string>
 #include <string_view>
 
 #include "src/base/program.h"
@@ -7,11 +9,23 @@
 
 namespace torvel {
 
-/// Cuts `code`, a piece of one logical line without comments, into tokens and appends them to
-/// `list`. `position` is the line's: an unknown character or an unterminated string throws a
-/// ParseException there. Empty code appends nothing.
-void lexLine(Program& program, LineList& list, const AxisNames& axes, TextSpan code,
-             const SourcePosition& position);
+/// Lexes `code`, a piece of one logical line without comments, and appends its tokens. `position` is the
+/// line's: an unknown character or an unterminated string throws a ParseException there. Empty code appends
+/// nothing.
+void lexLine(const TextStore& text, const AxisNames& axes, TextSpan code,
+             const SourcePosition& position, GrowingArray<Token>& tokens);
+
+/// Whether lexLine() might throw for `code`, a text of a TextStore whose quotes pair. Where the processor
+/// compares sixteen bytes at once, as many are read.
+bool mayBeRefused(std::string_view code);
+
+/// The tokens of a line: those that it has already, or else lexed into `room`.
+std::span<const Token> tokensOf(const Program& program, const LineList& list, std::size_t line,
+                                const AxisNames& axes, GrowingArray<Token>& room);
+
+/// Appends a token's text: its source, but "0x" in front of every hexadecimal literal's digits, and an
+/// upper-case F behind an axis feedrate specifier.
+void appendTokenText(TokenType type, std::string_view source, std::string& out);
 
 /// The length of the axis name that is the first token of `text`, which begins with a word; 0 if its
 /// first token is another.

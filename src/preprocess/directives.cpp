@@ -30,10 +30,10 @@ void runInclude(PreprocessorRun& run, DirectiveLine& directive) {
     const std::string path(directive.readQuoted());
     directive.expectEnd();
     if (!directive.comment().empty()) {
-        appendLine(run.program.list, directive.position(), directive.source(), directive.comment());
+        run.program.list.append(directive.position(), directive.source(), directive.comment());
     }
-    appendLine(run.program.list, directive.position(), directive.source(),
-               run.program.text.add("#include \"" + path + "\" // start"));
+    run.program.list.append(directive.position(), directive.source(),
+                            run.program.text.add("#include \"" + path + "\" // start"));
     preprocessFile(run, path, directive.position());
 }
 

@@ -1,5 +1,5 @@
-// An ordinary line becomes tokens: the names in its code are replaced, the plain text between
-// them is lexed, a preserved define is a token already. So are the name of a macro that the line calls, and
+// An ordinary line without names of defines is lexed when it is converted, unless the lexer might refuse it.
+// In any other the names are replaced, the plain text between them is lexed, a preserved define is a token already. So are the name of a macro that the line calls, and
 // in the body of a macro its arguments: the texts in front of and behind them are substituted by themselves. Line feeds
 // in a define's value begin further lines, which have the text and the position of the line that uses the
 // define.
@@ -14,26 +14,39 @@ namespace torvel {
 namespace {
 
 /// Lexes one plain piece, its lines each on a line of their own.
-void lexPiece(PreprocessorRun& run, LineList& list, TextSpan piece, const ScannedLine& line,
+void lexLines(PreprocessorRun& run, LineList& list, TextSpan piece, const ScannedLine& line,
               const SourcePosition& position) {
     std::string_view rest = run.program.text.view(piece);
     const char* const begin = rest.data();
     const auto lexPart = [&](std::string_view part) {
         const std::string_view inner = trimBlanks(part);
-        lexLine(run.program, list, run.axes,
+        lexLine(run.program.text, run.axes,
                 piece.subspan(static_cast<std::size_t>(inner.data() - begin), inner.size()),
-                position);
+                position, list.tokens);
         return !inner.empty();
     };
     bool isFirst = true;
     for (std::size_t end = rest.find('\n'); end != std::string_view::npos; end = rest.find('\n')) {
         if (lexPart(rest.substr(0, end)) || isFirst) {
-            appendLine(list, position, line.text, {});
+            list.append(position, line.text, {});
+            list.beginTokens();
         }
         isFirst = false;
         rest.remove_prefix(end + 1);
     }
     lexPart(rest);
+}
+
+/// Appends one plain piece to the line, to be lexed when the line is converted unless the lexer might refuse it
+/// or it holds lines of its own.
+void appendPiece(PreprocessorRun& run, LineList& list, TextSpan piece, const ScannedLine& line,
+                 const SourcePosition& position) {
+    const std::string_view text = run.program.text.view(piece);
+    if (mayBeRefused(text) || text.find('"') != std::string_view::npos) {
+        lexLines(run, list, piece, line, position);
+    } else {
+        list.tokens.push_back({TokenType::INVALID, {piece}});
+    }
 }
 
 /// The tokens of the line that is the last of `list`.
@@ -51,18 +64,25 @@ bool addText(PreprocessorRun& run, TextSpan text, SubstitutedText& out) {
     return false;
 }
 
-/// Appends the tokens of substituted text.
+/// Appends the tokens of substituted text. What stands in front of the name of a macro that is called is lexed
+/// now, since it tells whether that is a call.
 void appendTokens(PreprocessorRun& run, LineList& list, const SubstitutedText& substituted,
-                  const ScannedLine& line, const SourcePosition& position) {
+                  bool callsMacro, const ScannedLine& line, const SourcePosition& position) {
     if (substituted.insertedBytes > run.limits.lineExpansion) {
         failAt(position, Message::ExpansionTooLarge);
     }
+    list.beginTokens();
+    bool hasCall = callsMacro;
     run.defines.visitPieces(substituted.pieces, [&](const Piece& piece) {
-        if (piece.kind == Piece::Kind::plain) {
-            lexPiece(run, list, piece.text, line, position);
+        if (piece.kind == Piece::Kind::plain && !hasCall) {
+            appendPiece(run, list, piece.text, line, position);
+        } else if (piece.kind == Piece::Kind::plain) {
+            lexLines(run, list, piece.text, line, position);
         } else if (piece.token.type == macroCallToken && !isCallPrologue(lastLine(list))) {
-            lexPiece(run, list, piece.token.text, line, position);
+            lexLines(run, list, piece.token.text, line, position);
+            hasCall = false;
         } else {
+            hasCall = hasCall && piece.token.type != macroCallToken;
             list.tokens.push_back(piece.token);
         }
     });
@@ -99,7 +119,7 @@ bool substitute(PreprocessorRun& run, TextSpan text, SubstitutedText& out) {
 
 void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosition& position) {
     LineList& list = run.program.list;
-    appendLine(list, position, line.text, line.comment);
+    list.append(position, line.text, line.comment);
     const TextSpan code = line.code;
     if (code.empty()) {
         return;
@@ -113,15 +133,18 @@ void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosi
         const std::size_t end = call.start + call.length;
         addText(run, code.subspan(end, code.length - end), substituted);
     } else if (!run.substitutes || !run.defines.substitute(code, substituted)) {
-        lexLine(run.program, list, run.axes, code, position);
+        if (mayBeRefused(run.program.text.view(code)) || !list.setCode(code.length)) {
+            list.beginTokens();
+            lexLine(run.program.text, run.axes, code, position, list.tokens);
+        }
         return;
     }
-    appendTokens(run, list, substituted, line, position);
+    appendTokens(run, list, substituted, call.length != 0, line, position);
 }
 
 void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
                      const SourcePosition& position, const Arguments& arguments) {
-    appendLine(list, position, code, {});
+    list.append(position, code, {});
     const std::string_view text = run.program.text.view(code);
     const auto placeOf = [&](std::string_view part) {
         return static_cast<std::size_t>(part.data() - text.data());
@@ -144,7 +167,7 @@ void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
         done = placeOf(argument) + argument.size();
     }
     addText(run, code.subspan(done, code.length - done), substituted);
-    appendTokens(run, list, substituted, {code, code, {}, 0}, position);
+    appendTokens(run, list, substituted, call.length != 0, {code, code, {}, 0}, position);
 }
 
 }  // namespace torvel

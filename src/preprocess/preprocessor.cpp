@@ -57,13 +57,14 @@ void preprocessFile(PreprocessorRun& run, std::string_view path,
     if (includedFrom.inclusion != nullptr) {
         const TextSpan marker =
             run.program.text.add("#include \"" + std::string(path) + "\" // end");
-        appendLine(run.program.list, last, {}, marker);
+        run.program.list.append(last, {}, marker);
     }
 }
 
 void appendDirectiveLine(PreprocessorRun& run, const SourcePosition& position, TextSpan source,
                          TextSpan comment, const Token& token) {
-    appendLine(run.program.list, position, source, comment);
+    run.program.list.append(position, source, comment);
+    run.program.list.beginTokens();
     run.program.list.tokens.push_back(token);
 }
 

@@ -149,7 +149,8 @@ void writeLineWord(Statement& statement, bool& expectsDwell) {
             break;
         }
         case TokenType::AXIS_FEEDRATE: {
-            const std::string_view specifier = cursor.text();
+            std::string specifier;
+            appendTokenText(type, cursor.text(), specifier);
             cursor.advance();
             writeAxisValue(statement, specifier, specifier.size() - 1);
             break;

@@ -3,6 +3,7 @@
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
 #include "src/expr/strings.h"
+#include "src/lex/lexer.h"
 
 namespace torvel {
 
@@ -12,11 +13,14 @@ void convertMacroDefinition(Statement& statement, const Macro& macro) {
     const Program& program = statement.context.program;
     std::string body;
     bool isConverted = true;
+    GrowingArray<Token> room;
     for (std::size_t line = 0; line < macro.lines.lines.size(); ++line) {
         StatementText text;
         BlockEffect effect{};
         isConverted =
-            convertStatement(statement.context, macro.lines.tokensOf(line), text, effect) &&
+            convertStatement(statement.context,
+                             tokensOf(program, macro.lines, line, statement.context.axes, room),
+                             text, effect) &&
             isConverted;
         body += line == 0 ? "" : "\n";
         body += text;

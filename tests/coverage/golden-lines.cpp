@@ -9,6 +9,7 @@
 #include "src/preprocess/preprocessor.h"
 #include "src/stmt/statement.h"
 #include "tests/support/case-run.h"
+#include "tests/support/program-text.h"
 
 namespace torvel::test {
 
@@ -49,7 +50,8 @@ void addLines(std::vector<GoldenLine>& lines, const Program& program, const Axis
     for (std::size_t number = 0; number < list.lines.size(); ++number) {
         GoldenLine line;
         line.source = sourceOf(program, list.lines[number]);
-        for (const Token& token : list.tokensOf(number)) {
+        const std::vector<Token> tokens = lexedTokens(program, list, number, axes);
+        for (const Token& token : tokens) {
             line.tokens.push_back(token.type);
         }
         line.statement.assign(
@@ -58,7 +60,7 @@ void addLines(std::vector<GoldenLine>& lines, const Program& program, const Axis
         MessageLog log;
         ConversionContext context{program, axes, limits, log, list.lines[number].position()};
         BlockEffect effect{};
-        line.isConverted = convertStatement(context, list.tokensOf(number), line.text, effect);
+        line.isConverted = convertStatement(context, tokens, line.text, effect);
         for (const ConversionMessage& message : log) {
             line.messages.push_back(message.text);
         }

@@ -1,4 +1,5 @@
 #include "tests/support/line-by-line.h"
+#include "tests/support/program-text.h"
 
 #include <algorithm>
 #include <array>
@@ -27,8 +28,8 @@ std::string at(const SourcePosition& position, const std::string& fault) {
 }
 
 /// The kind of the token that a line begins with; END_OF_FILE for a line without tokens.
-TokenType leadOf(const Program& program, std::size_t line) {
-    const std::span<const Token> tokens = program.list.tokensOf(line);
+TokenType leadOf(const Program& program, std::size_t line, const AxisNames& axes) {
+    const std::vector<Token> tokens = lexedTokens(program, program.list, line, axes);
     return tokens.empty() ? TokenType::END_OF_FILE : tokens.front().type;
 }
 
@@ -57,7 +58,8 @@ bool LineByLine::step() {
     context_.position = line.position;
     line.messagesBefore = log_.size();
     BlockEffect effect{};
-    line.isConverted = convertStatement(context_, program.list.tokensOf(number), line.text, effect);
+    line.isConverted = convertStatement(
+        context_, lexedTokens(program, program.list, number, context_.axes), line.text, effect);
     line.messagesAfter = log_.size();
     layout_.write(program, source,
                   line.isConverted ? std::optional<std::string_view>(line.text) : std::nullopt,
@@ -109,7 +111,8 @@ bool followsRefusal(std::string_view message) {
 
 std::string messageFaultOf(const LineByLine& conversion, std::size_t number) {
     const ConvertedLine& line = conversion.lines()[number];
-    const bool isMacro = leadOf(conversion.program(), number) == macroDefinitionToken;
+    const bool isMacro =
+        leadOf(conversion.program(), number, conversion.axes()) == macroDefinitionToken;
     const ConversionMessage* refusal = nullptr;
     for (std::size_t i = line.messagesBefore; i < line.messagesAfter; ++i) {
         const ConversionMessage& message = conversion.log()[i];
@@ -150,20 +153,21 @@ namespace {
 
 /// How many lines of the output a statement may make: a label has its own and an empty one behind it, and
 /// some statements have one for each axis or variable. A directive that is kept has the lines that it had.
-std::size_t mostLines(const Program& program, std::size_t line) {
-    const TokenType lead = leadOf(program, line);
+std::size_t mostLines(const LineByLine& conversion, std::size_t line) {
+    const Program& program = conversion.program();
+    const TokenType lead = leadOf(program, line, conversion.axes());
     const bool isDirective = lead == macroDefinitionToken || lead == TokenType::CONVERSION_TEXT;
-    return isDirective ? SIZE_MAX : 1 + program.list.tokensOf(line).size();
+    return isDirective ? SIZE_MAX
+                       : 1 + lexedTokens(program, program.list, line, conversion.axes()).size();
 }
 
 }  // namespace
 
 std::string outputFault(const LineByLine& conversion) {
-    const Program& program = conversion.program();
     std::size_t expected = 0;
     for (std::size_t number = 0; number < conversion.lines().size(); ++number) {
         const ConvertedLine& line = conversion.lines()[number];
-        const std::size_t most = mostLines(program, number);
+        const std::size_t most = mostLines(conversion, number);
         if (line.linesOfText() > most) {
             return at(line.position, "several lines for one statement: " + line.text);
         }

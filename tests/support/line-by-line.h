@@ -36,6 +36,7 @@ public:
     LineByLine& finish();
 
     const Program& program() const { return context_.program; }
+    const AxisNames& axes() const { return context_.axes; }
     const std::vector<ConvertedLine>& lines() const { return lines_; }
     const MessageLog& log() const { return log_; }
     /// Constructs of an expression that the last line left open.

@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "src/lex/lexer.h"
+
 namespace torvel::test {
 
 ProgramText::ProgramText(std::string_view content) {
@@ -12,12 +14,27 @@ ProgramText::ProgramText(std::string_view content) {
     file.text = program.text.add(content);
     program.files.push_back(file);
     inclusion = &program.inclusions.emplace_back(Inclusion{&program.files.back(), {}});
-    program.list.lines.push_back({text(), {}, 0, 1, inclusion});
+    program.list.append(position(), text(), {});
+    program.list.setCode(text().length);
 }
 
-std::string printTokens(const Program& program, const LineList& list, std::size_t line) {
+std::vector<Token> lexedTokens(const Program& program, const LineList& list, std::size_t line,
+                               const AxisNames& axes) {
+    GrowingArray<Token> room;
+    const std::span<const Token> tokens = tokensOf(program, list, line, axes, room);
+    return {tokens.begin(), tokens.end()};
+}
+
+std::vector<Token> lexText(const Program& program, const AxisNames& axes, TextSpan code,
+                           const SourcePosition& position) {
+    GrowingArray<Token> tokens;
+    lexLine(program.text, axes, code, position, tokens);
+    return {tokens.begin(), tokens.end()};
+}
+
+std::string printTokens(const Program& program, std::span<const Token> tokens) {
     std::string printed;
-    for (const Token& token : list.tokensOf(line)) {
+    for (const Token& token : tokens) {
         if (!printed.empty()) {
             printed += " | ";
         }
@@ -27,7 +44,7 @@ std::string printTokens(const Program& program, const LineList& list, std::size_
         }
         printed += token.type == macroCallToken ? "macro call" : tokenTypeName(token.type);
         printed += ':';
-        printed += program.textOf(token);
+        appendTokenText(token.type, program.textOf(token), printed);
         if (isPreservedDefine(token.type)) {
             printed += '=';
             printed += program.valueOf(token);

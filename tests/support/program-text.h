@@ -1,9 +1,12 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "src/base/program.h"
+#include "src/lex/axis-names.h"
 
 namespace torvel::test {
 
@@ -21,9 +24,17 @@ public:
     SourcePosition position() const { return {inclusion, 1}; }
 };
 
-/// The tokens of a line as the unit tables print them: "display name:text" separated by " | "; a preserved
-/// define's text is followed by "=" and its value.
-std::string printTokens(const Program& program, const LineList& list, std::size_t line);
+/// The tokens of a line, lexed where it was not yet.
+std::vector<Token> lexedTokens(const Program& program, const LineList& list, std::size_t line,
+                               const AxisNames& axes);
+
+/// The tokens of a piece of text. Throws what the lexer throws.
+std::vector<Token> lexText(const Program& program, const AxisNames& axes, TextSpan code,
+                           const SourcePosition& position);
+
+/// Tokens as the unit tables print them: "display name:text" separated by " | "; a preserved define's text
+/// is followed by "=" and its value.
+std::string printTokens(const Program& program, std::span<const Token> tokens);
 
 /// The message of a diagnostic of main.pgm: without its place and its line end.
 std::string withoutPlace(std::string_view diagnostic);

@@ -8,7 +8,6 @@
 #include "src/expr/status-items.h"
 #include "src/expr/strings.h"
 #include "src/expr/variables.h"
-#include "src/lex/lexer.h"
 #include "tests/support/program-text.h"
 #include "tests/support/table.h"
 
@@ -23,12 +22,12 @@ std::string translateCode(const std::string& code, Translator translator) {
     ProgramText source(code);
     const AxisNames axes;
     const Limits limits;
-    lexLine(source.program, source.program.list, axes, source.text(), source.position());
+    const std::vector<Token> tokens =
+        lexText(source.program, axes, source.text(), source.position());
     MessageLog log;
     ConversionContext context{source.program, axes, limits, log, source.position()};
     StatementText text;
-    Statement statement{context, TokenCursor(source.program, source.program.list.tokensOf(0)),
-                        text};
+    Statement statement{context, TokenCursor(source.program, tokens), text};
     translator(statement);
 
     std::string printed = statement.isRefused ? std::string() : text;

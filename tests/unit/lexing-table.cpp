@@ -14,11 +14,11 @@ namespace {
 std::string lex(const std::string& code, const AxisNames& axes) {
     ProgramText source(code);
     try {
-        lexLine(source.program, source.program.list, axes, source.text(), source.position());
+        return printTokens(source.program,
+                           lexText(source.program, axes, source.text(), source.position()));
     } catch (const ParseException& error) {
         return "! " + withoutPlace(error.what());
     }
-    return printTokens(source.program, source.program.list, 0);
 }
 
 AxisNames axesNamed(const std::string& list) {

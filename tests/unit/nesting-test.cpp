@@ -8,7 +8,6 @@
 
 #include "src/expr/expressions.h"
 #include "src/expr/strings.h"
-#include "src/lex/lexer.h"
 #include "src/stmt/statement.h"
 #include "tests/support/program-text.h"
 
@@ -37,10 +36,10 @@ enum class Reading { expression, string, statement };
 Outcome convert(const std::string& code, Reading reading, const Limits& limits = {}) {
     ProgramText source(code);
     const AxisNames axes;
-    lexLine(source.program, source.program.list, axes, source.text(), source.position());
+    const std::vector<Token> tokens =
+        lexText(source.program, axes, source.text(), source.position());
     MessageLog log;
     ConversionContext context{source.program, axes, limits, log, source.position()};
-    const auto tokens = source.program.list.tokensOf(0);
 
     Outcome outcome;
     if (reading == Reading::statement) {

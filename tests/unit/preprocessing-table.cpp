@@ -28,7 +28,7 @@ std::string preprocess(const std::string& content) {
     std::string printed;
     for (std::size_t line = 0; line < program.list.lines.size(); ++line) {
         printed += line == 0 ? "" : " || ";
-        printed += printTokens(program, program.list, line);
+        printed += printTokens(program, lexedTokens(program, program.list, line, AxisNames()));
     }
     return printed;
 }
