@@ -54,9 +54,10 @@ Precedence readStep(Statement& statement, const FormStep& step, bool isBracketed
 
 /// Puts an operand, `out` from `start` on, into parentheses where its hole's neighbours need them.
 void bindHole(const FormHole& hole, Precedence binding, std::size_t start, ExpressionText& out) {
-    const bool holds =
-        (hole.behindOperator == nullptr || bindsBehind(binding, *hole.behindOperator)) &&
-        (hole.inFrontOfOperator == nullptr || bindsInFront(binding, *hole.inFrontOfOperator));
+    const bool holds = (hole.operatorInFront == 0 ||
+                        bindsBehind(binding, binaryOperators[hole.operatorInFront - 1])) &&
+                       (hole.operatorBehind == 0 ||
+                        bindsInFront(binding, binaryOperators[hole.operatorBehind - 1]));
     if (!holds) {
         parenthesise(out, start);
     }

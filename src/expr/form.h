@@ -64,9 +64,9 @@ struct FormHole {
     std::uint8_t operand = 0;
     /// It stands in brackets of its own.
     bool isBracketed = false;
-    /// The operators beside it.
-    const BinaryOperator* behindOperator = nullptr;
-    const BinaryOperator* inFrontOfOperator = nullptr;
+    /// The operators beside it: their numbers in binaryOperators from 1; 0 is none.
+    std::uint8_t operatorInFront = 0;
+    std::uint8_t operatorBehind = 0;
 };
 
 /// A pattern and a text, taken apart.
@@ -168,15 +168,16 @@ consteval void readPattern(Form& form, std::string_view pattern) {
     }
 }
 
-/// The operator that `text` begins or ends with.
-consteval const BinaryOperator* operatorAt(std::string_view text, bool atBegin) {
-    for (const BinaryOperator& entry : binaryOperators) {
+/// The number of the operator that `text` begins or ends with, from 1; 0 if there is none.
+consteval std::uint8_t operatorAt(std::string_view text, bool atBegin) {
+    for (std::size_t number = 0; number < std::size(binaryOperators); ++number) {
+        const BinaryOperator& entry = binaryOperators[number];
         if (!entry.refusal &&
             (atBegin ? text.starts_with(entry.text) : text.ends_with(entry.text))) {
-            return &entry;
+            return static_cast<std::uint8_t>(number + 1);
         }
     }
-    return nullptr;
+    return 0;
 }
 
 consteval void readHoles(Form& form, std::string_view text) {
@@ -192,8 +193,8 @@ consteval void readHoles(Form& form, std::string_view text) {
         hole.operand = isNumbered ? static_cast<std::uint8_t>(text[open + 1] - '1') : next++;
         text.remove_prefix(close + 1);
         hole.isBracketed = hole.before.ends_with('[') && text.starts_with(']');
-        hole.behindOperator = operatorAt(hole.before, false);
-        hole.inFrontOfOperator = operatorAt(text, true);
+        hole.operatorInFront = operatorAt(hole.before, false);
+        hole.operatorBehind = operatorAt(text, true);
     }
     form.rest = text;
 }
@@ -205,11 +206,9 @@ consteval Precedence precedenceOf(std::string_view text) {
     for (std::size_t at = 0; at < text.size(); ++at) {
         depth += text[at] == '(' || text[at] == '[' ? 1 : 0;
         depth -= text[at] == ')' || text[at] == ']' ? 1 : 0;
-        for (const BinaryOperator& entry : binaryOperators) {
-            if (depth == 0 && !entry.refusal && entry.level < loosest &&
-                text.substr(at).starts_with(entry.text)) {
-                loosest = entry.level;
-            }
+        const std::uint8_t number = operatorAt(text.substr(at), true);
+        if (depth == 0 && number != 0 && binaryOperators[number - 1].level < loosest) {
+            loosest = binaryOperators[number - 1].level;
         }
     }
     if (depth != 0) {
@@ -240,6 +239,13 @@ consteval void checkHoles(Form& form) {
         }
         if (hole > 0 && form.holes[hole].operand < form.holes[hole - 1].operand) {
             form.isInOrder = false;
+        }
+    }
+    for (std::size_t hole = 0; hole < form.holeCount; ++hole) {
+        const bool isBeside =
+            form.holes[hole].operatorInFront != 0 || form.holes[hole].operatorBehind != 0;
+        if (!form.isInOrder && (isBeside || form.holes[hole].isBracketed)) {
+            throw "only operands in their order may stand in brackets or beside operators";
         }
     }
 }
