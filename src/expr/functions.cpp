@@ -145,9 +145,9 @@ constexpr TokenType functionKeywords[] = {
 /// By kind of token the number of its function from 1.
 constexpr auto functionNumbers = [] {
     std::array<std::uint8_t, tokenTypeCount> numbers{};
-    for (std::size_t number = 0; number < std::size(functionKeywords); ++number) {
-        numbers[static_cast<std::uint32_t>(functionKeywords[number])] =
-            static_cast<std::uint8_t>(number + 1);
+    std::uint8_t number = 0;
+    for (const TokenType keyword : functionKeywords) {
+        numbers[static_cast<std::uint32_t>(keyword)] = ++number;
     }
     return numbers;
 }();

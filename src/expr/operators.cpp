@@ -27,9 +27,9 @@ constexpr auto lastOperator = static_cast<std::uint32_t>(TokenType::BNOR);
 /// By kind of token from the first the number of its operator from 1.
 constexpr auto operatorNumbers = [] {
     std::array<std::uint8_t, lastOperator - firstOperator + 1> numbers{};
-    for (std::size_t number = 0; number < std::size(binaryOperators); ++number) {
-        numbers[static_cast<std::uint32_t>(binaryOperators[number].token) - firstOperator] =
-            static_cast<std::uint8_t>(number + 1);
+    std::uint8_t number = 0;
+    for (const BinaryOperator& entry : binaryOperators) {
+        numbers[static_cast<std::uint32_t>(entry.token) - firstOperator] = ++number;
     }
     return numbers;
 }();

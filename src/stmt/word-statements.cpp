@@ -148,14 +148,16 @@ constexpr auto keywordWords = [] {
     table[static_cast<std::uint32_t>(TokenType::token)].lead = makeLead(leadPattern);
 #include "src/stmt/statements.def"
     static_assert(std::size(wordRows) < 256);
-    for (std::size_t row = 0; row < std::size(wordRows); ++row) {
-        KeywordWords& words = table[static_cast<std::uint32_t>(wordRows[row].keyword)];
+    std::uint8_t number = 0;
+    for (const WordRow& row : wordRows) {
+        KeywordWords& words = table[static_cast<std::uint32_t>(row.keyword)];
         if (words.rowCount == 0) {
-            words.firstRow = static_cast<std::uint8_t>(row);
-        } else if (words.firstRow + words.rowCount != static_cast<int>(row)) {
+            words.firstRow = number;
+        } else if (words.firstRow + words.rowCount != number) {
             throw "the words of a keyword do not stand together";
         }
         ++words.rowCount;
+        ++number;
     }
     return table;
 }();
