@@ -114,7 +114,7 @@ private:
 struct Macro {
     /// "#macro NAME($a, $b)"
     TextSpan head;
-    /// The directive as it is kept if its body cannot be converted.
+    /// The directive as it is written if its body cannot be converted.
     TextSpan unconverted;
     /// The body's lines, lexed.
     LineList lines;

@@ -11,7 +11,7 @@ namespace torvel {
 
 namespace {
 
-void readAxes(Statement& statement, bool isBracketed, ExpressionText& out) {
+void translateAxisOperands(Statement& statement, bool isBracketed, ExpressionText& out) {
     const std::vector<std::string> axes = translateAxisList(statement);
     if (isBracketed) {
         joinItems(axes, out);
@@ -21,7 +21,7 @@ void readAxes(Statement& statement, bool isBracketed, ExpressionText& out) {
 }
 
 /// value {, value}
-void readValues(Statement& statement, ExpressionText& out) {
+void translateValues(Statement& statement, ExpressionText& out) {
     translateExpression(statement, out);
     while (acceptToken(statement, TokenType::COMMA)) {
         out += ", ";
@@ -37,15 +37,15 @@ void readToken(Statement& statement, const FormStep& step) {
     }
 }
 
-/// Reads an operand and tells who asks for it where its tokens stand.
-Precedence readStep(Statement& statement, const FormStep& step, bool isBracketed,
-                    std::string_view lead, ExpressionText& out) {
+/// Translates an operand and tells who asks for it where its tokens stand.
+Precedence translateStep(Statement& statement, const FormStep& step, bool isBracketed,
+                         std::string_view leadText, ExpressionText& out) {
     if (step.operand == FormOperand::lead) {
-        out += lead;
+        out += leadText;
         return Precedence::primary;
     }
     const Token* const first = statement.cursor.place();
-    const Precedence binding = readOperand(statement, step, isBracketed, out);
+    const Precedence binding = translateOperand(statement, step, isBracketed, out);
     if (statement.operandTokens != nullptr) {
         statement.operandTokens->push_back({first, statement.cursor.place()});
     }
@@ -64,7 +64,7 @@ void bindHole(const FormHole& hole, Precedence binding, std::size_t start, Expre
 }
 
 /// The operands are written where they are read.
-void writeInOrder(Statement& statement, const Form& form, std::string_view lead,
+void writeInOrder(Statement& statement, const Form& form, std::string_view leadText,
                   ExpressionText& out) {
     const FormHole* hole = form.holes.data();
     const FormHole* const lastHole = hole + form.holeCount;
@@ -78,7 +78,8 @@ void writeInOrder(Statement& statement, const Form& form, std::string_view lead,
         if (hole != lastHole && hole->operand == operand) {
             out += hole->before;
             const std::size_t start = out.size();
-            const Precedence binding = readStep(statement, step, hole->isBracketed, lead, out);
+            const Precedence binding =
+                translateStep(statement, step, hole->isBracketed, leadText, out);
             bindHole(*hole, binding, start, out);
             ++hole;
         }
@@ -87,7 +88,7 @@ void writeInOrder(Statement& statement, const Form& form, std::string_view lead,
 }
 
 /// The operands are read first, then written in the order of the holes.
-void writeOutOfOrder(Statement& statement, const Form& form, std::string_view lead,
+void writeOutOfOrder(Statement& statement, const Form& form, std::string_view leadText,
                      ExpressionText& out) {
     std::array<ExpressionText, Form::mostSteps> operands;
     std::size_t count = 0;
@@ -96,7 +97,7 @@ void writeOutOfOrder(Statement& statement, const Form& form, std::string_view le
         if (step.operand == FormOperand::none) {
             readToken(statement, step);
         } else {
-            readStep(statement, step, false, lead, operands[count++]);
+            translateStep(statement, step, false, leadText, operands[count++]);
         }
     }
     for (std::size_t number = 0; number < form.holeCount; ++number) {
@@ -107,16 +108,16 @@ void writeOutOfOrder(Statement& statement, const Form& form, std::string_view le
 
 }  // namespace
 
-Precedence readOperand(Statement& statement, const FormStep& step, bool isBracketed,
-                       ExpressionText& out) {
+Precedence translateOperand(Statement& statement, const FormStep& step, bool isBracketed,
+                            ExpressionText& out) {
     switch (step.operand) {
         case FormOperand::axis: translateSingleAxis(statement, out); break;
-        case FormOperand::axes: readAxes(statement, isBracketed, out); break;
+        case FormOperand::axes: translateAxisOperands(statement, isBracketed, out); break;
         case FormOperand::value: return translateExpression(statement, out);
         case FormOperand::valueOrNothing:
             return statement.cursor.atEnd() ? Precedence::primary
                                             : translateExpression(statement, out);
-        case FormOperand::values: readValues(statement, out); break;
+        case FormOperand::values: translateValues(statement, out); break;
         case FormOperand::string: translateStringExpression(statement, out); break;
         case FormOperand::path: translateStringOperand(statement, out); break;
         case FormOperand::variable: translateVariableRead(statement, out); break;
@@ -126,11 +127,11 @@ Precedence readOperand(Statement& statement, const FormStep& step, bool isBracke
 }
 
 Precedence writeForm(Statement& statement, const Form& form, ExpressionText& out,
-                     std::string_view lead) {
+                     std::string_view leadText) {
     if (form.isInOrder) {
-        writeInOrder(statement, form, lead, out);
+        writeInOrder(statement, form, leadText, out);
     } else {
-        writeOutOfOrder(statement, form, lead, out);
+        writeOutOfOrder(statement, form, leadText, out);
     }
     out += form.rest;
     return form.precedence;

@@ -86,7 +86,7 @@ struct Form {
     Precedence precedence = Precedence::primary;
 };
 
-namespace formParts {
+namespace form_rows {
 
 /// The keyword that is spelled `word`.
 consteval TokenType keywordCalled(std::string_view word) {
@@ -250,27 +250,28 @@ consteval void checkHoles(Form& form) {
     }
 }
 
-}  // namespace formParts
+}  // namespace form_rows
 
-/// Takes a form apart. `lead` is the pattern of an operand that is read before the form is known, or empty.
-consteval Form makeForm(std::string_view lead, std::string_view pattern, std::string_view text) {
+/// Takes a form apart. `leadPattern` is that of an operand that is read before the form is known, or empty.
+consteval Form makeForm(std::string_view leadPattern, std::string_view pattern,
+                        std::string_view text) {
     Form form;
-    if (!lead.empty()) {
+    if (!leadPattern.empty()) {
         form.steps[form.stepCount++].operand = FormOperand::lead;
     }
-    formParts::readPattern(form, pattern);
-    formParts::readHoles(form, text);
-    formParts::checkHoles(form);
-    form.precedence = formParts::precedenceOf(text);
+    form_rows::readPattern(form, pattern);
+    form_rows::readHoles(form, text);
+    form_rows::checkHoles(form);
+    form.precedence = form_rows::precedenceOf(text);
     return form;
 }
 
-/// Reads the operands of a form and writes it. `lead` is the text of its lead.
+/// Translates the operands of a form and writes it. `leadText` is its lead, translated.
 Precedence writeForm(Statement& statement, const Form& form, ExpressionText& out,
-                     std::string_view lead = {});
+                     std::string_view leadText = {});
 
-/// Reads one operand. In brackets of the text axes have none of their own.
-Precedence readOperand(Statement& statement, const FormStep& step, bool isBracketed,
-                       ExpressionText& out);
+/// Translates one operand. In brackets of the text axes have none of their own.
+Precedence translateOperand(Statement& statement, const FormStep& step, bool isBracketed,
+                            ExpressionText& out);
 
 }  // namespace torvel

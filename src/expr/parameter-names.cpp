@@ -21,9 +21,6 @@ constexpr NumberedName systemRows[] = {
 #define SYSTEM_PARAMETER_REMOVED(number, legacy) {number, ""},
 #include "data/parameters.def"
 };
-static_assert(std::size(axisRows) == 403);
-static_assert(std::size(taskRows) == 160);
-static_assert(std::size(systemRows) == 44);
 
 constexpr NameTable<highestNumber(axisRows)> axisNames(axisRows);
 constexpr NameTable<highestNumber(taskRows)> taskNames(taskRows);

@@ -53,7 +53,7 @@ void convertConversionText(Statement& statement) {
 
 /// variable operator [value]
 /// The same; or, where Torvel sets the variable by a call, the value as the call's last argument,
-/// whatever the operator.
+/// whatever the operator on purpose: "++" leaves the argument empty.
 void convertAssignment(Statement& statement) {
     const VariableReference target = translateAssignmentTarget(statement);
     const AssignmentOperator* entry = readOperator(statement);

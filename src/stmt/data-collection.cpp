@@ -21,7 +21,7 @@ void convertCollectionStart(Statement& statement, std::string_view) {
 namespace {
 
 /// The axis or task that an item is collected of: an axis, or an axis number.
-void readTarget(Statement& statement, std::string& target) {
+void translateTarget(Statement& statement, std::string& target) {
     const TokenType type = statement.cursor.type();
     if (isAxis(type) || type == TokenType::PERCENT) {
         translateSingleAxis(statement, target);
@@ -55,7 +55,7 @@ void convertCollectionItem(Statement& statement, std::string_view) {
     translateExpression(statement, slot);
     expectToken(statement, TokenType::COMMA);
     std::string target;
-    readTarget(statement, target);
+    translateTarget(statement, target);
     expectToken(statement, TokenType::COMMA);
     std::string item;
     translateExpression(statement, item);

@@ -17,7 +17,7 @@ constexpr NumberedName taskRows[] = {
 #define AXIS_AND_TASK_ITEM(number, legacy, signal) {number, "TaskDataSignal." #signal},
 #include "data/data-items.def"
 };
-// Nine names lack the "D" of their prefix; programs of the platform are written so.
+// Nine names lack the "D" of their prefix on purpose; programs of the platform are written so.
 constexpr NumberedName systemRows[] = {
 #define SYSTEM_ITEM(number, legacy, signal) {number, "SystemDataSignal." #signal},
 #define SYSTEM_ITEM_MISSPELLED(number, legacy, signal) {number, "SystemataSignal." #signal},

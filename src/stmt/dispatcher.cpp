@@ -82,7 +82,8 @@ void skipBlockDelete(Statement& statement) {
     }
 }
 
-/// name ":" or ":" name, on a line of its own in front of the statement; or N number, in front of it.
+/// name ":" or ":" name, on a line of its own in front of the statement; or N number, directly in front of it
+/// and without a blank on purpose.
 void writeLabel(Statement& statement) {
     TokenCursor& cursor = statement.cursor;
     switch (cursor.type()) {

@@ -22,6 +22,7 @@ void convertIf(Statement& statement) {
 
 /// ELSEIF condition [THEN], ELSE IF condition [THEN]
 /// elseif condition
+/// A jump behind the condition has no message of its own here, on purpose.
 void convertElseif(Statement& statement) {
     statement.effect = BlockEffect::Continues;
     statement.cursor.advance();

@@ -171,8 +171,8 @@ void convertRampTime(Statement& statement, std::string_view) {
 
 namespace {
 
-/// [ACCEL | DECEL] [axes] for the types that need no argument. The plain coordinated linear form
-/// alone is complete.
+/// [ACCEL | DECEL] [axes] for the types that need no argument. Only the plain coordinated linear form
+/// goes without a message; the sine form, which is as complete, has one on purpose.
 void writeSimpleRampType(Statement& statement, bool isLinear) {
     const std::string type = isLinear ? "RampType.Linear" : "RampType.Sine";
     const RampSide side = readSide(statement);

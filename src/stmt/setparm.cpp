@@ -9,7 +9,7 @@ namespace torvel {
 namespace {
 
 /// "[" number "]" of an axis parameter, which gives its name
-void readParameterName(Statement& statement, std::string& name) {
+void translateParameterName(Statement& statement, std::string& name) {
     expectToken(statement, TokenType::AXIS_PARAMETER);
     expectToken(statement, TokenType::LEFT_BRACKET);
     const std::string_view literal = expectToken(statement, TokenType::INTEGER_LITERAL);
@@ -30,7 +30,7 @@ void convertSetparm(Statement& statement) {
     const std::vector<std::string> axes = translateAxes(statement);
     acceptToken(statement, TokenType::COMMA);
     std::string arguments = ", ";
-    readParameterName(statement, arguments);
+    translateParameterName(statement, arguments);
     acceptToken(statement, TokenType::COMMA);
     arguments += ", ";
     translateExpression(statement, arguments);

@@ -10,7 +10,7 @@ namespace torvel {
 
 namespace {
 
-/// What stands in front of a word.
+/// How the operand in front of a word is read.
 struct Lead {
     bool isThere = false;
     FormStep operand;
@@ -28,13 +28,13 @@ consteval Lead makeLead(std::string_view pattern) {
     }
     lead.isTask = pattern == "[task]";
     if (lead.isThere) {
-        lead.operand = formParts::stepCalled(lead.isTask ? "value" : pattern);
+        lead.operand = form_rows::stepCalled(lead.isTask ? "value" : pattern);
     }
     return lead;
 }
 
 /// The pattern of the operand in front of a keyword's words, and of that in front of second words.
-consteval std::string_view leadOf(TokenType keyword) {
+consteval std::string_view leadPatternOf(TokenType keyword) {
 #define BY_WORD(token, lead)           \
     if (keyword == TokenType::token) { \
         return lead;                   \
@@ -42,10 +42,10 @@ consteval std::string_view leadOf(TokenType keyword) {
 #include "src/stmt/statements.def"
     throw "a keyword with words has no BY_WORD";
 }
-consteval std::string_view leadOf(TokenType keyword, TokenType word) {
-#define WORD_BY_WORD(token, first, lead)                                \
-    if (keyword == TokenType::token && word == TokenType::first) {      \
-        return std::string_view(lead).empty() ? leadOf(keyword) : lead; \
+consteval std::string_view leadPatternOf(TokenType keyword, TokenType word) {
+#define WORD_BY_WORD(token, first, lead)                                       \
+    if (keyword == TokenType::token && word == TokenType::first) {             \
+        return std::string_view(lead).empty() ? leadPatternOf(keyword) : lead; \
     }
 #include "src/stmt/statements.def"
     throw "a word with second words has no WORD_BY_WORD";
@@ -61,7 +61,7 @@ struct WordRow {
     TokenType word = TokenType::INVALID;
     Kind kind = Kind::form;
     Form form;
-    void (*convert)(Statement&, std::string_view lead) = nullptr;
+    void (*convert)(Statement&, std::string_view leadText) = nullptr;
     Lead lead;
     /// Why it is refused, or what is told beside the converted text.
     std::optional<Message> message;
@@ -70,49 +70,49 @@ struct WordRow {
 constexpr auto none = TokenType::INVALID;
 
 constexpr WordRow wordRows[] = {
-#define WORD(token, word, pattern, text)                \
-    {TokenType::token,                                  \
-     none,                                              \
-     TokenType::word,                                   \
-     WordRow::Kind::form,                               \
-     makeForm(leadOf(TokenType::token), pattern, text), \
-     nullptr,                                           \
-     {},                                                \
+#define WORD(token, word, pattern, text)                       \
+    {TokenType::token,                                         \
+     none,                                                     \
+     TokenType::word,                                          \
+     WordRow::Kind::form,                                      \
+     makeForm(leadPatternOf(TokenType::token), pattern, text), \
+     nullptr,                                                  \
+     {},                                                       \
      {}},
-#define WORD_ADVISED(token, word, pattern, text, message) \
-    {TokenType::token,                                    \
-     none,                                                \
-     TokenType::word,                                     \
-     WordRow::Kind::form,                                 \
-     makeForm(leadOf(TokenType::token), pattern, text),   \
-     nullptr,                                             \
-     {},                                                  \
+#define WORD_ADVISED(token, word, pattern, text, message)      \
+    {TokenType::token,                                         \
+     none,                                                     \
+     TokenType::word,                                          \
+     WordRow::Kind::form,                                      \
+     makeForm(leadPatternOf(TokenType::token), pattern, text), \
+     nullptr,                                                  \
+     {},                                                       \
      Message::message},
 #define WORD_ROUTINE(token, word, convert) \
     {TokenType::token, none, TokenType::word, WordRow::Kind::routine, {}, convert, {}, {}},
 #define WORD_REFUSED(token, word, message)                                \
     {TokenType::token, none, TokenType::word, WordRow::Kind::refused, {}, \
      nullptr,          {},   Message::message},
-#define OTHERWISE(token, pattern, text)                 \
-    {TokenType::token,                                  \
-     none,                                              \
-     none,                                              \
-     WordRow::Kind::otherwise,                          \
-     makeForm(leadOf(TokenType::token), pattern, text), \
-     nullptr,                                           \
-     {},                                                \
+#define OTHERWISE(token, pattern, text)                        \
+    {TokenType::token,                                         \
+     none,                                                     \
+     none,                                                     \
+     WordRow::Kind::otherwise,                                 \
+     makeForm(leadPatternOf(TokenType::token), pattern, text), \
+     nullptr,                                                  \
+     {},                                                       \
      {}},
 #define WORD_BY_WORD(token, word, lead)                                           \
     {TokenType::token, none, TokenType::word, WordRow::Kind::byWord, {}, nullptr, \
      makeLead(lead),   {}},
-#define SECOND(token, word, second, pattern, text)                       \
-    {TokenType::token,                                                   \
-     TokenType::word,                                                    \
-     TokenType::second,                                                  \
-     WordRow::Kind::form,                                                \
-     makeForm(leadOf(TokenType::token, TokenType::word), pattern, text), \
-     nullptr,                                                            \
-     {},                                                                 \
+#define SECOND(token, word, second, pattern, text)                              \
+    {TokenType::token,                                                          \
+     TokenType::word,                                                           \
+     TokenType::second,                                                         \
+     WordRow::Kind::form,                                                       \
+     makeForm(leadPatternOf(TokenType::token, TokenType::word), pattern, text), \
+     nullptr,                                                                   \
+     {},                                                                        \
      {}},
 #define SECOND_ROUTINE(token, word, second, convert) \
     {TokenType::token,                               \
@@ -123,14 +123,14 @@ constexpr WordRow wordRows[] = {
      convert,                                        \
      {},                                             \
      {}},
-#define SECOND_OTHERWISE(token, word, pattern, text)                     \
-    {TokenType::token,                                                   \
-     TokenType::word,                                                    \
-     none,                                                               \
-     WordRow::Kind::otherwise,                                           \
-     makeForm(leadOf(TokenType::token, TokenType::word), pattern, text), \
-     nullptr,                                                            \
-     {},                                                                 \
+#define SECOND_OTHERWISE(token, word, pattern, text)                            \
+    {TokenType::token,                                                          \
+     TokenType::word,                                                           \
+     none,                                                                      \
+     WordRow::Kind::otherwise,                                                  \
+     makeForm(leadPatternOf(TokenType::token, TokenType::word), pattern, text), \
+     nullptr,                                                                   \
+     {},                                                                        \
      {}},
 #include "src/stmt/statements.def"
 };
@@ -192,13 +192,14 @@ struct Words {
 };
 
 /// The operand in front of the word.
-void readLead(Statement& statement, const Lead& lead, const Words& words, std::string& text) {
+void translateLead(Statement& statement, const Lead& lead, const Words& words,
+                   std::string& leadText) {
     if (lead.isTask && words.find(statement) != nullptr) {
-        text = "TaskGetIndex()";
+        leadText = "TaskGetIndex()";
         return;
     }
     if (lead.isThere) {
-        readOperand(statement, lead.operand, false, text);
+        translateOperand(statement, lead.operand, false, leadText);
     }
     if (lead.mayHaveComma) {
         acceptToken(statement, TokenType::COMMA);
@@ -207,7 +208,7 @@ void readLead(Statement& statement, const Lead& lead, const Words& words, std::s
 
 void convertWord(Statement& statement, const Lead& lead, const Words& words,
                  std::string& leadText) {
-    readLead(statement, lead, words, leadText);
+    translateLead(statement, lead, words, leadText);
     const WordRow* row = words.find(statement);
     if (row == nullptr) {
         words.reportUnexpected(statement);
