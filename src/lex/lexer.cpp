@@ -145,8 +145,9 @@ private:
     }
 
     void append(TokenType type, const char* first, const char* last) {
-        tokens_.push_back({type, code_.subspan(static_cast<std::size_t>(first - begin_),
-                                               static_cast<std::size_t>(last - first))});
+        tokens_.push_back({type,
+                           {code_.subspan(static_cast<std::size_t>(first - begin_),
+                                          static_cast<std::size_t>(last - first))}});
     }
 
     /// Where the characters of `classes` end that begin at `from`.
@@ -158,7 +159,7 @@ private:
         return from;
     }
 
-    /// Where the word at `first` ends. A word that is cut into many tokens is measured once.
+    /// Where the word at `first` ends. A word that holds many tokens is measured once.
     const char* endOfWord(const char* first) {
         if (first >= wordEnd_) {
             wordEnd_ = endOfRun(first + 1, wordClasses);
@@ -228,6 +229,7 @@ private:
             case '"': return readString(first);
             case '$': return readVariable(first);
             case '!': return takeOneOrTwo(EXCLAMATION, first, '=', NOT_EQUAL);
+            // "%=" is a "%" with another text, on purpose: there is no such assignment.
             case '%': return takeOneOrTwo(PERCENT, first, '=', PERCENT);
             case '/': return takeOneOrTwo(SLASH, first, '=', SLASH_ASSIGN);
             case '=': return takeOneOrTwo(ASSIGN, first, '=', EQUAL);

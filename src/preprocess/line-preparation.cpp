@@ -129,7 +129,7 @@ void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosi
     const CallPlace call = findMacroCall(run, run.program.text.view(code));
     if (call.length != 0) {
         addText(run, code.subspan(0, call.start), substituted);
-        substituted.addToken({macroCallToken, code.subspan(call.start, call.length)});
+        substituted.addToken({macroCallToken, {code.subspan(call.start, call.length)}});
         const std::size_t end = call.start + call.length;
         addText(run, code.subspan(end, code.length - end), substituted);
     } else if (!run.substitutes || !run.defines.substitute(code, substituted)) {
@@ -157,13 +157,13 @@ void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
     const CallPlace call = findMacroCall(run, text.substr(0, placeOf(argument)));
     if (call.length != 0) {
         addText(run, code.subspan(0, call.start), substituted);
-        substituted.addToken({macroCallToken, code.subspan(call.start, call.length)});
+        substituted.addToken({macroCallToken, {code.subspan(call.start, call.length)}});
         done = call.start + call.length;
     }
     for (; !argument.empty(); argument = nextArgument(text, done, arguments)) {
         addText(run, code.subspan(done, placeOf(argument) - done), substituted);
         substituted.addToken(
-            {TokenType::VARIABLE, code.subspan(placeOf(argument), argument.size())});
+            {TokenType::VARIABLE, {code.subspan(placeOf(argument), argument.size())}});
         done = placeOf(argument) + argument.size();
     }
     addText(run, code.subspan(done, code.length - done), substituted);
