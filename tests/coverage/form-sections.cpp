@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <iterator>
 #include <map>
+#include <stdexcept>
 
 #include "tests/coverage/form-patterns.h"
 #include "tests/coverage/table-rows.h"
@@ -95,7 +96,13 @@ std::string titleOf(std::string_view file) {
         {"normalcy", "Normalcy"},
         {"unsupported", "Statements without a counterpart"},
     };
-    return titles.at(std::filesystem::path(file).stem().string());
+    const std::string family = std::filesystem::path(file).stem().string();
+    const auto title = titles.find(family);
+    if (title == titles.end()) {
+        throw std::runtime_error("tests/coverage/form-sections.cpp has no heading for the family " +
+                                 family);
+    }
+    return title->second;
 }
 
 void appendStatementSections(std::vector<FormSection>& sections) {

@@ -62,8 +62,10 @@ std::string lexWithDefaultAxes(const std::string& code) {
     return lex(code, AxisNames());
 }
 
+/// The number given; "+" and a number: that many behind the last kind.
 std::string nameOfNumber(const std::string& number) {
-    return std::string(tokenTypeName(static_cast<TokenType>(std::stoul(number))));
+    const unsigned long first = number.starts_with('+') ? tokenTypeCount - 1 : 0;
+    return std::string(tokenTypeName(static_cast<TokenType>(first + std::stoul(number))));
 }
 
 const TableTests lexing("lexing", {{"tokens", lexWithDefaultAxes},
