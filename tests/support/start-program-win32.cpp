@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <stdexcept>
+#include <string>
 
 #include "tests/support/platform.h"
 #include "tests/support/start-program.h"
@@ -85,7 +86,8 @@ CommandResult startProgram(const std::string& path, const std::vector<std::strin
         PROCESS_INFORMATION process{};
         if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr,
                            nullptr, &startup, &process) == 0) {
-            throw std::runtime_error("cannot start " + path);
+            throw std::runtime_error("cannot start " + path + ": error " +
+                                     std::to_string(GetLastError()));
         }
         status = waitFor(process);
     }
