@@ -29,10 +29,12 @@ struct Example {
 };
 
 std::vector<Example> examples() {
+    const fs::path root = fs::path(TORVEL_SOURCE_DIR) / "examples";
     std::vector<Example> found;
-    for (const auto& entry : fs::directory_iterator(fs::path(TORVEL_SOURCE_DIR) / "examples")) {
+    for (const auto& entry : fs::recursive_directory_iterator(root)) {
         if (fs::exists(entry.path() / "main.pgm")) {
-            found.push_back({entry.path().filename().string(), entry.path()});
+            const std::string name = entry.path().lexically_relative(root).generic_string();
+            found.push_back({name, entry.path()});
         }
     }
     return found;
@@ -212,7 +214,7 @@ INSTANTIATE_TEST_SUITE_P(Examples, SameBytes, testing::ValuesIn(examples()),
                          [](const auto& tested) {
                              std::string name = tested.param.name;
                              for (char& c : name) {
-                                 c = c == '-' ? '_' : c;
+                                 c = c == '-' || c == '/' ? '_' : c;
                              }
                              return name;
                          });
