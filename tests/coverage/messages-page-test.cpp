@@ -433,7 +433,8 @@ TEST(MessagesPage, EveryKindAndWordIsFound) {
     const std::vector<std::string> messages = messagesOfSingleWords();
     EXPECT_GT(messages.size(), 500U);
     for (const std::string& message : messages) {
-        EXPECT_TRUE(isQuoted("UnexpectedToken", message)) << message;
+        EXPECT_TRUE(isQuoted("UnexpectedToken", message))
+            << "the entry of UnexpectedToken in docs/messages.md does not have: " << message;
     }
 }
 
