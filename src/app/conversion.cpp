@@ -77,11 +77,11 @@ void writePart(const Program& program, const ConvertedPart& part, OutputLayout& 
 void convertProgram(ConversionContext& context, OutputFile& output, const WorkSharing& sharing) {
     const std::size_t lineCount = context.program.list.lines.size();
     const std::size_t partSize = std::max<std::size_t>(sharing.linesPerPart, 1);
-    PartsInOrder<ConvertedPart> parts(
-        (lineCount + partSize - 1) / partSize, sharing, [&](std::size_t number) {
-            const std::size_t first = number * partSize;
-            return convertPart(context, first, std::min(first + partSize, lineCount));
-        });
+    const std::size_t partCount = (lineCount + partSize - 1) / partSize;
+    PartsInOrder<ConvertedPart> parts(partCount, sharing, [&](std::size_t number) {
+        const std::size_t first = number * partSize;
+        return convertPart(context, first, std::min(first + partSize, lineCount));
+    });
     OutputLayout layout;
     while (std::optional<ConvertedPart> part = parts.next()) {
         writePart(context.program, *part, layout, output);
