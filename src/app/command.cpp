@@ -15,6 +15,8 @@
 #include "src/base/characters.h"
 #include "src/base/file-system.h"
 #include "src/base/messages.h"
+#include "src/base/parse-exception.h"
+#include "src/checks/line-record.h"
 #include "src/preprocess/preprocessor.h"
 
 namespace torvel {
@@ -73,7 +75,23 @@ void closeWritten(OutputFile& file, const NativePath& path) {
     }
 }
 
-void convertFile(const CommandLine& commandLine, const Limits& limits) {
+/// Reads the program; what keeps it from being read is a finding.
+void readProgram(Program& program, const CommandLine& commandLine, const AxisNames& axes,
+                 const Limits& limits, CheckRecord* record, const FindingTaker& taker) {
+    try {
+        preprocessProgram(program, commandLine.programPath, axes, limits, predefinedConstants(),
+                          fileSystemSource(), record);
+    } catch (const ParseException& error) {
+        if (taker) {
+            taker(unreadableFinding(error));
+        }
+        throw;
+    }
+}
+
+void convertFile(const CommandLine& commandLine, const Limits& limits, const FindingTaker& taker) {
+    CheckRecord record;
+    CheckRecord* const asked = taker ? &record : nullptr;
     std::vector<FileIdentity> inputs;
     AxisNames axes;
     if (commandLine.parameterFile) {
@@ -81,7 +99,7 @@ void convertFile(const CommandLine& commandLine, const Limits& limits) {
         inputs.push_back(fileIdentity(nativePath(*commandLine.parameterFile)));
     }
     Program program;
-    preprocessProgram(program, commandLine.programPath, axes, limits);
+    readProgram(program, commandLine, axes, limits, asked, taker);
 
     const OutputPaths paths = outputPaths(commandLine);
     for (const SourceFile& file : program.files) {
@@ -98,9 +116,9 @@ void convertFile(const CommandLine& commandLine, const Limits& limits) {
 
     MessageLog messages;
     for (const SourcePosition& position : program.nulCharacters) {
-        messages.push_back({messageText(Message::NulCharacter), position});
+        messages.push_back({messageText(Message::NulCharacter), position, Message::NulCharacter});
     }
-    ConversionContext context{program, axes, limits, messages, {}};
+    ConversionContext context{program, axes, limits, messages, {}, 0, {}, asked};
     convertProgram(context, output);
     closeWritten(output, paths.output);
     for (const ConversionMessage& message : messages) {
@@ -108,15 +126,19 @@ void convertFile(const CommandLine& commandLine, const Limits& limits) {
         log.write("\n");
     }
     closeWritten(log, paths.log);
+    for (const Finding& finding : record.findings) {
+        taker(finding);
+    }
 }
 
 }  // namespace
 
-CommandResult runCommand(const std::vector<std::string>& arguments, const Limits& limits) {
+CommandResult runCommandForFindings(const std::vector<std::string>& arguments, const Limits& limits,
+                                    const FindingTaker& taker) {
     CommandResult result;
     result.status = 1;
     try {
-        convertFile(parseCommandLine(arguments), limits);
+        convertFile(parseCommandLine(arguments), limits, taker);
         result.status = 0;
     } catch (const CommandLineError& error) {
         result.standardError = error.what();
@@ -132,6 +154,10 @@ CommandResult runCommand(const std::vector<std::string>& arguments, const Limits
         result.standardError += '\n';
     }
     return result;
+}
+
+CommandResult runCommand(const std::vector<std::string>& arguments, const Limits& limits) {
+    return runCommandForFindings(arguments, limits, {});
 }
 
 }  // namespace torvel

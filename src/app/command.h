@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "src/base/findings.h"
 #include "src/limits.h"
 
 namespace torvel {
@@ -18,5 +19,9 @@ struct CommandResult {
 /// Runs the program on the arguments behind its name: reads the command line, converts the program and
 /// writes the output and the log. Throws nothing.
 CommandResult runCommand(const std::vector<std::string>& arguments, const Limits& limits = {});
+
+/// The same; `taker` is told of every finding behind the run, or of what kept the program from being read.
+CommandResult runCommandForFindings(const std::vector<std::string>& arguments, const Limits& limits,
+                                    const FindingTaker& taker);
 
 }  // namespace torvel

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "src/app/output-layout.h"
+#include "src/checks/line-record.h"
 #include "src/lex/lexer.h"
 #include "src/stmt/statement.h"
 
@@ -29,6 +30,7 @@ struct ConvertedPart {
     std::vector<ConvertedLine> lines;
     std::string text;
     MessageLog log;
+    CheckRecord record;
 };
 
 /// Bytes of a line's text for which room is made.
@@ -41,16 +43,22 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
     part.lines.reserve(last - first);
     part.text.reserve((last - first) * expectedTextLength);
     ConversionContext context{run.program, run.axes, run.limits, part.log, {}};
+    context.record = run.record == nullptr ? nullptr : &part.record;
     const LineList& list = run.program.list;
     StatementText text;
     GrowingArray<Token> tokens;
     for (std::size_t number = first; number < last; ++number) {
         context.position = list.lines[number].position();
+        context.lineText = list.lines[number].text;
+        const LineMark mark = context.record == nullptr ? LineMark() : beginLine(context);
         BlockEffect effect{};
         const bool isConverted = convertStatement(
             context, tokensOf(run.program, list, number, run.axes, tokens), text, effect);
         if (isConverted) {
             part.text += text;
+        }
+        if (context.record != nullptr) {
+            recordLine(context, mark, number, isConverted, text, effect);
         }
         part.lines.push_back({part.text.size(), isConverted, effect});
     }
@@ -87,6 +95,12 @@ void convertProgram(ConversionContext& context, OutputFile& output, const WorkSh
         writePart(context.program, *part, layout, output);
         context.log.insert(context.log.end(), std::make_move_iterator(part->log.begin()),
                            std::make_move_iterator(part->log.end()));
+        if (context.record != nullptr) {
+            append(*context.record, std::move(part->record));
+        }
+    }
+    if (context.record != nullptr) {
+        finishRecord(context.program, *context.record);
     }
 }
 

@@ -7,7 +7,8 @@
 namespace torvel {
 
 /// Converts the lines of a program and writes them to `output` in order. Messages are appended to the
-/// context's log in the order of their lines. Throws std::bad_alloc.
+/// context's log in the order of their lines. A record of the context, in which the preprocessor has written
+/// before, holds all findings afterwards. Throws std::bad_alloc.
 void convertProgram(ConversionContext& context, OutputFile& output,
                     const WorkSharing& sharing = {});
 

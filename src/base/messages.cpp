@@ -5,11 +5,20 @@ namespace torvel {
 namespace {
 
 constexpr std::string_view texts[] = {
-#define MESSAGE(symbol, messageClass, text) text,
+#define MESSAGE(symbol, code, messageClass, text) text,
+#include "src/base/messages.def"
+};
+
+constexpr std::string_view codes[] = {
+#define MESSAGE(symbol, code, messageClass, text) code,
 #include "src/base/messages.def"
 };
 
 }  // namespace
+
+std::string_view messageCode(Message message) {
+    return codes[static_cast<std::size_t>(message)];
+}
 
 std::string messageText(Message message, std::initializer_list<std::string_view> holes) {
     std::string_view text = texts[static_cast<std::size_t>(message)];

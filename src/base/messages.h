@@ -9,11 +9,14 @@ namespace torvel {
 
 /// Every message of the program. Rows, with their classes: messages.def.
 enum class Message : std::uint16_t {
-#define MESSAGE(symbol, messageClass, text) symbol,
+#define MESSAGE(symbol, code, messageClass, text) symbol,
 #include "src/base/messages.def"
 };
 
 /// The message's text with its holes ("{}") filled in order. As many texts as holes.
 std::string messageText(Message message, std::initializer_list<std::string_view> holes = {});
+
+/// The message's name for other programs.
+std::string_view messageCode(Message message);
 
 }  // namespace torvel

@@ -4,7 +4,7 @@ namespace torvel {
 
 void failAt(const SourcePosition& position, Message message,
             std::initializer_list<std::string_view> holes) {
-    throw ParseException(messageText(message, holes), position);
+    throw ParseException(message, holes, position);
 }
 
 }  // namespace torvel

@@ -14,12 +14,23 @@ namespace torvel {
 /// final line end included.
 class ParseException : public std::exception {
 public:
-    ParseException(std::string_view message, const SourcePosition& position)
-        : diagnostic_(formatDiagnostic(position, message)) {}
+    ParseException(Message message, std::initializer_list<std::string_view> holes,
+                   const SourcePosition& position)
+        : message_(message),
+          text_(messageText(message, holes)),
+          position_(position),
+          diagnostic_(formatDiagnostic(position, text_)) {}
 
     const char* what() const noexcept override { return diagnostic_.c_str(); }
+    Message message() const { return message_; }
+    /// The message without its place.
+    const std::string& text() const { return text_; }
+    const SourcePosition& position() const { return position_; }
 
 private:
+    Message message_;
+    std::string text_;
+    SourcePosition position_;
     std::string diagnostic_;
 };
 

@@ -1,6 +1,35 @@
 #include "src/base/program.h"
 
+#include <algorithm>
+
 namespace torvel {
+
+namespace {
+
+auto firstBehind(std::vector<PredefinedText>& texts, std::uint32_t offset) {
+    return std::upper_bound(
+        texts.begin(), texts.end(), offset,
+        [](std::uint32_t place, const PredefinedText& each) { return place < each.text.offset; });
+}
+
+}  // namespace
+
+void enterPredefinedText(Program& program, TextSpan text, bool isComposed) {
+    std::vector<PredefinedText>& texts = program.predefinedTexts;
+    texts.insert(firstBehind(texts, text.offset), {text, isComposed});
+}
+
+const PredefinedText* findPredefinedText(const Program& program, TextSpan text) {
+    const std::vector<PredefinedText>& texts = program.predefinedTexts;
+    auto behind = std::upper_bound(
+        texts.begin(), texts.end(), text.offset,
+        [](std::uint32_t offset, const PredefinedText& each) { return offset < each.text.offset; });
+    if (behind == texts.begin()) {
+        return nullptr;
+    }
+    const PredefinedText& found = *--behind;
+    return text.offset + text.length <= found.text.offset + found.text.length ? &found : nullptr;
+}
 
 Token makeDefineToken(Program& program, TokenType type, const DefineTexts& texts) {
     const auto number = static_cast<std::uint32_t>(program.defineTexts.size());

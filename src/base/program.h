@@ -120,6 +120,14 @@ struct Macro {
     LineList lines;
 };
 
+/// A text that the program did not write itself: the value of a predefined constant, or of a define that stands
+/// for one.
+struct PredefinedText {
+    TextSpan text;
+    /// The row is composed, not known: its number may be another on the controller.
+    bool isComposed = false;
+};
+
 /// What the preprocessor hands to the conversion: the whole program as lines of tokens.
 struct Program {
     TextStore text;
@@ -130,6 +138,8 @@ struct Program {
     std::deque<Inclusion> inclusions;
     /// Where a file ended early at a NUL character, in the order met.
     std::vector<SourcePosition> nulCharacters;
+    /// By their place in the text.
+    std::vector<PredefinedText> predefinedTexts;
 
     /// The token's source; for a preserved define its first text.
     std::string_view textOf(const Token& token) const {
@@ -142,6 +152,11 @@ struct Program {
                                              : std::string_view();
     }
 };
+
+void enterPredefinedText(Program& program, TextSpan text, bool isComposed);
+
+/// The predefined text that a text is part of; null: the program wrote it.
+const PredefinedText* findPredefinedText(const Program& program, TextSpan text);
 
 /// A token of one of the preserved-define kinds, its texts entered in `program`.
 Token makeDefineToken(Program& program, TokenType type, const DefineTexts& texts);

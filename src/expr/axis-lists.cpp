@@ -1,6 +1,7 @@
 #include "src/expr/axis-lists.h"
 
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/number-text.h"
 
 namespace torvel {
@@ -79,8 +80,19 @@ void translateAxisNumber(Statement& statement, ExpressionText& out) {
         refuse(statement, Message::AxisIndexInvalid);
         return;
     }
+    const Token* const first = statement.cursor.place();
+    const std::string_view text = statement.cursor.text();
     statement.cursor.advance();
+    checkOctal(statement, text, first);
     out += names[static_cast<std::size_t>(*number)];
+}
+
+void translateNumberedAxis(Statement& statement, ExpressionText& out) {
+    const Token* const first = statement.cursor.place();
+    translateAxisNumber(statement, out);
+    if (!statement.context.axes.areOfParameterFile()) {
+        noteCheck(statement, Check::AxisNumber, first);
+    }
 }
 
 void translateAxisSelector(Statement& statement, ExpressionText& out) {
@@ -93,7 +105,7 @@ void translateAxisSelector(Statement& statement, ExpressionText& out) {
             out += statement.cursor.text();
             statement.cursor.advance();
             break;
-        case TokenType::INTEGER_LITERAL: translateAxisNumber(statement, out); break;
+        case TokenType::INTEGER_LITERAL: translateNumberedAxis(statement, out); break;
         case TokenType::AT: translateAxisAtRunTime(statement, translateUnary, out); break;
         case TokenType::PERCENT: refuse(statement, Message::AxisMaskUnsupported); break;
         default: reportUnexpectedToken(statement, accepted); break;

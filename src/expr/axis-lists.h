@@ -29,4 +29,7 @@ void translateAxisSelector(Statement& statement, ExpressionText& out);
 /// be selected.
 void translateAxisNumber(Statement& statement, ExpressionText& out);
 
+/// The same where it is an axis for certain.
+void translateNumberedAxis(Statement& statement, ExpressionText& out);
+
 }  // namespace torvel

@@ -4,6 +4,7 @@
 
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/strings.h"
 #include "src/expr/variables.h"
 
@@ -12,7 +13,12 @@ namespace torvel {
 namespace {
 
 void translateAxisOperands(Statement& statement, bool isBracketed, ExpressionText& out) {
+    const Token* const before = statement.cursor.place() - 1;
     const std::vector<std::string> axes = translateAxisList(statement);
+    // No axes behind SYNCAXES is what NONE is.
+    if (axes.empty() && before->type != TokenType::SYNCAXES) {
+        noteCheck(statement, Check::EmptyAxes, before);
+    }
     if (isBracketed) {
         joinItems(axes, out);
     } else {
@@ -38,14 +44,18 @@ void readToken(Statement& statement, const FormStep& step) {
 }
 
 /// Translates an operand and tells who asks for it where its tokens stand.
-Precedence translateStep(Statement& statement, const FormStep& step, bool isBracketed,
-                         std::string_view leadText, ExpressionText& out) {
+Precedence translateStep(Statement& statement, const Form& form, const FormStep& step,
+                         bool isBracketed, std::string_view leadText, ExpressionText& out) {
     if (step.operand == FormOperand::lead) {
         out += leadText;
         return Precedence::primary;
     }
     const Token* const first = statement.cursor.place();
     const Precedence binding = translateOperand(statement, step, isBracketed, out);
+    if (form.hasOptionalComma &&
+        (step.operand == FormOperand::value || step.operand == FormOperand::values)) {
+        checkJoinedBySign(statement, first);
+    }
     if (statement.operandTokens != nullptr) {
         statement.operandTokens->push_back({first, statement.cursor.place()});
     }
@@ -79,7 +89,7 @@ void writeInOrder(Statement& statement, const Form& form, std::string_view leadT
             out += hole->before;
             const std::size_t start = out.size();
             const Precedence binding =
-                translateStep(statement, step, hole->isBracketed, leadText, out);
+                translateStep(statement, form, step, hole->isBracketed, leadText, out);
             bindHole(*hole, binding, start, out);
             ++hole;
         }
@@ -97,7 +107,7 @@ void writeOutOfOrder(Statement& statement, const Form& form, std::string_view le
         if (step.operand == FormOperand::none) {
             readToken(statement, step);
         } else {
-            translateStep(statement, step, false, leadText, operands[count++]);
+            translateStep(statement, form, step, false, leadText, operands[count++]);
         }
     }
     for (std::size_t number = 0; number < form.holeCount; ++number) {

@@ -82,6 +82,8 @@ struct Form {
     std::string_view rest;
     /// Every operand but the lead has a hole, in the order in which they are read.
     bool isInOrder = true;
+    /// A comma between its operands may be left out.
+    bool hasOptionalComma = false;
     /// How loosely the text binds.
     Precedence precedence = Precedence::primary;
 };
@@ -164,6 +166,8 @@ consteval void readPattern(Form& form, std::string_view pattern) {
     while (!pattern.empty()) {
         const std::size_t length = wordLength(pattern);
         form.steps[form.stepCount++] = stepCalled(pattern.substr(0, length));
+        form.hasOptionalComma =
+            form.hasOptionalComma || pattern.substr(0, length) == std::string_view("[,]");
         pattern.remove_prefix(length < pattern.size() ? length + 1 : length);
     }
 }

@@ -9,6 +9,7 @@
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
 #include "src/expr/form.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/number-text.h"
 #include "src/expr/strings.h"
 #include "src/expr/variables.h"
@@ -21,10 +22,15 @@ namespace {
 /// RandomNextReal() if x is the integer 0, else RandomSeed(x)
 Precedence translateRand(Statement& statement, ExpressionText& out) {
     ExpressionText seed;
+    const Token* const first = statement.cursor.place() - 1;
     expectToken(statement, TokenType::LEFT_PAREN);
     translateExpression(statement, seed);
     expectToken(statement, TokenType::RIGHT_PAREN);
-    out += parseIntegerText(seed) == 0 ? "RandomNextReal()" : "RandomSeed(" + seed + ")";
+    const bool isNext = parseIntegerText(seed) == 0;
+    out += isNext ? "RandomNextReal()" : "RandomSeed(" + seed + ")";
+    if (!isNext) {
+        noteCheck(statement, Check::RandomSeed, first);
+    }
     return Precedence::primary;
 }
 
@@ -39,7 +45,10 @@ void translateComparison(Statement& statement, std::string_view call, Expression
     translateStringExpression(statement, out);
     expectToken(statement, TokenType::COMMA);
     ExpressionText flag;
-    translateExpression(statement, flag);
+    {
+        const UnwrittenOperand dropped(statement, UnwrittenOperand::Value::isDropped);
+        translateExpression(statement, flag);
+    }
     expectToken(statement, TokenType::RIGHT_PAREN);
     out += ')';
     if (parseIntegerText(flag).value_or(0) == 0) {
@@ -50,7 +59,9 @@ void translateComparison(Statement& statement, std::string_view call, Expression
 /// STRCMP ( s1 , s2 , flag )
 /// StringEquals(s1, s2)
 Precedence translateStrcmp(Statement& statement, ExpressionText& out) {
+    const Token* const first = statement.cursor.place() - 1;
     translateComparison(statement, "StringEquals(", out);
+    noteCheck(statement, Check::StringCompare, first);
     return Precedence::primary;
 }
 
@@ -81,7 +92,7 @@ enum class StatusPlace : std::uint8_t { axis, task, system };
 /// The axis whose status is read: an axis number, a string variable that names it, or an axis.
 void translateStatusAxis(Statement& statement, ExpressionText& out) {
     switch (statement.cursor.type()) {
-        case TokenType::INTEGER_LITERAL: translateAxisNumber(statement, out); break;
+        case TokenType::INTEGER_LITERAL: translateNumberedAxis(statement, out); break;
         case TokenType::STRGLOB_VARIABLE:
         case TokenType::STRTASK_VARIABLE:
         case TokenType::GLOBAL_STRING_DEFINE:
@@ -95,7 +106,12 @@ void translateStatusAxis(Statement& statement, ExpressionText& out) {
 /// item [ , argument ]
 void translateStatusItem(Statement& statement, ItemTable items, ExpressionText& out) {
     ExpressionText item;
-    translateExpression(statement, item);
+    const Token* const first = statement.cursor.place();
+    {
+        const UnwrittenOperand unwritten(statement);
+        translateExpression(statement, item);
+    }
+    checkItemNumber(statement, items, item, first);
     if (const std::optional<std::int32_t> number = parseIntegerText(item)) {
         translateItem(statement, items, *number, out);
     } else {

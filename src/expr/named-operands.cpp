@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/number-text.h"
 
 namespace torvel {
@@ -94,7 +95,26 @@ void translateWord(Statement& statement, OperandSet set, Presence presence, Expr
     }
 }
 
+/// The name of a number; null: the set has none.
+const NumberName* findNumber(OperandSet set, std::optional<std::int32_t> number) {
+    const auto* const row = std::find_if(
+        std::begin(numberNames), std::end(numberNames),
+        [&](const NumberName& each) { return each.set == set && each.number == number; });
+    return row == std::end(numberNames) ? nullptr : row;
+}
+
 }  // namespace
+
+void checkOctalName(Statement& statement, OperandSet set, std::string_view text,
+                    const Token* first) {
+    if (statement.context.record == nullptr) {
+        return;
+    }
+    const std::optional<std::int32_t> decimal = decimalReading(text);
+    if (decimal && findNumber(set, parseIntegerText(text)) != findNumber(set, decimal)) {
+        noteCheck(statement, Check::Octal, first);
+    }
+}
 
 void translateNamedOperand(Statement& statement, OperandSet set, Presence presence,
                            ExpressionText& out) {
@@ -103,7 +123,12 @@ void translateNamedOperand(Statement& statement, OperandSet set, Presence presen
         return;
     }
     ExpressionText text;
-    translateExpression(statement, text);
+    const Token* const first = statement.cursor.place();
+    {
+        const UnwrittenOperand unwritten(statement);
+        translateExpression(statement, text);
+    }
+    checkOctalName(statement, set, text, first);
     writeNumberName(statement, set, text, out);
 }
 
@@ -115,10 +140,8 @@ void writeNumberName(Statement& statement, OperandSet set, std::string_view text
         refuse(statement, *rules.notConstant);
         return;
     }
-    const auto* const row = std::find_if(
-        std::begin(numberNames), std::end(numberNames),
-        [&](const NumberName& each) { return each.set == set && each.number == number; });
-    if (row != std::end(numberNames)) {
+    const NumberName* const row = findNumber(set, number);
+    if (row != nullptr) {
         out += row->name;
     } else if (rules.unknown) {
         refuse(statement, *rules.unknown);

@@ -53,6 +53,10 @@ enum class Presence : std::uint8_t { required, optional, behindComma };
 void translateNamedOperand(Statement& statement, OperandSet set, Presence presence,
                            ExpressionText& out);
 
+/// Checks whether the number chose its name as an octal one. Its tokens are those from `first` up to the cursor.
+void checkOctalName(Statement& statement, OperandSet set, std::string_view text,
+                    const Token* first);
+
 /// Appends the name of a number of the set, `text` being the number as Torvel text.
 void writeNumberName(Statement& statement, OperandSet set, std::string_view text,
                      ExpressionText& out);

@@ -48,9 +48,13 @@ const BinaryOperator* operatorAt(const TokenCursor& cursor, Precedence loosest) 
 Precedence translatePower(Statement& statement, ExpressionText& out) {
     constexpr BinaryOperator power = findBinaryOperator(TokenType::STAR_STAR);
     const std::size_t start = out.size();
+    const Token* const first = statement.cursor.place();
     const Precedence base = translateUnary(statement, out);
     if (!acceptToken(statement, power.token)) {
         return base;
+    }
+    if (first->type == TokenType::LEFT_PAREN && base == Precedence::unary) {
+        noteCheck(statement, Check::NumberText, first);
     }
     if (!bindsInFront(base, power)) {
         parenthesise(out, start);
@@ -108,6 +112,10 @@ Precedence translateBinary(Statement& statement, Precedence loosest, ExpressionT
             refuse(statement, *entry->refusal);
             break;
         }
+        if (statement.cursor.is(TokenType::PERCENT) && statement.cursor.text() == "%=") {
+            noteCheck(statement, Check::RemainderAssigned, statement.cursor.place(),
+                      statement.cursor.place() + 1);
+        }
         const bool isSum = entry->level == Precedence::additive;
         if (isSum && !sum) {
             sum.emplace(statement.cursor, out, start);
@@ -142,6 +150,7 @@ Precedence translateUnary(Statement& statement, ExpressionText& out) {
         case TokenType::TILDE: out += '~'; break;
         default: return translatePrimary(statement, out);
     }
+    const Token* const first = statement.cursor.place();
     statement.cursor.advance();
     const OpenConstruct sign(statement);
     const std::size_t operandStart = out.size();
@@ -151,6 +160,9 @@ Precedence translateUnary(Statement& statement, ExpressionText& out) {
     }
     if (operand < Precedence::unary) {
         parenthesise(out, operandStart);
+    }
+    if (out[start] == '-' && out.size() > operandStart && out[operandStart] == '-') {
+        noteCheck(statement, Check::DoubleMinus, first);
     }
     return Precedence::unary;
 }

@@ -56,7 +56,7 @@ void logConversionMessage(Statement& statement, Message message,
                           std::initializer_list<std::string_view> holes) {
     if (!statement.isRefused) {
         ConversionContext& context = statement.context;
-        context.log.push_back({messageText(message, holes), context.position});
+        context.log.push_back({messageText(message, holes), context.position, message});
     }
 }
 
@@ -64,6 +64,34 @@ void refuse(Statement& statement, Message message, std::initializer_list<std::st
     logConversionMessage(statement, message, holes);
     statement.isRefused = true;
     statement.cursor.skipToEnd();
+}
+
+void recordCheck(Statement& statement, Check check, const Token* first, const Token* last) {
+    const ConversionContext& context = statement.context;
+    context.record->findings.push_back(makeFinding(
+        check, context.position,
+        columnsOf(context.program, context.position, context.lineText, std::span(first, last))));
+}
+
+void recordFact(Statement& statement, Fact::Kind kind, std::string_view name, const Token* first) {
+    const ConversionContext& context = statement.context;
+    Fact fact;
+    fact.kind = kind;
+    fact.position = context.position;
+    fact.columns = columnsOf(context.program, context.position, context.lineText,
+                             std::span(first, statement.cursor.place()));
+    fact.name = name;
+    context.record->facts.push_back(std::move(fact));
+}
+
+void noteEffect(Statement& statement, BlockEffect effect) {
+    const Token* const place = statement.cursor.place();
+    switch (effect) {
+        case BlockEffect::Opens: noteFact(statement, Fact::Kind::opens, {}, place); break;
+        case BlockEffect::Closes: noteFact(statement, Fact::Kind::closes, {}, place); break;
+        case BlockEffect::Continues: noteFact(statement, Fact::Kind::continues, {}, place); break;
+        default: break;
+    }
 }
 
 OpenConstruct::OpenConstruct(Statement& statement) : context_(statement.context) {

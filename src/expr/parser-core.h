@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "src/base/check-record.h"
 #include "src/base/messages.h"
 #include "src/base/program.h"
 #include "src/lex/axis-names.h"
@@ -33,6 +34,7 @@ using StatementText = std::string;
 struct ConversionMessage {
     std::string text;
     SourcePosition position;
+    Message message{};
 };
 
 /// The messages of a run, in the order in which they were met.
@@ -48,6 +50,10 @@ struct ConversionContext {
     SourcePosition position;
     /// Constructs of the expression that are open.
     unsigned nesting = 0;
+    /// The line's text in the source, for the columns of findings.
+    TextSpan lineText{};
+    /// Takes what is converted and yet needs a look; null: nobody asks.
+    CheckRecord* record = nullptr;
 };
 
 /// A place in a line's tokens.
@@ -129,6 +135,57 @@ void logConversionMessage(Statement& statement, Message message,
 /// Logs a message and refuses the statement.
 void refuse(Statement& statement, Message message,
             std::initializer_list<std::string_view> holes = {});
+
+/// Records a check at the tokens from `first` up to `last`, if somebody asks for checks. That of a line that is
+/// refused is forgotten.
+void recordCheck(Statement& statement, Check check, const Token* first, const Token* last);
+inline void noteCheck(Statement& statement, Check check, const Token* first, const Token* last) {
+    if (statement.context.record != nullptr) {
+        recordCheck(statement, check, first, last);
+    }
+}
+/// The same at the tokens from `first` up to the cursor.
+inline void noteCheck(Statement& statement, Check check, const Token* first) {
+    noteCheck(statement, check, first, statement.cursor.place());
+}
+
+/// Records what the line says for a pass over the whole program; its place is that of the tokens from `first` up
+/// to the cursor.
+void recordFact(Statement& statement, Fact::Kind kind, std::string_view name, const Token* first);
+inline void noteFact(Statement& statement, Fact::Kind kind, std::string_view name,
+                     const Token* first) {
+    if (statement.context.record != nullptr) {
+        recordFact(statement, kind, name, first);
+    }
+}
+
+/// Records what a converted line does to the nesting of blocks.
+void noteEffect(Statement& statement, BlockEffect effect);
+
+/// Forgets the checks that are recorded while it lives: for an operand whose text is not written. What it says
+/// for the passes is forgotten too where nothing comes of its value.
+class UnwrittenOperand {
+public:
+    enum class Value : std::uint8_t { counts, isDropped };
+
+    explicit UnwrittenOperand(Statement& statement, Value value = Value::counts)
+        : record_(statement.context.record),
+          mark_(record_ == nullptr ? RecordMark() : markOf(*record_)),
+          value_(value) {}
+    ~UnwrittenOperand() {
+        if (record_ != nullptr) {
+            takeOff(*record_, {mark_.findings,
+                               value_ == Value::isDropped ? mark_.facts : record_->facts.size()});
+        }
+    }
+    UnwrittenOperand(const UnwrittenOperand&) = delete;
+    UnwrittenOperand& operator=(const UnwrittenOperand&) = delete;
+
+private:
+    CheckRecord* record_;
+    RecordMark mark_;
+    Value value_;
+};
 
 /// One open construct of an expression, for as long as it lives. Where too many are open the statement is
 /// refused.

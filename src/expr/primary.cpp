@@ -2,6 +2,7 @@
 
 #include "src/expr/expressions.h"
 #include "src/expr/functions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/variables.h"
 #include "src/lex/lexer.h"
 
@@ -42,10 +43,25 @@ Precedence translateParenthesised(Statement& statement, ExpressionText& out) {
     return out[start] == '-' ? Precedence::unary : Precedence::primary;
 }
 
+/// What a printed number says for who asks for checks.
+void recordNumber(Statement& statement) {
+    const TokenCursor& cursor = statement.cursor;
+    const bool isDefine = cursor.is(TokenType::NUMBER_DEFINE);
+    if (isDefine) {
+        noteFact(statement, Fact::Kind::valueUse, cursor.text(), cursor.place());
+    }
+    if (isDefine || cursor.is(TokenType::INTEGER_LITERAL) || cursor.is(TokenType::HEX_LITERAL)) {
+        checkPrintedNumber(statement);
+    }
+}
+
 }  // namespace
 
 void translateNumericLiteral(Statement& statement, ExpressionText& out) {
     TokenCursor& cursor = statement.cursor;
+    if (statement.context.record != nullptr) {
+        recordNumber(statement);
+    }
     switch (cursor.type()) {
         case TokenType::INTEGER_LITERAL:
         case TokenType::FLOAT_LITERAL: out += cursor.text(); break;

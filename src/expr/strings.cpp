@@ -10,6 +10,7 @@
 #include "src/base/characters.h"
 #include "src/expr/expressions.h"
 #include "src/expr/form.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/number-text.h"
 #include "src/expr/variables.h"
 
@@ -48,16 +49,27 @@ void translateStrmid(Statement& statement, ExpressionText& out) {
     translateStringExpression(statement, out);
     expectToken(statement, TokenType::COMMA);
     ExpressionText first;
+    const Token* const firstPlace = statement.cursor.place();
     translateExpression(statement, first);
     expectToken(statement, TokenType::COMMA);
     ExpressionText last;
-    translateExpression(statement, last);
+    {
+        const UnwrittenOperand unwritten(statement);
+        translateExpression(statement, last);
+    }
+    const Token* const lastEnd = statement.cursor.place();
     expectToken(statement, TokenType::RIGHT_PAREN);
     out += ", " + first + ", ";
     const auto from = parseIntegerText(first);
     const auto to = parseIntegerText(last);
     if (from && to) {
         out += std::to_string(std::int64_t{*to} - *from);
+        if (statement.context.record != nullptr &&
+            std::int64_t{decimalReading(last).value_or(*to)} -
+                    decimalReading(first).value_or(*from) !=
+                std::int64_t{*to} - *from) {
+            noteCheck(statement, Check::Octal, firstPlace, lastEnd);
+        }
     } else {
         out += "/* $numCharacters */";
         logConversionMessage(statement, Message::StringSubstringPlaceholder);

@@ -11,6 +11,7 @@
 #include "src/base/characters.h"
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/number-text.h"
 #include "src/expr/parameter-names.h"
 #include "src/expr/status-items.h"
@@ -96,7 +97,10 @@ void translateTaskSelector(Statement& statement, ExpressionText& out) {
         refuse(statement, Message::IntegerValueExpected);
         return;
     }
+    const Token* const number = statement.cursor.place();
+    const std::string_view text = statement.cursor.text();
     statement.cursor.advance();
+    checkOctal(statement, text, number);
     out += std::to_string(*task);
     out += ", ";
 }
@@ -112,12 +116,15 @@ void translateSelector(Statement& statement, Selector selector, ExpressionText& 
 }
 
 /// The name behind an index that is an item's number. An index that is no number is reported, and
-/// taken as number 0 on purpose.
+/// taken as number 0 on purpose. The reference begins at `first`.
 void translateItemIndex(Statement& statement, ItemTable table, std::string_view index,
-                        ExpressionText& out) {
+                        const Token* first, ExpressionText& out) {
     const std::optional<std::int32_t> number = parseIntegerText(index);
-    if (!number) {
+    if (number) {
+        checkItemNumber(statement, table, index, first);
+    } else {
         logConversionMessage(statement, Message::IntegerLiteralExpected);
+        noteCheck(statement, Check::ParameterZero, first);
     }
     translateItem(statement, table, number.value_or(0), out);
 }
@@ -131,15 +138,30 @@ void refuseMember(Statement& statement) {
 }
 
 void translateCall(Statement& statement, const VariableKind& kind, std::string_view index,
-                   bool isAssignmentTarget, ExpressionText& out) {
+                   const Token* first, bool isAssignmentTarget, ExpressionText& out) {
     out += isAssignmentTarget ? kind.assign : kind.read;
     translateSelector(statement, kind.selector, out);
     if (kind.items != ItemTable::none) {
-        translateItemIndex(statement, kind.items, index, out);
+        translateItemIndex(statement, kind.items, index, first, out);
     } else if (kind.index != Index::ignored) {
         out += index;
+    } else if (!index.empty()) {
+        noteCheck(statement, Check::OperandDropped, first);
     }
     out += isAssignmentTarget ? ", " : ")";
+}
+
+/// The index; that of an item is not written, but the item's name.
+void translateOwnIndex(Statement& statement, const VariableKind& kind, std::string_view digits,
+                       ExpressionText& index) {
+    if (kind.items == ItemTable::none && kind.index != Index::ignored) {
+        translateIndex(statement, digits, index);
+        return;
+    }
+    const UnwrittenOperand unwritten(statement, kind.index == Index::ignored
+                                                    ? UnwrittenOperand::Value::isDropped
+                                                    : UnwrittenOperand::Value::counts);
+    translateIndex(statement, digits, index);
 }
 
 /// Translates a reference; tells whether Torvel reads or assigns it by a call.
@@ -159,18 +181,20 @@ bool translateVariableReference(Statement& statement, bool isAssignmentTarget,
         refuse(statement, *refusal);
         return false;
     }
+    const Token* const first = cursor.place();
     const std::string_view name = cursor.text();
     cursor.advance();
 
     const bool isNumbered = kind->index != Index::bracketsOnly && !kind->read.empty();
     ExpressionText index;
-    translateIndex(statement, isNumbered ? trailingDigits(name) : std::string_view(), index);
+    translateOwnIndex(statement, *kind, isNumbered ? trailingDigits(name) : std::string_view(),
+                      index);
     const bool isRequired = kind->index == Index::required || kind->index == Index::bracketsOnly;
     if (isRequired && index.empty()) {
         refuse(statement, Message::ArrayDimensionExpected);
     }
     if (kind->isCall) {
-        translateCall(statement, *kind, index, isAssignmentTarget, out);
+        translateCall(statement, *kind, index, first, isAssignmentTarget, out);
         return true;
     }
     out += kind->read.empty() ? name : kind->read;
@@ -222,10 +246,12 @@ void translateIndex(Statement& statement, std::string_view digits, ExpressionTex
     } else if (digits.empty()) {
         translateBracketed(statement, out);
     } else {
+        const Token* const place = statement.cursor.place();
         const ExpressionText bracket = translateBracketedAddend(statement);
         const auto first = parseIntegerText(digits);
         const auto second = parseIntegerText(bracket);
         if (first && second) {
+            checkOctal(statement, decimalReading(digits) ? digits : bracket, place);
             out += std::to_string(std::int64_t{*first} + *second);
         } else {
             out += digits;

@@ -26,7 +26,9 @@ std::vector<std::string> defaultNames() {
 
 }  // namespace
 
-AxisNames::AxisNames() : AxisNames(defaultNames()) {}
+AxisNames::AxisNames() : AxisNames(defaultNames()) {
+    areOfParameterFile_ = false;
+}
 
 AxisNames::AxisNames(std::vector<std::string> names)
     : names_(std::move(names)), slots_(std::bit_ceil(2 * names_.size() + 2)) {

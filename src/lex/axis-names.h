@@ -32,6 +32,8 @@ public:
     bool goesOnWith(char c) const { return continuations_[static_cast<unsigned char>(c)]; }
 
     const std::vector<std::string>& names() const { return names_; }
+    /// Whether they are those of the machine, not the default ones.
+    bool areOfParameterFile() const { return areOfParameterFile_; }
     /// Length of the longest name in bytes: no longer word needs to be looked up.
     std::size_t longestName() const { return longestName_; }
 
@@ -42,6 +44,7 @@ private:
     std::vector<std::string> names_;
     std::vector<std::uint32_t> slots_;  // axis number + 1 by hash, open addressing; 0 is free
     std::size_t longestName_ = 0;
+    bool areOfParameterFile_ = true;
     std::array<bool, 256> continuations_{};
 };
 

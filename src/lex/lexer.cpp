@@ -206,7 +206,7 @@ private:
     Lexeme readString(const char* first) {
         const char* quote = std::find(first + 1, end_, '"');
         if (quote == end_) {
-            throw ParseException(messageText(Message::StringNotTerminated), position_);
+            throw ParseException(Message::StringNotTerminated, {}, position_);
         }
         append(TokenType::STRING_LITERAL, first + 1, quote);
         return {TokenType::INVALID, quote + 1};
@@ -285,9 +285,8 @@ private:
 
     [[noreturn]] void throwUnknown(const char* at) const {
         const int value = static_cast<signed char>(*at);
-        throw ParseException(
-            messageText(Message::UnknownToken, {std::string_view(at, 1), std::to_string(value)}),
-            position_);
+        throw ParseException(Message::UnknownToken,
+                             {std::string_view(at, 1), std::to_string(value)}, position_);
     }
 
     GrowingArray<Token>& tokens_;

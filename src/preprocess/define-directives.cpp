@@ -70,6 +70,23 @@ std::optional<Classification> classifyValue(const PreprocessorRun& run, TextSpan
     return classifyDefine(trimBlanks(text), run.axes);
 }
 
+/// The predefined text that a value is made of; null: the program wrote some of it itself.
+const PredefinedText* predefinedTextOf(const PreprocessorRun& run, const SubstitutedText& value) {
+    const PredefinedText* found = nullptr;
+    bool isAllPredefined = true;
+    run.defines.visitPieces(value.pieces, [&](const Piece& piece) {
+        const TextSpan text = piece.kind != Piece::Kind::token ? piece.text
+                              : isPreservedDefine(piece.token.type)
+                                  ? run.program.defineTexts[piece.token.number].value
+                                  : piece.token.text;
+        if (!trimBlanks(run.program.text.view(text)).empty()) {
+            found = findPredefinedText(run.program, text);
+            isAllPredefined = isAllPredefined && found != nullptr;
+        }
+    });
+    return isAllPredefined ? found : nullptr;
+}
+
 }  // namespace
 
 void runDefine(PreprocessorRun& run, DirectiveLine& directive) {
@@ -88,8 +105,13 @@ void runDefine(PreprocessorRun& run, DirectiveLine& directive) {
     std::string directiveText;
     if (const auto preserved = classifyValue(run, body.text, hasNames, value)) {
         const TextSpan nameText = run.program.text.add(name);
-        expansion = run.defines.storePreserved(preserved->type,
-                                               {nameText, run.program.text.add(preserved->value)});
+        const TextSpan valueText = run.program.text.add(preserved->value);
+        if (run.record != nullptr && hasNames) {
+            if (const PredefinedText* const text = predefinedTextOf(run, value)) {
+                enterPredefinedText(run.program, valueText, text->isComposed);
+            }
+        }
+        expansion = run.defines.storePreserved(preserved->type, {nameText, valueText});
         directiveText = continuedText(joinWords(head, preserved->value));
     } else {
         expansion = run.defines.storeExpansion(value, static_cast<std::uint32_t>(bytes));

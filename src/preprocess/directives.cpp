@@ -12,9 +12,17 @@ namespace torvel {
 
 namespace {
 
+/// The comment of the directive does not come out.
+void dropComment(PreprocessorRun& run, const DirectiveLine& directive) {
+    if (run.record != nullptr && !directive.comment().empty()) {
+        recordDroppedComment(*run.record, run.program, directive.position());
+    }
+}
+
 /// Keeps the directive as "#word", or as "#word NAME".
 void preserveDirective(PreprocessorRun& run, const DirectiveLine& directive, std::string_view word,
                        std::string_view name = {}) {
+    dropComment(run, directive);
     std::string text = "#" + std::string(word);
     if (!name.empty()) {
         text += ' ';
@@ -48,6 +56,7 @@ void runUndef(PreprocessorRun& run, DirectiveLine& directive) {
 /// #subst and #nosubst
 void runSubst(PreprocessorRun& run, DirectiveLine& directive) {
     directive.expectEnd();
+    dropComment(run, directive);
     run.substitutes = directive.name() == "subst";
 }
 

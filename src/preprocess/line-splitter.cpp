@@ -5,6 +5,8 @@
 
 #include "src/preprocess/line-splitter.h"
 
+#include <algorithm>
+
 #include "src/base/characters.h"
 #include "src/base/messages.h"
 #include "src/base/parse-exception.h"
@@ -65,9 +67,10 @@ const char* skipLineEnd(const char* at) {
 
 }  // namespace
 
-LineSplitter::LineSplitter(Program& program, const Inclusion& inclusion)
+LineSplitter::LineSplitter(Program& program, const Inclusion& inclusion, CheckRecord* record)
     : program_(program),
       inclusion_(&inclusion),
+      record_(record),
       file_(inclusion.file->text),
       begin_(program.text.view(file_).data()),
       next_(begin_) {}
@@ -85,7 +88,7 @@ bool LineSplitter::next(ScannedLine& line) {
                 next_ = findByte<'\0', '\n', '\r', '"'>(next_ + 1);
                 if (*next_ != '"') {
                     ended_ = true;
-                    throw ParseException(messageText(Message::StringNotTerminated), position());
+                    throw ParseException(Message::StringNotTerminated, {}, position());
                 }
                 ++next_;
                 break;
@@ -115,11 +118,12 @@ bool LineSplitter::next(ScannedLine& line) {
 void LineSplitter::skipBlockComment() {
     const SourcePosition start = position();
     next_ += 2;
+    const char* const textStart = next_;
     while (true) {
         next_ = findByte<'\0', '\n', '\r', '*'>(next_);
         if (*next_ == '\0') {
             ended_ = true;
-            throw ParseException(messageText(Message::CommentNotTerminated), start);
+            throw ParseException(Message::CommentNotTerminated, {}, start);
         }
         if (*next_ != '*') {
             next_ = skipLineEnd(next_);
@@ -128,6 +132,12 @@ void LineSplitter::skipBlockComment() {
             break;
         } else {
             ++next_;
+        }
+    }
+    if (record_ != nullptr) {
+        const std::string_view text(textStart, static_cast<std::size_t>(next_ - textStart));
+        if (!std::all_of(text.begin(), text.end(), isWhiteSpace)) {
+            recordDroppedComment(*record_, program_, start);
         }
     }
     next_ += 2;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "src/base/check-record.h"
 #include "src/base/program.h"
 
 namespace torvel {
@@ -22,7 +23,8 @@ struct ScannedLine {
 class LineSplitter {
 public:
     /// `inclusion` is the reading of the file that positions of errors name.
-    LineSplitter(Program& program, const Inclusion& inclusion);
+    /// `record` takes where block comments are dropped, if there is one.
+    LineSplitter(Program& program, const Inclusion& inclusion, CheckRecord* record = nullptr);
 
     /// Gives the next line; false when the file is used up. The last line is always given, so a file
     /// that ends in a line end gives an empty line last. Throws a ParseException at a line that ends
@@ -43,6 +45,7 @@ private:
 
     Program& program_;
     const Inclusion* inclusion_;
+    CheckRecord* record_;
     TextSpan file_;
     const char* begin_;
     const char* next_;

@@ -21,7 +21,32 @@ constexpr Index index = [] {
     return made;
 }();
 
-constexpr PredefinedTable table = {rows, index.slots, &index.lengths};
+/// A row, or a line of the files that says what the rows behind it are.
+enum class Mark : std::uint8_t { row, known, composed };
+
+constexpr Mark marks[] = {
+#define PREDEFINED(name, value) Mark::row,
+#define PREDEFINED_REPLACED(name, value, replacement) Mark::row,
+#define KNOWN_ROWS Mark::known,
+#define COMPOSED_ROWS Mark::composed,
+#include "data/predefined-constants.def"
+};
+
+constexpr auto composedRows = [] {
+    std::array<bool, std::size(rows)> composed{};
+    std::size_t row = 0;
+    bool isComposed = false;
+    for (const Mark mark : marks) {
+        if (mark == Mark::row) {
+            composed[row++] = isComposed;
+        } else {
+            isComposed = mark == Mark::composed;
+        }
+    }
+    return composed;
+}();
+
+constexpr PredefinedTable table = {rows, index.slots, &index.lengths, composedRows};
 
 }  // namespace
 

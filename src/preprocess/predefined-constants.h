@@ -29,6 +29,13 @@ struct PredefinedTable {
     /// Row + 1 by hash, open addressing; 0 is free. A power of two.
     std::span<const std::uint16_t> slots;
     const NameLengths* lengths;
+    /// By row; empty: none is composed.
+    std::span<const bool> composedRows{};
+
+    /// Whether a row's value is composed, not known.
+    bool isComposed(std::size_t row) const {
+        return row < composedRows.size() && composedRows[row];
+    }
 };
 
 /// The table of the legacy language (data/predefined-constants.def).

@@ -6,6 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "src/base/check-record.h"
 #include "src/base/parse-exception.h"
 #include "src/base/program.h"
 #include "src/lex/axis-names.h"
@@ -46,6 +47,8 @@ struct PreprocessorRun {
     /// Room for the lines and values of defines, from one to the next.
     SubstitutedText substitutedLine;
     SubstitutedText substitutedValue;
+    /// Takes what needs a look; null: nobody asks.
+    CheckRecord* record = nullptr;
 };
 
 /// Reads a file and appends its lines, with those of the files it includes. `path` is as written.

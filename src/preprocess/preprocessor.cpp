@@ -9,7 +9,7 @@ namespace {
 
 /// The lines of one file. The position of the last line is returned.
 SourcePosition preprocessLines(PreprocessorRun& run, const Inclusion& inclusion) {
-    LineSplitter splitter(run.program, inclusion);
+    LineSplitter splitter(run.program, inclusion, run.record);
     ScannedLine line;
     try {
         while (splitter.next(line)) {
@@ -70,8 +70,9 @@ void appendDirectiveLine(PreprocessorRun& run, const SourcePosition& position, T
 
 void preprocessProgram(Program& program, std::string_view path, const AxisNames& axes,
                        const Limits& limits, const PredefinedTable& predefined,
-                       const FileSource& source) {
+                       const FileSource& source, CheckRecord* record) {
     PreprocessorRun run(program, axes, limits, predefined, source);
+    run.record = record;
     try {
         preprocessFile(run, path, {});
     } catch (const TextStoreFull&) {

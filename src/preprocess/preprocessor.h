@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "src/base/check-record.h"
 #include "src/base/file-source.h"
 #include "src/base/program.h"
 #include "src/lex/axis-names.h"
@@ -13,10 +14,11 @@ namespace torvel {
 /// Reads the program file `path` (as the command line has it) and everything it includes into
 /// `program`: directives carried out, defines substituted, every line cut into tokens. Throws a
 /// ParseException at the first error, its position being none for the program file itself. Its files come
-/// from `source`.
+/// from `source`. What needs a look is entered in `record`, if there is one.
 void preprocessProgram(Program& program, std::string_view path, const AxisNames& axes,
                        const Limits& limits,
                        const PredefinedTable& predefined = predefinedConstants(),
-                       const FileSource& source = fileSystemSource());
+                       const FileSource& source = fileSystemSource(),
+                       CheckRecord* record = nullptr);
 
 }  // namespace torvel

@@ -55,6 +55,7 @@ void convertConversionText(Statement& statement) {
 /// The same; or, where Torvel sets the variable by a call, the value as the call's last argument,
 /// whatever the operator on purpose: "++" leaves the argument empty.
 void convertAssignment(Statement& statement) {
+    const Token* const first = statement.cursor.place();
     const VariableReference target = translateAssignmentTarget(statement);
     const AssignmentOperator* entry = readOperator(statement);
     if (entry == nullptr) {
@@ -64,6 +65,11 @@ void convertAssignment(Statement& statement) {
     if (!target.isCall) {
         statement.text += entry->text;
     }
+    const bool isStep =
+        entry->token == TokenType::PLUS_PLUS || entry->token == TokenType::MINUS_MINUS;
+    if (target.isCall && entry->token != TokenType::ASSIGN) {
+        noteCheck(statement, isStep ? Check::SetterEmpty : Check::SetterOperator, first);
+    }
     switch (entry->token) {
         case TokenType::PLUS_PLUS:
         case TokenType::MINUS_MINUS: break;
@@ -72,6 +78,11 @@ void convertAssignment(Statement& statement) {
     }
     if (target.isCall) {
         statement.text += ')';
+    }
+    if (!statement.cursor.atEnd()) {
+        const Token* const rest = statement.cursor.place();
+        statement.cursor.skipToEnd();
+        noteCheck(statement, Check::ValueCut, rest);
     }
 }
 

@@ -2,6 +2,7 @@
 // communication, and others. Torvel has next to none of them; what is told is which one was called.
 
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/number-text.h"
 #include "src/expr/variables.h"
 #include "src/stmt/routines.h"
@@ -53,7 +54,12 @@ Message findService(const Service (&rows)[count], std::int32_t code, Message oth
 /// An expression that is an integer when it is converted; `missing` tells that it is none.
 std::int32_t readConstant(Statement& statement, Message missing) {
     ExpressionText text;
-    translateExpression(statement, text);
+    const Token* const first = statement.cursor.place();
+    {
+        const UnwrittenOperand unwritten(statement);
+        translateExpression(statement, text);
+    }
+    checkOctal(statement, text, first);
     const std::optional<std::int32_t> number = parseIntegerText(text);
     if (!number) {
         refuse(statement, missing);

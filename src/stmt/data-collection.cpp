@@ -1,5 +1,6 @@
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/number-text.h"
 #include "src/stmt/data-signals.h"
 #include "src/stmt/routines.h"
@@ -36,13 +37,15 @@ struct SignalTable {
     std::optional<std::string_view> (*find)(std::uint32_t);
     std::string_view call;
     bool hasTarget;
+    /// What a target that is a number is: an axis of these axes, a task that became an axis; or that it is dropped.
+    Check targetCheck;
 };
 
 /// In the order in which a number is looked up.
 constexpr SignalTable signalTables[] = {
-    {lookupAxisDataSignal, "DataCollectionAddAxisSignal(", true},
-    {lookupTaskDataSignal, "DataCollectionAddTaskSignal(", true},
-    {lookupSystemDataSignal, "DataCollectionAddSystemSignal(", false},
+    {lookupAxisDataSignal, "DataCollectionAddAxisSignal(", true, Check::AxisNumber},
+    {lookupTaskDataSignal, "DataCollectionAddTaskSignal(", true, Check::TaskAsAxis},
+    {lookupSystemDataSignal, "DataCollectionAddSystemSignal(", false, Check::OperandDropped},
 };
 
 }  // namespace
@@ -51,14 +54,27 @@ constexpr SignalTable signalTables[] = {
 /// DataCollectionAddAxisSignal | AddTaskSignal(target, signal, argument)
 /// DataCollectionAddSystemSignal(signal, argument)
 void convertCollectionItem(Statement& statement, std::string_view) {
+    const Token* const slotPlace = statement.cursor.place();
     std::string slot;
-    translateExpression(statement, slot);
+    {
+        const UnwrittenOperand dropped(statement, UnwrittenOperand::Value::isDropped);
+        translateExpression(statement, slot);
+    }
+    noteCheck(statement, Check::OperandDropped, slotPlace);
     expectToken(statement, TokenType::COMMA);
+    const Token* const targetPlace = statement.cursor.place();
+    const bool isNumber = statement.cursor.is(TokenType::INTEGER_LITERAL);
     std::string target;
     translateTarget(statement, target);
+    const Token* const targetEnd = statement.cursor.place();
     expectToken(statement, TokenType::COMMA);
+    const Token* const itemPlace = statement.cursor.place();
     std::string item;
-    translateExpression(statement, item);
+    {
+        const UnwrittenOperand unwritten(statement);
+        translateExpression(statement, item);
+    }
+    checkItemNumber(statement, ItemTable::axisStatus, item, itemPlace);
     const std::optional<std::int32_t> number = parseIntegerText(item);
     if (!number) {
         refuse(statement, Message::IntegerLiteralExpected);
@@ -79,6 +95,11 @@ void convertCollectionItem(Statement& statement, std::string_view) {
         }
         if (name->empty()) {
             refuse(statement, Message::ItemRemoved);
+        }
+        const bool isKnownAxis =
+            table.targetCheck == Check::AxisNumber && statement.context.axes.areOfParameterFile();
+        if (!table.hasTarget || (isNumber && !isKnownAxis)) {
+            noteCheck(statement, table.targetCheck, targetPlace, targetEnd);
         }
         statement.text += table.call;
         statement.text += table.hasTarget ? target + ", " : "";

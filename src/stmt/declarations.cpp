@@ -33,6 +33,9 @@ void convertNames(Statement& statement, bool withSizes, std::string_view suffix)
         // A preserved define declares the variable that it stands for.
         const bool isDefine = cursor.is(TokenType::PROGRAM_VARIABLE_DEFINE);
         const std::string_view value = isDefine ? cursor.value() : std::string_view();
+        if (isDefine) {
+            noteFact(statement, Fact::Kind::valueUse, cursor.text(), cursor.place());
+        }
         const std::string_view name = expectToken(statement, declarable);
         statement.text += isDefine ? value : name;
         if (withSizes) {
@@ -42,8 +45,10 @@ void convertNames(Statement& statement, bool withSizes, std::string_view suffix)
     } while (isOneOf(cursor.type(), declarable) ||
              (cursor.is(TokenType::COMMA) && isOneOf(cursor.following(), declarable)));
     if (cursor.is(TokenType::AS) && cursor.following() == TokenType::IDENTIFIER) {
+        const Token* const first = cursor.place();
         cursor.advance();
         cursor.advance();
+        noteCheck(statement, Check::OperandDropped, first);
     }
 }
 

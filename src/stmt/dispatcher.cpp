@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "src/base/characters.h"
 #include "src/expr/expressions.h"
 #include "src/expr/form.h"
 #include "src/stmt/macros.h"
@@ -86,22 +87,26 @@ void skipBlockDelete(Statement& statement) {
 /// and without a blank on purpose.
 void writeLabel(Statement& statement) {
     TokenCursor& cursor = statement.cursor;
+    const Token* const first = cursor.place();
     switch (cursor.type()) {
         case TokenType::IDENTIFIER:
             statement.text += cursor.text();
             cursor.advance();
+            noteFact(statement, Fact::Kind::label, statement.text, first);
             expectToken(statement, TokenType::COLON);
             statement.text += ":\n";
             break;
         case TokenType::COLON:
             cursor.advance();
             statement.text += expectToken(statement, TokenType::IDENTIFIER);
+            noteFact(statement, Fact::Kind::label, statement.text, first);
             statement.text += ':';
             break;
         case TokenType::LETTER_N:
             statement.text += cursor.text();
             cursor.advance();
             statement.text += expectToken(statement, TokenType::INTEGER_LITERAL);
+            noteFact(statement, Fact::Kind::label, statement.text, first);
             return;
         default: return;
     }
@@ -136,18 +141,35 @@ void dispatch(Statement& statement) {
     }
 }
 
+/// An N-code, written up to `labelEnd`, that stands directly in front of a number.
+void checkGluedCode(Statement& statement, const Token* first, std::size_t labelEnd) {
+    const StatementText& text = statement.text;
+    if (statement.context.record != nullptr && labelEnd > 0 && labelEnd < text.size() &&
+        isDigit(text[labelEnd - 1]) && (isDigit(text[labelEnd]) || text[labelEnd] == '.')) {
+        noteCheck(statement, Check::GluedWord, first, first + 2);
+    }
+}
+
 void convert(Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
     if (cursor.is(TokenType::PERCENT)) {
+        const Token* const first = cursor.place();
+        statement.cursor.skipToEnd();
+        if (cursor.place() - first > 1) {
+            noteCheck(statement, Check::PercentLine, first);
+        }
         return;
     }
     if (cursor.is(TokenType::SLASH)) {
         skipBlockDelete(statement);
     }
+    const Token* const first = cursor.place();
     writeLabel(statement);
+    const std::size_t labelEnd = statement.text.size();
     if (!cursor.atEnd()) {
         dispatch(statement);
     }
+    checkGluedCode(statement, first, labelEnd);
 }
 
 }  // namespace

@@ -48,7 +48,12 @@ void convertFor(Statement& statement) {
     statement.effect = BlockEffect::Opens;
     statement.cursor.advance();
     statement.text += "for ";
+    const Token* const variable = statement.cursor.place();
+    const std::size_t start = statement.text.size();
     translateVariableRead(statement, statement.text);
+    if (statement.text.size() > start && statement.text.ends_with(')')) {
+        noteCheck(statement, Check::LoopTarget, variable);  // a call
+    }
     expectToken(statement, TokenType::ASSIGN);
     writeExpression(statement, " = ");
     expectToken(statement, TokenType::TO);
@@ -65,6 +70,7 @@ void convertNext(Statement& statement) {
     statement.cursor.advance();
     if (!statement.cursor.atEnd()) {
         ExpressionText variable;
+        const UnwrittenOperand dropped(statement, UnwrittenOperand::Value::isDropped);
         translateVariableRead(statement, variable);
     }
     statement.text += "end";
@@ -120,7 +126,10 @@ void convertDfs(Statement& statement) {
     statement.effect = BlockEffect::Opens;
     statement.cursor.advance();
     statement.text += "function ";
-    statement.text += expectToken(statement, TokenType::IDENTIFIER);
+    const Token* const place = statement.cursor.place();
+    const std::string_view name = expectToken(statement, TokenType::IDENTIFIER);
+    noteFact(statement, Fact::Kind::function, name, place);
+    statement.text += name;
     statement.text += "()";
 }
 
@@ -128,6 +137,9 @@ void convertDfs(Statement& statement) {
 /// end
 void convertBlockEnd(Statement& statement) {
     statement.effect = BlockEffect::Closes;
+    if (statement.cursor.is(TokenType::ENDDFS)) {
+        noteFact(statement, Fact::Kind::functionEnd, {}, statement.cursor.place());
+    }
     statement.cursor.advance();
     statement.text += "end";
 }
@@ -139,6 +151,10 @@ void convertEnd(Statement& statement) {
     if (statement.cursor.atEnd() || acceptToken(statement, TokenType::PROGRAM)) {
         statement.text += "ProgramExit()";
         return;
+    }
+    const Token* const block = statement.cursor.place();
+    if (statement.cursor.is(TokenType::DFS)) {
+        noteFact(statement, Fact::Kind::functionEnd, {}, block);
     }
     expectToken(statement, {TokenType::IF, TokenType::WHILE, TokenType::REPEAT, TokenType::DFS,
                             TokenType::SUB});
@@ -152,20 +168,27 @@ void convertEnd(Statement& statement) {
 /// goto name, goto Nnumber
 void convertGoto(Statement& statement) {
     statement.cursor.advance();
+    const Token* const place = statement.cursor.place();
+    std::string label;
     if (acceptToken(statement, TokenType::LETTER_N)) {
-        statement.text += "goto N";
-        statement.text += expectToken(statement, TokenType::INTEGER_LITERAL);
+        label = "N";
+        label += expectToken(statement, TokenType::INTEGER_LITERAL);
     } else {
-        statement.text += "goto ";
-        statement.text += expectToken(statement, {TokenType::IDENTIFIER, TokenType::LETTER_N});
+        label = expectToken(statement, {TokenType::IDENTIFIER, TokenType::LETTER_N});
     }
+    noteFact(statement, Fact::Kind::jump, label, place);
+    statement.text += "goto ";
+    statement.text += label;
 }
 
 /// CALL name [( )]; arguments are dropped
 /// name()
 void convertCall(Statement& statement) {
     statement.cursor.advance();
-    statement.text += expectToken(statement, TokenType::IDENTIFIER);
+    const Token* const place = statement.cursor.place();
+    const std::string_view name = expectToken(statement, TokenType::IDENTIFIER);
+    noteFact(statement, Fact::Kind::call, name, place);
+    statement.text += name;
     statement.text += "()";
     if (statement.cursor.is(TokenType::LEFT_PAREN) &&
         statement.cursor.following() == TokenType::RIGHT_PAREN) {
@@ -183,7 +206,10 @@ namespace {
 void writeReturn(Statement& statement) {
     if (!statement.cursor.atEnd()) {
         ExpressionText value;
-        translateExpression(statement, value);
+        {
+            const UnwrittenOperand dropped(statement, UnwrittenOperand::Value::isDropped);
+            translateExpression(statement, value);
+        }
         logConversionMessage(statement, Message::ReturnMotion);
     }
     statement.text += "return";

@@ -1,5 +1,6 @@
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/stmt/routines.h"
 
 namespace torvel {
@@ -15,7 +16,9 @@ void convertGalvoRotation(Statement& statement, std::string_view) {
         return;
     }
     acceptToken(statement, TokenType::COMMA);
+    const Token* const angle = statement.cursor.place();
     writeExpression(statement, ", ");
+    checkJoinedBySign(statement, angle);
     statement.text += ')';
 }
 

@@ -6,6 +6,7 @@
 #include "src/base/characters.h"
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/number-text.h"
 #include "src/lex/lexer.h"
 #include "src/stmt/routines.h"
@@ -39,10 +40,25 @@ bool contains(const std::int32_t (&numbers)[count], std::int32_t number) {
     return std::find(std::begin(numbers), std::end(numbers), number) != std::end(numbers);
 }
 
+/// Whether a code with leading zeros means something else without them: it was refused, or a dwell.
+bool isOtherCode(Statement& statement, std::string_view number,
+                 bool (*isSpecial)(std::int32_t code)) {
+    const auto decimal =
+        statement.context.record == nullptr ? std::nullopt : decimalReading(number);
+    return decimal && isSpecial(*decimal) != isSpecial(*parseIntegerText(number));
+}
+
 /// Gnumber
 void writeGcode(Statement& statement, bool& expectsDwell) {
     const std::string_view number = statement.cursor.text().substr(1);
+    const Token* const first = statement.cursor.place();
     statement.cursor.advance();
+    if (isOtherCode(statement, number,
+                    [](std::int32_t code) { return contains(refusedGcodes, code); }) ||
+        isOtherCode(statement, number,
+                    [](std::int32_t code) { return contains(dwellGcodes, code); })) {
+        noteCheck(statement, Check::Octal, first);
+    }
     const std::optional<std::int32_t> code = parseIntegerText(number);
     if (!code) {
         refuse(statement, Message::IntegerLiteralExpected);
@@ -57,8 +73,13 @@ void writeGcode(Statement& statement, bool& expectsDwell) {
 
 /// M number
 void writeMcode(Statement& statement) {
+    const Token* const first = statement.cursor.place();
     ExpressionText number;
     translateNumericLiteral(statement, number);
+    if (isOtherCode(statement, number,
+                    [](std::int32_t code) { return contains(refusedMcodes, code); })) {
+        noteCheck(statement, Check::Octal, first);
+    }
     const std::optional<std::int32_t> code = parseIntegerText(number);
     if (!code) {
         refuse(statement, Message::IntegerLiteralExpected);
@@ -69,11 +90,66 @@ void writeMcode(Statement& statement) {
     statement.text += number;
 }
 
+bool isNumberToken(TokenType type) {
+    return type == TokenType::INTEGER_LITERAL || type == TokenType::HEX_LITERAL ||
+           type == TokenType::FLOAT_LITERAL || type == TokenType::NUMBER_DEFINE;
+}
+
+/// Whether "=" stands behind a number outside parentheses and brackets.
+bool hasComparisonBehindNumber(std::span<const Token> tokens) {
+    int depth = 0;
+    for (std::size_t at = 1; at < tokens.size(); ++at) {
+        const TokenType before = tokens[at - 1].type;
+        depth += before == TokenType::LEFT_PAREN || before == TokenType::LEFT_BRACKET ? 1 : 0;
+        depth -= before == TokenType::RIGHT_PAREN || before == TokenType::RIGHT_BRACKET ? 1 : 0;
+        if (depth == 0 && tokens[at].type == TokenType::ASSIGN && isNumberToken(before)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Whether a number of the text has an exponent. Only computed ones have, and theirs have a sign.
+bool hasExponent(std::string_view text) {
+    bool isInString = false;
+    for (std::size_t at = 1; at + 2 < text.size(); ++at) {
+        isInString = isInString != (text[at - 1] == '"');
+        if (!isInString && text[at] == 'e' && (isDigit(text[at - 1]) || text[at - 1] == '.') &&
+            (text[at + 1] == '+' || text[at + 1] == '-') && isDigit(text[at + 2])) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// What is written behind a word's letter or axis, its tokens beginning at `first`.
+void checkWordValue(Statement& statement, const Token* first, std::string_view text) {
+    if (hasComparisonBehindNumber({first, statement.cursor.place()})) {
+        noteCheck(statement, Check::ComparisonAsValue, first);
+    }
+    if (hasExponent(text)) {
+        noteCheck(statement, Check::NumberText, first);
+    }
+}
+
+/// A value that begins with a letter stands directly behind its word, which ends at `at`.
+void checkGlued(Statement& statement, const Token* word, std::size_t at) {
+    const StatementText& text = statement.text;
+    if (at < text.size() && hasClass(text[at], letterClass | underscoreClass)) {
+        noteCheck(statement, Check::GluedWord, word);
+    }
+}
+
 /// name [=] value
 void writeWord(Statement& statement, std::string_view name) {
     statement.text += name;
     acceptToken(statement, TokenType::ASSIGN);
+    const Token* const value = statement.cursor.place();
+    const std::size_t start = statement.text.size();
     writeExpression(statement);
+    if (statement.context.record != nullptr) {
+        checkWordValue(statement, value, std::string_view(statement.text).substr(start));
+    }
 }
 
 /// name [=] value, where the name begins with an axis of `axisLength` bytes. If name and value together
@@ -81,6 +157,7 @@ void writeWord(Statement& statement, std::string_view name) {
 /// parentheses.
 void writeAxisValue(Statement& statement, std::string_view name, std::size_t axisLength) {
     StatementText& text = statement.text;
+    const Token* const word = statement.cursor.place() - 1;
     const std::size_t start = text.size();
     writeWord(statement, name);
     const AxisNames& axes = statement.context.axes;
@@ -88,6 +165,7 @@ void writeAxisValue(Statement& statement, std::string_view name, std::size_t axi
         axisNameLength(std::string_view(text).substr(start), axes) > name.size()) {
         parenthesise(text, start + name.size());
     }
+    checkGlued(statement, word, start + name.size());
 }
 
 /// axis [[=] value]: the value may be left out at the end and in front of another axis.
@@ -102,7 +180,9 @@ void writeAxisWord(Statement& statement, std::string_view axis) {
 /// An address letter; in the place of a dwell's argument F is P.
 void writeLetter(Statement& statement, TokenType letter, bool isDwell) {
     const char name = isDwell ? 'P' : upperCase(statement.cursor.text()[0]);
+    const Token* const word = statement.cursor.place();
     statement.cursor.advance();
+    const std::size_t start = statement.text.size();
     const bool isIndexed = statement.cursor.is(TokenType::LEFT_BRACKET);
     switch (letter) {
         case TokenType::LETTER_G:
@@ -119,7 +199,10 @@ void writeLetter(Statement& statement, TokenType letter, bool isDwell) {
                 refuse(statement, Message::SpindleIndexUnsupported);
             }
             [[fallthrough]];
-        default: writeWord(statement, std::string_view(&name, 1)); break;
+        default:
+            writeWord(statement, std::string_view(&name, 1));
+            checkGlued(statement, word, start + 1);
+            break;
     }
 }
 
@@ -144,6 +227,9 @@ void writeLineWord(Statement& statement, bool& expectsDwell) {
         case TokenType::AXIS_DEFINE: {
             const std::string_view axis =
                 type == TokenType::AXIS_DEFINE ? cursor.value() : cursor.text();
+            if (type == TokenType::AXIS_DEFINE) {
+                noteFact(statement, Fact::Kind::valueUse, cursor.text(), cursor.place());
+            }
             cursor.advance();
             writeAxisWord(statement, axis);
             break;

@@ -7,6 +7,31 @@
 
 namespace torvel {
 
+namespace {
+
+/// The macro's name: what stands between "#macro " and "(".
+std::string_view nameOf(std::string_view head) {
+    constexpr std::size_t lead = std::string_view("#macro ").size();
+    return head.substr(lead, head.find('(') - lead);
+}
+
+/// Notes the macro behind the facts of its body, which those of a body that is not kept are not.
+void noteMacro(Statement& statement, const Macro& macro, bool isKept, const RecordMark& mark) {
+    CheckRecord& record = *statement.context.record;
+    if (!isKept) {
+        takeOff(record, mark);
+    }
+    for (std::size_t fact = mark.facts; fact < record.facts.size(); ++fact) {
+        record.facts[fact].isInBody = true;
+    }
+    const std::string_view head = statement.context.program.text.view(macro.head);
+    noteFact(statement, isKept ? Fact::Kind::macro : Fact::Kind::lostMacro, nameOf(head),
+             statement.cursor.place());
+    record.facts.back().value = head;
+}
+
+}  // namespace
+
 /// Every line of the body is converted, later ones too after one has failed, so that all messages
 /// come. One that failed leaves the macro as it was written.
 void convertMacroDefinition(Statement& statement, const Macro& macro) {
@@ -14,16 +39,23 @@ void convertMacroDefinition(Statement& statement, const Macro& macro) {
     std::string body;
     bool isConverted = true;
     GrowingArray<Token> room;
+    CheckRecord* const record = statement.context.record;
+    const RecordMark mark = record == nullptr ? RecordMark() : markOf(*record);
     for (std::size_t line = 0; line < macro.lines.lines.size(); ++line) {
         StatementText text;
         BlockEffect effect{};
+        statement.context.lineText = macro.lines.lines[line].text;
         isConverted =
             convertStatement(statement.context,
                              tokensOf(program, macro.lines, line, statement.context.axes, room),
                              text, effect) &&
             isConverted;
+        noteEffect(statement, effect);
         body += line == 0 ? "" : "\n";
         body += text;
+    }
+    if (record != nullptr) {
+        noteMacro(statement, macro, isConverted, mark);
     }
     if (!isConverted) {
         statement.text += program.text.view(macro.unconverted);
@@ -56,9 +88,11 @@ void writeArgument(Statement& statement) {
 }  // namespace
 
 void convertMacroCall(Statement& statement) {
+    const Token* const name = statement.cursor.place();
     statement.text += statement.cursor.text();
     statement.text += '(';
     statement.cursor.advance();
+    noteFact(statement, Fact::Kind::macroCall, statement.context.program.textOf(*name), name);
     expectToken(statement, TokenType::LEFT_PAREN);
     if (!statement.cursor.is(TokenType::RIGHT_PAREN)) {
         writeArgument(statement);

@@ -1,5 +1,6 @@
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/stmt/routines.h"
 
 namespace torvel {
@@ -11,13 +12,21 @@ void convertConditionWait(Statement& statement, std::string_view) {
     expectToken(statement, TokenType::RIGHT_PAREN);
     acceptToken(statement, TokenType::COMMA);
     const std::size_t timeStart = statement.text.size();
+    const Token* const time = statement.cursor.place();
     writeExpression(statement, ", ");
+    checkJoinedBySign(statement, time);
     if (!statement.cursor.atEnd()) {
         acceptToken(statement, TokenType::COMMA);
+        const Token* const first = statement.cursor.place();
         ExpressionText option;
-        translateExpression(statement, option);
+        {
+            const UnwrittenOperand dropped(statement, UnwrittenOperand::Value::isDropped);
+            translateExpression(statement, option);
+        }
         if (option == "-1") {
             statement.text.resize(timeStart);
+        } else {
+            noteCheck(statement, Check::WaitOption, first);
         }
     }
     statement.text += ')';
@@ -36,10 +45,14 @@ void convertPvt(Statement& statement) {
     do {
         translateSingleAxis(statement, axes.emplace_back());
         acceptToken(statement, TokenType::COMMA);
+        const Token* const position = statement.cursor.place();
         translateExpression(statement, positions.emplace_back());
+        checkJoinedBySign(statement, position);
         acceptToken(statement, TokenType::COMMA);
         if (hasVelocities) {
+            const Token* const velocity = statement.cursor.place();
             translateExpression(statement, velocities.emplace_back());
+            checkJoinedBySign(statement, velocity);
             acceptToken(statement, TokenType::COMMA);
         }
     } while (isAxis(statement.cursor.type()));

@@ -2,6 +2,7 @@
 #include <vector>
 
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/strings.h"
 #include "src/stmt/routines.h"
 
@@ -64,7 +65,9 @@ const ProgramCall* readTask(Statement& statement, std::string& task) {
         task = call->ownTask;
         return call;
     }
+    const Token* const first = statement.cursor.place();
     translateExpression(statement, task);
+    checkJoinedBySign(statement, first);
     acceptToken(statement, TokenType::COMMA);
     const ProgramCall* call = findCall(statement.cursor.type());
     return call != nullptr && call->takesTask ? call : nullptr;

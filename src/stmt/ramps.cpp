@@ -132,8 +132,12 @@ void convertRampValue(Statement& statement, std::string_view mode) {
     if (forAxes) {
         writeAxisRamps(statement, side, mode);
     } else {
+        const Token* const first = statement.cursor.place();
         std::string value;
         translateExpression(statement, value);
+        if (side == RampSide::both) {
+            noteCheck(statement, Check::RampUnit, first - 2);
+        }
         writeCall(statement, rampValue, {}, rampArguments(side, mode, value, false));
     }
     if (side != RampSide::both) {

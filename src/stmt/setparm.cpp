@@ -1,5 +1,6 @@
 #include "src/expr/axis-lists.h"
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/number-text.h"
 #include "src/expr/variables.h"
 #include "src/stmt/routines.h"
@@ -10,6 +11,7 @@ namespace {
 
 /// "[" number "]" of an axis parameter, which gives its name
 void translateParameterName(Statement& statement, std::string& name) {
+    const Token* const first = statement.cursor.place();
     expectToken(statement, TokenType::AXIS_PARAMETER);
     expectToken(statement, TokenType::LEFT_BRACKET);
     const std::string_view literal = expectToken(statement, TokenType::INTEGER_LITERAL);
@@ -19,6 +21,7 @@ void translateParameterName(Statement& statement, std::string& name) {
         refuse(statement, Message::IntegerLiteralExpected);
     }
     expectToken(statement, TokenType::RIGHT_BRACKET);
+    checkItemNumber(statement, ItemTable::axisParameter, literal, first);
 }
 
 }  // namespace
@@ -33,7 +36,9 @@ void convertSetparm(Statement& statement) {
     translateParameterName(statement, arguments);
     acceptToken(statement, TokenType::COMMA);
     arguments += ", ";
+    const Token* const value = statement.cursor.place();
     translateExpression(statement, arguments);
+    checkJoinedBySign(statement, value);
     for (const std::string& axis : axes) {
         statement.text += &axis == &axes.front() ? "" : "\n";
         statement.text += "ParameterSetAxisValue(";

@@ -1,4 +1,5 @@
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/stmt/routines.h"
 
 namespace torvel {
@@ -10,7 +11,9 @@ namespace {
 void convertOverride(Statement& statement, std::string_view call) {
     statement.cursor.advance();
     std::string first;
+    const Token* const begin = statement.cursor.place();
     translateExpression(statement, first);
+    checkJoinedBySign(statement, begin);
     statement.text += call;
     if (statement.cursor.atEnd()) {
         statement.text += "TaskGetIndex(), " + first + ")";
@@ -18,7 +21,9 @@ void convertOverride(Statement& statement, std::string_view call) {
     }
     acceptToken(statement, TokenType::COMMA);
     statement.text += first;
+    const Token* const value = statement.cursor.place();
     writeExpression(statement, ", ");
+    checkJoinedBySign(statement, value);
     statement.text += ')';
 }
 

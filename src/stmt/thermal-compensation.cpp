@@ -15,6 +15,7 @@ void convertThermocompMode(Statement& statement, std::string_view) {
         mode.clear();
         translateExpression(statement, mode);
     }
+    checkOctalName(statement, OperandSet::thermoCompMode, mode, statement.cursor.place() - 1);
     statement.text += "ThermoCompMode.";
     writeNumberName(statement, OperandSet::thermoCompMode, mode, statement.text);
     statement.text += ')';

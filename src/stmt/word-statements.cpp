@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "src/expr/form.h"
+#include "src/expr/number-checks.h"
 #include "src/stmt/routines.h"
 
 namespace torvel {
@@ -225,7 +226,11 @@ void convertWord(Statement& statement, const Lead& lead, const Words& words,
             return;
         default: break;
     }
+    const Token* const operands = statement.cursor.place();
     writeForm(statement, row->form, statement.text, leadText);
+    if (lead.mayHaveComma && !row->form.hasOptionalComma) {
+        checkJoinedBySign(statement, operands);
+    }
     if (row->message) {
         logConversionMessage(statement, *row->message);
     }

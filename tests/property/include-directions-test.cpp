@@ -1,6 +1,6 @@
-// A stage includes only itself and the stages in front of it: base, lex, preprocess, expr, stmt, app. The
-// translation needs nothing of the preprocessor but its finished lines, so expr and stmt do not include
-// it either.
+// A stage includes only itself and the stages in front of it: base, lex, preprocess, expr, stmt, checks, app. The
+// translation needs nothing of the preprocessor but its finished lines, so expr, stmt and checks do not
+// include it either.
 
 #include <gtest/gtest.h>
 
@@ -19,8 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<std::string_view, 6> stages = {"base", "lex",  "preprocess",
-                                                    "expr", "stmt", "app"};
+constexpr std::array<std::string_view, 7> stages = {"base", "lex",    "preprocess", "expr",
+                                                    "stmt", "checks", "app"};
 
 /// The folder of src that a path leads through; empty for a file of src itself.
 std::string_view stageOf(std::string_view path) {
@@ -37,7 +37,7 @@ bool mayInclude(std::string_view stage, std::string_view included) {
     if (included.empty() || stage == included) {
         return true;
     }
-    const bool isTranslation = stage == "expr" || stage == "stmt";
+    const bool isTranslation = stage == "expr" || stage == "stmt" || stage == "checks";
     return !stage.empty() && numberOf(included) < numberOf(stage) &&
            !(isTranslation && included == "preprocess");
 }
@@ -66,6 +66,9 @@ TEST(IncludeDirections, RulesOfTheStages) {
     EXPECT_FALSE(mayInclude("expr", "stmt"));
     EXPECT_FALSE(mayInclude("expr", "preprocess"));
     EXPECT_FALSE(mayInclude("stmt", "preprocess"));
+    EXPECT_TRUE(mayInclude("checks", "stmt"));
+    EXPECT_FALSE(mayInclude("checks", "preprocess"));
+    EXPECT_FALSE(mayInclude("stmt", "checks"));
     EXPECT_FALSE(mayInclude("lex", "unknown"));
 }
 

@@ -208,6 +208,7 @@ void applyPart(Case& result, const Part& part) {
          }},
         {"expect output", [&] { expected.output = part.content; }},
         {"expect log", [&] { expected.log = part.content; }},
+        {"expect checks", [&] { expected.checks = part.content; }},
         {"expect stdout", [&] { expected.standardOutput = part.content; }},
         {"expect stderr", [&] { expected.standardError = part.content; }},
         {"expect status", [&] { expected.status = std::stoi(part.argument); }},
@@ -309,6 +310,12 @@ std::string withExpectations(std::string_view caseText, const Outcome& outcome) 
     }
     if (outcome.log && (!outcome.log->empty() || outcome.status != 0)) {
         text += writePart("expect log", *outcome.log);
+    }
+    const bool asksForChecks =
+        std::any_of(parts.parts.begin(), parts.parts.end(),
+                    [](const Part& part) { return part.name == "expect checks"; });
+    if (asksForChecks && outcome.checks) {
+        text += writePart("expect checks", *outcome.checks);
     }
     if (!outcome.standardOutput.empty()) {
         text += writePart("expect stdout", outcome.standardOutput);

@@ -28,6 +28,8 @@ struct Outcome {
     std::optional<std::string> output;
     std::optional<std::string> log;
     std::vector<CaseEntry> files;
+    /// The checks, a line each, where they are asked for.
+    std::optional<std::string> checks;
 };
 
 struct Case {

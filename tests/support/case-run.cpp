@@ -86,6 +86,29 @@ void appendDifference(std::string& text, const char* what,
 
 }  // namespace
 
+std::string checkLine(const Finding& finding) {
+    std::string line = finding.position.inclusion == nullptr
+                           ? std::string("-")
+                           : finding.position.inclusion->file->displayPath;
+    line += ':' + std::to_string(finding.position.lineNumber);
+    if (finding.columns != ColumnRange()) {
+        line += ':' + std::to_string(finding.columns.first) + '-' +
+                std::to_string(finding.columns.last);
+    }
+    return line + ' ' + std::string(finding.code) + '\n';
+}
+
+ConverterRun runForChecks(const std::vector<std::string>& arguments, const Limits& limits) {
+    std::string checks;
+    ConverterRun run = runCommandForFindings(arguments, limits, [&](const Finding& finding) {
+        if (finding.origin == FindingOrigin::check) {
+            checks += checkLine(finding);
+        }
+    });
+    run.checks = checks;
+    return run;
+}
+
 Outcome runCase(const Case& test, const std::vector<CaseEntry>& files, const RunConverter& run) {
     const TemporaryDirectory directory;
     const fs::path& root = directory.path();
@@ -102,7 +125,7 @@ Outcome runCase(const Case& test, const std::vector<CaseEntry>& files, const Run
     }
     std::vector<std::optional<std::string>> before;
     std::transform(paths.begin(), paths.end(), std::back_inserter(before), contentOf);
-    const CommandResult result = [&] {
+    const ConverterRun result = [&] {
         const WorkingDirectory here(root);
         return run(arguments, test.limits);
     }();
@@ -117,6 +140,7 @@ Outcome runCase(const Case& test, const std::vector<CaseEntry>& files, const Run
     };
     Outcome outcome;
     outcome.status = result.status;
+    outcome.checks = result.checks;
     outcome.standardOutput = withoutRoot(result.standardOutput, root);
     outcome.standardError = withoutRoot(result.standardError, root);
     outcome.output = contentAfter(0);
@@ -141,6 +165,9 @@ std::string outcomeDifference(const Outcome& expected, const Outcome& actual) {
                      std::string_view(actual.standardOutput));
     appendDifference(text, "output", expected.output, actual.output);
     appendDifference(text, "log", expected.log, actual.log);
+    if (expected.checks) {
+        appendDifference(text, "checks", expected.checks, actual.checks);
+    }
     for (const CaseEntry& file : expected.files) {
         const auto found =
             std::find_if(actual.files.begin(), actual.files.end(),

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "src/app/command.h"
@@ -10,9 +12,21 @@
 
 namespace torvel::test {
 
+/// What a run gives: with the checks, a line each, where it was asked for them.
+struct ConverterRun : CommandResult {
+    ConverterRun(CommandResult result) : CommandResult(std::move(result)) {}
+    std::optional<std::string> checks;
+};
+
 /// Runs the converter on arguments, in the current working directory.
 using RunConverter =
-    std::function<CommandResult(const std::vector<std::string>& arguments, const Limits& limits)>;
+    std::function<ConverterRun(const std::vector<std::string>& arguments, const Limits& limits)>;
+
+/// A check as cases have it: "file:line:first-last code", without columns where they are not known.
+std::string checkLine(const Finding& finding);
+
+/// Runs the converter and asks it for the checks.
+ConverterRun runForChecks(const std::vector<std::string>& arguments, const Limits& limits);
 
 /// Lays out `files` in a folder of their own with the case's folders and links, runs the converter there
 /// and gathers what it leaves behind.

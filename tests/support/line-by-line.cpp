@@ -42,7 +42,7 @@ std::size_t ConvertedLine::linesOfText() const {
 LineByLine::LineByLine(const Program& program, const AxisNames& axes, const Limits& limits)
     : context_{program, axes, limits, log_, {}} {
     for (const SourcePosition& position : program.nulCharacters) {
-        log_.push_back({messageText(Message::NulCharacter), position});
+        log_.push_back({messageText(Message::NulCharacter), position, Message::NulCharacter});
     }
 }
 

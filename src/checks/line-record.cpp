@@ -1,0 +1,148 @@
+#include "src/checks/line-record.h"
+
+#include <algorithm>
+#include <iterator>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "src/base/characters.h"
+
+namespace torvel {
+
+namespace {
+
+constexpr std::string_view marker = "#error_unconvertible";
+
+/// Whether a placeholder stands in Torvel text; one in a string is none.
+bool hasPlaceholder(std::string_view text) {
+    bool isInString = false;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        isInString = isInString != (text[at] == '"');
+        if (!isInString && text.substr(at).starts_with("/* $")) {
+            return true;
+        }
+    }
+    return false;
+}
+
+FindingTodo todoOf(bool isConverted, std::string_view text) {
+    if (!isConverted || text.starts_with(marker)) {
+        return FindingTodo::rewrite;
+    }
+    return hasPlaceholder(text) ? FindingTodo::complete : FindingTodo::look;
+}
+
+/// A define that Torvel does not take stands behind a marker without a message.
+bool isLostDefine(const Program& program, std::span<const Token> tokens) {
+    return tokens.size() == 1 && tokens[0].type == TokenType::CONVERSION_TEXT &&
+           program.textOf(tokens[0]).starts_with(marker);
+}
+
+void recordEffect(const ConversionContext& context, BlockEffect effect) {
+    Fact fact;
+    switch (effect) {
+        case BlockEffect::Opens: fact.kind = Fact::Kind::opens; break;
+        case BlockEffect::Closes: fact.kind = Fact::Kind::closes; break;
+        case BlockEffect::Continues: fact.kind = Fact::Kind::continues; break;
+        default: return;
+    }
+    fact.position = context.position;
+    context.record->facts.push_back(std::move(fact));
+}
+
+}  // namespace
+
+LineMark beginLine(const ConversionContext& context) {
+    return {markOf(*context.record), context.log.size()};
+}
+
+void recordLine(ConversionContext& context, const LineMark& mark, std::size_t number,
+                bool isConverted, std::string_view text, BlockEffect effect) {
+    CheckRecord& record = *context.record;
+    const Program& program = context.program;
+    if (isConverted) {
+        recordEffect(context, effect);
+    } else {
+        takeOff(record, mark.record);
+    }
+    if (program.text.view(program.list.lines[number].comment).ends_with('\\')) {
+        record.findings.push_back(makeFinding(Check::CommentContinues, context.position));
+    }
+    for (std::size_t i = mark.messages; i < context.log.size(); ++i) {
+        const ConversionMessage& message = context.log[i];
+        record.findings.push_back(makeFinding(message.message, message.text, message.position));
+    }
+    if (isLostDefine(program, program.list.tokensOf(number))) {
+        Finding finding = makeFinding(Check::DefineNotKept, context.position);
+        finding.origin = FindingOrigin::define;
+        record.findings.push_back(std::move(finding));
+    }
+    const FindingTodo todo = todoOf(isConverted, text);
+    const auto line = static_cast<std::uint32_t>(number);
+    for (std::size_t i = mark.record.findings; i < record.findings.size(); ++i) {
+        record.findings[i].programLine = line;
+        record.findings[i].todo = todo;
+    }
+    for (std::size_t i = mark.record.facts; i < record.facts.size(); ++i) {
+        record.facts[i].programLine = line;
+    }
+}
+
+void append(CheckRecord& record, CheckRecord&& further) {
+    const auto moveBehind = [](auto& list, auto& rows) {
+        list.insert(list.end(), std::make_move_iterator(rows.begin()),
+                    std::make_move_iterator(rows.end()));
+    };
+    moveBehind(record.findings, further.findings);
+    moveBehind(record.facts, further.facts);
+}
+
+namespace {
+
+/// One finding a file for its dropped comments, with their lines. A file that is included again has the same.
+void joinDroppedComments(std::vector<Finding>& findings) {
+    std::unordered_map<const SourceFile*, std::size_t> firstOfFile;
+    std::vector<Finding> joined;
+    const std::string_view code = checkRow(Check::CommentDropped).code;
+    for (Finding& finding : findings) {
+        if (finding.code != code) {
+            joined.push_back(std::move(finding));
+            continue;
+        }
+        const auto [entry, isFirst] =
+            firstOfFile.try_emplace(finding.position.inclusion->file, joined.size());
+        if (isFirst) {
+            joined.push_back(std::move(finding));
+        } else if (Finding& first = joined[entry->second];
+                   first.position.inclusion == finding.position.inclusion &&
+                   first.lines.back() != finding.lines.front()) {
+            first.lines.push_back(finding.lines.front());
+        }
+    }
+    findings = std::move(joined);
+}
+
+}  // namespace
+
+void finishRecord(const Program& program, CheckRecord& record) {
+    joinDroppedComments(record.findings);
+    for (const SourcePosition& position : program.nulCharacters) {
+        Finding finding =
+            makeFinding(Message::NulCharacter, messageText(Message::NulCharacter), position);
+        record.findings.insert(record.findings.begin(), std::move(finding));
+    }
+    std::stable_sort(record.findings.begin(), record.findings.end(),
+                     [](const Finding& a, const Finding& b) {
+                         return std::pair(a.programLine, a.columns.first) <
+                                std::pair(b.programLine, b.columns.first);
+                     });
+}
+
+Finding unreadableFinding(const ParseException& error) {
+    Finding finding = makeFinding(error.message(), error.text(), error.position());
+    finding.todo = FindingTodo::fixSource;
+    return finding;
+}
+
+}  // namespace torvel

@@ -1,0 +1,124 @@
+#include "src/expr/number-checks.h"
+
+#include <algorithm>
+
+#include "src/base/characters.h"
+#include "src/expr/known-rows.h"
+#include "src/expr/number-text.h"
+
+namespace torvel {
+
+namespace {
+
+bool isNumber(TokenType type) {
+    return type == TokenType::INTEGER_LITERAL || type == TokenType::HEX_LITERAL ||
+           type == TokenType::FLOAT_LITERAL || type == TokenType::NUMBER_DEFINE;
+}
+
+/// The text that a number is written with.
+TextSpan writtenText(const Program& program, const Token& token) {
+    return isPreservedDefine(token.type) ? program.defineTexts[token.number].value : token.text;
+}
+
+bool isWrittenInProgram(const Program& program, std::span<const Token> tokens) {
+    return std::any_of(tokens.begin(), tokens.end(), [&](const Token& token) {
+        return isNumber(token.type) &&
+               findPredefinedText(program, writtenText(program, token)) == nullptr;
+    });
+}
+
+}  // namespace
+
+std::optional<std::int32_t> decimalReading(std::string_view text) {
+    const std::optional<std::int32_t> value = parseIntegerText(text);
+    const std::size_t sign = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
+    std::size_t zeros = sign;
+    while (zeros + 1 < text.size() && text[zeros] == '0') {
+        ++zeros;
+    }
+    if (!value || zeros == sign || !isDigit(text[zeros])) {
+        return std::nullopt;
+    }
+    const std::optional<std::int32_t> decimal =
+        parseIntegerText(std::string(text.substr(0, sign)) + std::string(text.substr(zeros)));
+    return decimal == value ? std::nullopt : decimal;
+}
+
+void checkOctal(Statement& statement, std::string_view text, const Token* first) {
+    if (statement.context.record != nullptr && decimalReading(text)) {
+        noteCheck(statement, Check::Octal, first);
+    }
+}
+
+void checkItemNumber(Statement& statement, ItemTable table, std::string_view text,
+                     const Token* first) {
+    if (statement.context.record == nullptr) {
+        return;
+    }
+    checkOctal(statement, text, first);
+    const std::optional<std::int32_t> number = parseIntegerText(text);
+    if (number && *number >= 0 && !isKnownRow(table, static_cast<std::uint32_t>(*number)) &&
+        isWrittenInProgram(statement.context.program, {first, statement.cursor.place()})) {
+        noteCheck(statement, Check::ComposedNumber, first);
+    }
+}
+
+void checkPrintedNumber(Statement& statement) {
+    const Program& program = statement.context.program;
+    const Token* const token = statement.cursor.place();
+    const PredefinedText* const text = findPredefinedText(program, writtenText(program, *token));
+    if (text == nullptr || !text->isComposed) {
+        return;
+    }
+    // The numbers of one constant are one finding.
+    const bool isFirst =
+        token->type != TokenType::INTEGER_LITERAL || token->text.offset == text->text.offset ||
+        program.text.view({text->text.offset, token->text.offset - text->text.offset})
+                .find_first_of("0123456789") == std::string_view::npos;
+    if (isFirst) {
+        noteCheck(statement, Check::ComposedNumber, token, token + 1);
+    }
+}
+
+void checkJoinedBySign(Statement& statement, const Token* first) {
+    const ConversionContext& context = statement.context;
+    if (context.record == nullptr) {
+        return;
+    }
+    const Token* const last = statement.cursor.place();
+    const auto hasText = [](const Token& token) { return !isPreservedDefine(token.type); };
+    int depth = 0;
+    for (const Token* token = first; token != last; ++token) {
+        const TokenType type = token->type;
+        depth += type == TokenType::LEFT_PAREN || type == TokenType::LEFT_BRACKET ? 1 : 0;
+        depth -= type == TokenType::RIGHT_PAREN || type == TokenType::RIGHT_BRACKET ? 1 : 0;
+        if (depth != 0 || (type != TokenType::MINUS && type != TokenType::PLUS) || token == first ||
+            last - token < 2) {
+            continue;
+        }
+        using enum TokenType;
+        const TokenType before = token[-1].type;
+        const bool isBinary = isNumber(before) || before == RIGHT_PAREN ||
+                              before == RIGHT_BRACKET || before == TRUE || before == FALSE ||
+                              isAddressLetter(before) || isNumericVariable(before) ||
+                              before == AXIS_NAME || before == AXIS_DEFINE;
+        if (!isBinary) {
+            continue;
+        }
+        const std::uint32_t end = token->text.offset + token->text.length;
+        const bool isTight = !hasText(token[1]) || token[1].text.offset == end ||
+                             (token[1].type == STRING_LITERAL && token[1].text.offset == end + 1);
+        const bool hasBlank =
+            token->text.offset >= context.lineText.offset + 1 &&
+                    end <= context.lineText.offset + context.lineText.length
+                ? isBlank(context.program.text.view({token->text.offset - 1, 1})[0])
+                : !hasText(token[-1]) ||
+                      token[-1].text.offset + token[-1].text.length != token->text.offset;
+        if (isTight && hasBlank) {
+            noteCheck(statement, Check::JoinedBySign, first);
+            return;
+        }
+    }
+}
+
+}  // namespace torvel

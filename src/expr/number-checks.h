@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "src/expr/parser-core.h"
+#include "src/expr/variables.h"
+
+// Checks of numbers whose value counted when the program was converted. All do nothing where nobody asks.
+
+namespace torvel {
+
+/// The number chose a row of a table: octal, or composed and written in the program. `text` is the number as
+/// Torvel text, its tokens are those from `first` up to the cursor.
+void checkItemNumber(Statement& statement, ItemTable table, std::string_view text,
+                     const Token* first);
+
+/// The value of a number without its leading zeros, where that is another value; nothing otherwise.
+std::optional<std::int32_t> decimalReading(std::string_view text);
+
+/// The value of the number counted, and another one would have made another text.
+void checkOctal(Statement& statement, std::string_view text, const Token* first);
+
+/// The current token, a literal or a preserved number, is printed as it is.
+void checkPrintedNumber(Statement& statement);
+
+/// Where commas may be left out, the operand of the tokens from `first` up to the cursor holds a sign with a blank
+/// in front of it and none behind it.
+void checkJoinedBySign(Statement& statement, const Token* first);
+
+}  // namespace torvel
