@@ -10,10 +10,10 @@ TEST(Program, OnlyAPreservedDefineHasAValue) {
     Program program;
     const TextSpan name = program.text.add("COUNT");
     program.defineTexts.push_back({name, program.text.add("5")});
-    const Token define{TokenType::NUMBER_DEFINE, {0, 0}};
+    const Token define = makeNumberedToken(TokenType::NUMBER_DEFINE, 0);
     EXPECT_EQ(program.textOf(define), "COUNT");
     EXPECT_EQ(program.valueOf(define), "5");
-    const Token word{TokenType::IDENTIFIER, name};
+    const Token word{TokenType::IDENTIFIER, {name}};
     EXPECT_EQ(program.textOf(word), "COUNT");
     EXPECT_EQ(program.valueOf(word), "");
 }
