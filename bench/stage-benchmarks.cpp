@@ -10,11 +10,13 @@
 #include "bench/corpus.h"
 #include "src/app/command.h"
 #include "src/app/conversion.h"
+#include "src/app/output-layout.h"
 #include "src/expr/expressions.h"
 #include "src/lex/lexer.h"
 #include "src/preprocess/defines.h"
 #include "src/preprocess/line-splitter.h"
 #include "src/preprocess/preprocessor.h"
+#include "src/stmt/statement.h"
 
 namespace torvel::bench {
 
