@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "src/base/findings.h"
@@ -32,6 +33,7 @@ struct Fact {
         opens,        // a line of the output that opens a block
         closes,       // one that closes a block
         continues,    // one that closes a branch and opens the next
+        refused,      // a line that could not be converted
     };
 
     Kind kind{};
@@ -49,6 +51,8 @@ struct Fact {
 struct CheckRecord {
     std::vector<Finding> findings;
     std::vector<Fact> facts;
+    /// Variables of which a fact is there.
+    std::unordered_set<std::string> variables;
 };
 
 /// Records a comment that the output does not have, on that line.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "src/base/characters.h"
+#include "src/checks/program-checks.h"
 
 namespace torvel {
 
@@ -39,8 +40,59 @@ bool isLostDefine(const Program& program, std::span<const Token> tokens) {
            program.textOf(tokens[0]).starts_with(marker);
 }
 
-void recordEffect(const ConversionContext& context, BlockEffect effect) {
+/// The variables among tokens, each of them once. Those that stand in `except`, a macro's head, are its arguments.
+void recordVariables(const ConversionContext& context, TextSpan lineText,
+                     std::span<const Token> tokens, std::string_view except) {
+    CheckRecord& record = *context.record;
+    for (const Token& token : tokens) {
+        if (token.type != TokenType::VARIABLE) {
+            continue;
+        }
+        std::string name(context.program.textOf(token));
+        const std::size_t argument = except.find(name);
+        if (argument != std::string_view::npos &&
+            !isWordCharacter(except[argument + name.size()])) {
+            continue;
+        }
+        if (record.variables.insert(name).second) {
+            Fact fact;
+            fact.kind = Fact::Kind::variable;
+            fact.position = context.position;
+            fact.columns = columnsOf(context.program, context.position, lineText, token.text);
+            fact.name = std::move(name);
+            record.facts.push_back(std::move(fact));
+        }
+    }
+}
+
+/// The variables of a line, or of the body of the macro that it defines.
+void recordVariables(const ConversionContext& context, std::size_t number) {
+    const Program& program = context.program;
+    const std::span<const Token> tokens = program.list.tokensOf(number);
+    if (tokens.empty() || tokens[0].type != macroDefinitionToken) {
+        recordVariables(context, program.list.lines[number].text, tokens, {});
+        return;
+    }
+    const Macro& macro = program.macros[tokens[0].number];
+    for (std::size_t line = 0; line < macro.lines.lines.size(); ++line) {
+        recordVariables(context, macro.lines.lines[line].text, macro.lines.tokensOf(line),
+                        program.text.view(macro.head));
+    }
+}
+
+/// Whether a line that opens a block opens an IF; a label or an N-code may stand in front of it.
+bool isIf(std::string_view text) {
+    text.remove_prefix(text.rfind('\n') + 1);
+    if (text.starts_with('N') || text.starts_with('n')) {
+        const std::size_t word = text.find_first_not_of("0123456789", 1);
+        text.remove_prefix(word > 1 ? std::min(word, text.size()) : 0);
+    }
+    return text.starts_with("if ");
+}
+
+void recordEffect(const ConversionContext& context, BlockEffect effect, std::string_view text) {
     Fact fact;
+    fact.name = isIf(text) ? "if" : "";
     switch (effect) {
         case BlockEffect::Opens: fact.kind = Fact::Kind::opens; break;
         case BlockEffect::Closes: fact.kind = Fact::Kind::closes; break;
@@ -62,9 +114,13 @@ void recordLine(ConversionContext& context, const LineMark& mark, std::size_t nu
     CheckRecord& record = *context.record;
     const Program& program = context.program;
     if (isConverted) {
-        recordEffect(context, effect);
+        recordEffect(context, effect, text);
+        recordVariables(context, number);
     } else {
         takeOff(record, mark.record);
+        Fact refused;
+        refused.kind = Fact::Kind::refused;
+        record.facts.push_back(std::move(refused));
     }
     if (program.text.view(program.list.lines[number].comment).ends_with('\\')) {
         record.findings.push_back(makeFinding(Check::CommentContinues, context.position));
@@ -127,6 +183,12 @@ void joinDroppedComments(std::vector<Finding>& findings) {
 
 void finishRecord(const Program& program, CheckRecord& record) {
     joinDroppedComments(record.findings);
+    std::stable_sort(record.facts.begin(), record.facts.end(),
+                     [](const Fact& a, const Fact& b) { return a.programLine < b.programLine; });
+    checkDefines(record);
+    checkJumps(record);
+    checkBlocks(record);
+    checkNames(record);
     for (const SourcePosition& position : program.nulCharacters) {
         Finding finding =
             makeFinding(Message::NulCharacter, messageText(Message::NulCharacter), position);

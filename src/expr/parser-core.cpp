@@ -84,10 +84,12 @@ void recordFact(Statement& statement, Fact::Kind kind, std::string_view name, co
     context.record->facts.push_back(std::move(fact));
 }
 
-void noteEffect(Statement& statement, BlockEffect effect) {
+void noteEffect(Statement& statement, BlockEffect effect, std::string_view text) {
     const Token* const place = statement.cursor.place();
     switch (effect) {
-        case BlockEffect::Opens: noteFact(statement, Fact::Kind::opens, {}, place); break;
+        case BlockEffect::Opens:
+            noteFact(statement, Fact::Kind::opens, text.starts_with("if ") ? "if" : "", place);
+            break;
         case BlockEffect::Closes: noteFact(statement, Fact::Kind::closes, {}, place); break;
         case BlockEffect::Continues: noteFact(statement, Fact::Kind::continues, {}, place); break;
         default: break;

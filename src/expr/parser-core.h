@@ -159,8 +159,8 @@ inline void noteFact(Statement& statement, Fact::Kind kind, std::string_view nam
     }
 }
 
-/// Records what a converted line does to the nesting of blocks.
-void noteEffect(Statement& statement, BlockEffect effect);
+/// Records what a converted line of a macro's body does to the nesting of blocks.
+void noteEffect(Statement& statement, BlockEffect effect, std::string_view text);
 
 /// Forgets the checks that are recorded while it lives: for an operand whose text is not written. What it says
 /// for the passes is forgotten too where nothing comes of its value.

@@ -105,6 +105,11 @@ void runDefine(PreprocessorRun& run, DirectiveLine& directive) {
     std::string directiveText;
     if (const auto preserved = classifyValue(run, body.text, hasNames, value)) {
         const TextSpan nameText = run.program.text.add(name);
+        for (const Defines::Use& use : run.defines.takeUses()) {
+            noteFact(run, Fact::Kind::valueUse, directive.position(),
+                     run.program.text.view(use.name));
+        }
+        noteFact(run, Fact::Kind::define, directive.position(), name, preserved->value);
         const TextSpan valueText = run.program.text.add(preserved->value);
         if (run.record != nullptr && hasNames) {
             if (const PredefinedText* const text = predefinedTextOf(run, value)) {
@@ -114,6 +119,9 @@ void runDefine(PreprocessorRun& run, DirectiveLine& directive) {
         expansion = run.defines.storePreserved(preserved->type, {nameText, valueText});
         directiveText = continuedText(joinWords(head, preserved->value));
     } else {
+        run.defines.takeUses();
+        noteFact(run, Fact::Kind::lostDefine, directive.position(), name,
+                 run.program.text.view(body.text));
         expansion = run.defines.storeExpansion(value, static_cast<std::uint32_t>(bytes));
         directiveText = unconvertedText(joinWords(head, run.program.text.view(body.text)));
     }

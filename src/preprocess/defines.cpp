@@ -281,6 +281,11 @@ bool Defines::substituteText(TextSpan text, std::size_t rowLimit, bool withProgr
     for (; match.expansion != nullptr; match = names.next(at)) {
         const Expansion expansion = *match.expansion;
         out.addPlain(text.subspan(plainStart, at - plainStart));
+        if (gathersUses_ && withProgramNames) {
+            const bool isToken = expansion.pieces.count == 1 &&
+                                 pieces_[expansion.pieces.first].kind == Piece::Kind::token;
+            uses_.push_back({text.subspan(at, match.length), isToken});
+        }
         if (expansion.pieces.count == 1) {
             out.pieces.push_back(pieces_[expansion.pieces.first]);
         } else if (expansion.pieces.count > 1) {
@@ -304,6 +309,10 @@ Expansion Defines::storePreserved(TokenType type, const DefineTexts& texts) {
     const auto first = static_cast<std::uint32_t>(pieces_.size());
     pieces_.emplace_back(makeDefineToken(program_, type, texts));
     return {{first, 1}, std::max(texts.value.length, std::uint32_t{1})};
+}
+
+bool Defines::isPredefined(std::string_view name) const {
+    return findPredefined(predefined_, name, hashText(name)).has_value();
 }
 
 bool Defines::isDefined(std::string_view name) const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "src/base/program.h"
@@ -79,6 +80,18 @@ public:
     template <typename Visit>
     void visitPieces(const std::vector<Piece>& pieces, Visit visit) const;
 
+    /// A name of the program's that was replaced.
+    struct Use {
+        TextSpan name;
+        /// By a preserved define, which the conversion may write by its name.
+        bool isPreserved = false;
+    };
+    /// From now on the names that are replaced are told by takeUses().
+    void gatherUses() { gathersUses_ = true; }
+    std::vector<Use> takeUses() { return std::exchange(uses_, {}); }
+
+    /// Whether the controller defines the name by itself.
+    bool isPredefined(std::string_view name) const;
     /// Whether `name` counts as defined for a conditional: names of branches not taken do not.
     bool isDefined(std::string_view name) const;
     /// Whether `name` is a macro that can be called here.
@@ -102,6 +115,8 @@ private:
     const PredefinedTable& predefined_;
     DefineTable table_;
     std::vector<Piece> pieces_;
+    bool gathersUses_ = false;
+    std::vector<Use> uses_;
     /// Expansions of the predefined constants that were met, by row.
     struct PredefinedExpansion {
         bool made = false;

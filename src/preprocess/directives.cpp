@@ -50,6 +50,7 @@ void runUndef(PreprocessorRun& run, DirectiveLine& directive) {
     const std::string_view name = directive.readIdentifier();
     directive.expectEnd();
     run.defines.table().enter(name, DefineTable::Kind::undefined);
+    noteFact(run, Fact::Kind::undef, directive.position(), name);
     preserveDirective(run, directive, directive.name(), name);
 }
 
@@ -60,11 +61,23 @@ void runSubst(PreprocessorRun& run, DirectiveLine& directive) {
     run.substitutes = directive.name() == "subst";
 }
 
+/// What the passes are told of a condition's name: "!" where it must not be defined, "*" where the controller
+/// defines it.
+std::string conditionValue(const PreprocessorRun& run, std::string_view name, bool isNegated) {
+    std::string value = isNegated ? "!" : "";
+    if (run.record != nullptr && run.defines.isPredefined(name)) {
+        value += '*';
+    }
+    return value;
+}
+
 /// #ifdef NAME and #ifndef NAME
 void runIfdef(PreprocessorRun& run, DirectiveLine& directive) {
     const std::string_view name = directive.readName("\\");
     directive.expectEnd();
     const bool holds = run.defines.isDefined(name) == (directive.name() == "ifdef");
+    noteFact(run, Fact::Kind::ifdef, directive.position(), name,
+             conditionValue(run, name, directive.name() == "ifndef"));
     run.conditions.push_back({holds, false});
     run.defines.table().openScope(holds);
     preserveDirective(run, directive, directive.name(), name);
@@ -91,6 +104,7 @@ void runElseif(PreprocessorRun& run, DirectiveLine& directive) {
     if (run.conditions.back().elseSeen) {
         directive.fail(Message::ElseifAfterElse);
     }
+    noteFact(run, Fact::Kind::elif, directive.position(), name, conditionValue(run, name, false));
     beginBranch(run, [&] { return run.defines.isDefined(name); });
     preserveDirective(run, directive, "elif", name);
 }
@@ -105,6 +119,7 @@ void runElse(PreprocessorRun& run, DirectiveLine& directive) {
         directive.fail(Message::ElseRepeated);
     }
     run.conditions.back().elseSeen = true;
+    noteFact(run, Fact::Kind::otherwise, directive.position(), {});
     beginBranch(run, [] { return true; });
     preserveDirective(run, directive, directive.name());
 }
@@ -116,6 +131,7 @@ void runEndif(PreprocessorRun& run, DirectiveLine& directive) {
         directive.fail(Message::EndifUnexpected);
     }
     run.conditions.pop_back();
+    noteFact(run, Fact::Kind::endif, directive.position(), {});
     run.defines.table().closeScope();
     preserveDirective(run, directive, directive.name());
 }

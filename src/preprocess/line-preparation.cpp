@@ -88,6 +88,20 @@ void appendTokens(PreprocessorRun& run, LineList& list, const SubstitutedText& s
     });
 }
 
+/// Tells the passes which names were replaced by text. The line is the last one.
+void noteUses(PreprocessorRun& run, const SourcePosition& position, TextSpan lineText) {
+    if (run.record == nullptr) {
+        return;
+    }
+    for (const Defines::Use& use : run.defines.takeUses()) {
+        if (!use.isPreserved) {
+            noteFact(run, Fact::Kind::valueUse, position, run.program.text.view(use.name));
+            --run.record->facts.back().programLine;  // the line is appended already
+            run.record->facts.back().columns = columnsOf(run.program, position, lineText, use.name);
+        }
+    }
+}
+
 /// A macro's argument in a line of its body: a "$" and the letters, digits and "_" behind it.
 using Arguments = std::unordered_set<std::string_view>;
 
@@ -139,6 +153,7 @@ void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosi
         }
         return;
     }
+    noteUses(run, position, line.text);
     appendTokens(run, list, substituted, call.length != 0, line, position);
 }
 
@@ -167,6 +182,7 @@ void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
         done = placeOf(argument) + argument.size();
     }
     addText(run, code.subspan(done, code.length - done), substituted);
+    noteUses(run, position, code);
     appendTokens(run, list, substituted, call.length != 0, {code, code, {}, 0}, position);
 }
 

@@ -55,6 +55,10 @@ struct PreprocessorRun {
 void preprocessFile(PreprocessorRun& run, std::string_view path,
                     const SourcePosition& includedFrom);
 
+/// Records what a directive or a line says for the passes over the whole program, if somebody asks for checks.
+void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& position,
+              std::string_view name, std::string_view value = {});
+
 /// Replaces the names in `text`. False: it stays one piece, since it holds no name or substitution
 /// is switched off.
 bool substitute(PreprocessorRun& run, TextSpan text, SubstitutedText& out);

@@ -61,6 +61,20 @@ void preprocessFile(PreprocessorRun& run, std::string_view path,
     }
 }
 
+void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& position,
+              std::string_view name, std::string_view value) {
+    if (run.record == nullptr) {
+        return;
+    }
+    Fact fact;
+    fact.kind = kind;
+    fact.programLine = static_cast<std::uint32_t>(run.program.list.lines.size());
+    fact.position = position;
+    fact.name = name;
+    fact.value = value;
+    run.record->facts.push_back(std::move(fact));
+}
+
 void appendDirectiveLine(PreprocessorRun& run, const SourcePosition& position, TextSpan source,
                          TextSpan comment, const Token& token) {
     run.program.list.append(position, source, comment);
@@ -73,6 +87,9 @@ void preprocessProgram(Program& program, std::string_view path, const AxisNames&
                        const FileSource& source, CheckRecord* record) {
     PreprocessorRun run(program, axes, limits, predefined, source);
     run.record = record;
+    if (record != nullptr) {
+        run.defines.gatherUses();
+    }
     try {
         preprocessFile(run, path, {});
     } catch (const TextStoreFull&) {

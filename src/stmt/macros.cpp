@@ -50,7 +50,9 @@ void convertMacroDefinition(Statement& statement, const Macro& macro) {
                              tokensOf(program, macro.lines, line, statement.context.axes, room),
                              text, effect) &&
             isConverted;
-        noteEffect(statement, effect);
+        if (record != nullptr) {
+            noteEffect(statement, effect, text);
+        }
         body += line == 0 ? "" : "\n";
         body += text;
     }

@@ -46,6 +46,8 @@ struct Entry {
     std::string heading;
     std::string section;  // the class of the section that it stands in
     std::string symbol;
+    /// What links lead to.
+    std::string anchor;
     Case example;
     bool hasExample = false;
     bool hasText = false;
@@ -95,6 +97,8 @@ bool readMarker(Entry& entry, std::string_view line) {
         entry.company = wordsOf(company);
     } else if (const std::string limit = markerValue(line, "limit"); !limit.empty()) {
         setLimit(entry.example.limits, limit);
+    } else if (line.starts_with("<a id=\"") && line.ends_with("\"></a>")) {
+        entry.anchor = line.substr(7, line.size() - 13);
     } else {
         return false;
     }
@@ -331,6 +335,7 @@ TEST(MessagesPage, EntriesHaveTheMessageAsHeadingAndStandWithTheirClass) {
         }
         EXPECT_EQ(entry.heading, replaceAll(row->text, "{}", "…")) << entry.symbol;
         EXPECT_EQ(entry.section, row->messageClass) << entry.symbol;
+        EXPECT_EQ(entry.anchor, row->code) << entry.symbol;
         EXPECT_TRUE(entry.hasText) << entry.symbol << " has nothing to say";
     }
 }

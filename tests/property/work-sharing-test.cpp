@@ -1,4 +1,5 @@
-// However the lines of a program are shared out to threads, its output and its messages are the same.
+// However the lines of a program are shared out to threads, its output, its messages and its findings are the
+// same.
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,7 @@
 #include "bench/corpus.h"
 #include "src/app/conversion.h"
 #include "src/preprocess/preprocessor.h"
+#include "tests/support/case-run.h"
 #include "tests/support/temporary-directory.h"
 #include "tests/support/text-difference.h"
 
@@ -31,7 +33,7 @@ public:
             writeFile(directory_.path() / file.path, file.text);
         }
         preprocessProgram(program_, (directory_.path() / files.front().path).string(), axes_,
-                          limits_);
+                          limits_, predefinedConstants(), fileSystemSource(), &record_);
     }
 
     std::size_t lineCount() const { return program_.list.lines.size(); }
@@ -40,17 +42,23 @@ public:
         std::string output;
         /// The messages as the log has them.
         std::string log;
+        /// The findings, a line each.
+        std::string findings;
     };
 
     Conversion convert(const WorkSharing& sharing) const {
         MessageLog log;
-        ConversionContext context{program_, axes_, limits_, log, {}};
+        CheckRecord record = record_;
+        ConversionContext context{program_, axes_, limits_, log, {}, 0, {}, &record};
         OutputFile output;
         const fs::path path = directory_.path() / "output";
         EXPECT_TRUE(output.open(path));
         convertProgram(context, output, sharing);
         EXPECT_TRUE(output.close());
-        Conversion conversion{readFile(path), {}};
+        Conversion conversion{readFile(path), {}, {}};
+        for (const Finding& finding : record.findings) {
+            conversion.findings += checkLine(finding);
+        }
         for (const ConversionMessage& message : log) {
             conversion.log += formatDiagnostic(message.position, message.text) + '\n';
         }
@@ -62,6 +70,8 @@ private:
     AxisNames axes_;
     Limits limits_;
     Program program_;
+    /// What the preprocessor found.
+    CheckRecord record_;
 };
 
 }  // namespace
@@ -73,6 +83,7 @@ TEST(WorkSharing, ChangesNothing) {
     const GeneratedProgram::Conversion whole = program.convert({lines, 0U});
     EXPECT_NE(whole.output.find("\n\t"), std::string::npos) << "no line stands in a block";
     EXPECT_GT(std::count(whole.log.begin(), whole.log.end(), '\n'), 100);
+    EXPECT_GT(std::count(whole.findings.begin(), whole.findings.end(), '\n'), 100);
     // A part of no lines counts as one of one line.
     for (const std::size_t linesPerPart :
          {std::size_t{0}, std::size_t{1}, std::size_t{2}, std::size_t{7}, std::size_t{64},
@@ -83,6 +94,7 @@ TEST(WorkSharing, ChangesNothing) {
             const GeneratedProgram::Conversion shared = program.convert({linesPerPart, helpers});
             EXPECT_EQ(textDifference(whole.output, shared.output), "");
             EXPECT_EQ(textDifference(whole.log, shared.log), "");
+            EXPECT_EQ(textDifference(whole.findings, shared.findings), "");
         }
     }
 }
@@ -93,6 +105,7 @@ TEST(WorkSharing, ByTheProcessorsThatThereAre) {
     const GeneratedProgram::Conversion shared = program.convert({16, {}});
     EXPECT_EQ(textDifference(whole.output, shared.output), "");
     EXPECT_EQ(textDifference(whole.log, shared.log), "");
+    EXPECT_EQ(textDifference(whole.findings, shared.findings), "");
 }
 
 }  // namespace torvel::test

@@ -64,7 +64,7 @@ std::string_view withoutPlace(std::string_view line) {
 
 const std::vector<MessageRow>& messageRows() {
     static const std::vector<MessageRow> rows = {
-#define MESSAGE(symbol, code, messageClass, text) {#symbol, #messageClass, text},
+#define MESSAGE(symbol, code, messageClass, text) {#symbol, code, #messageClass, text},
 #include "src/base/messages.def"
     };
     return rows;

@@ -9,6 +9,7 @@ namespace torvel::test {
 /// A row of src/base/messages.def.
 struct MessageRow {
     std::string_view symbol;
+    std::string_view code;
     std::string_view messageClass;
     /// With "{}" for its holes.
     std::string_view text;
