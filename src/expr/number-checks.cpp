@@ -27,6 +27,23 @@ bool isWrittenInProgram(const Program& program, std::span<const Token> tokens) {
     });
 }
 
+/// Whether a blank stands in front of a sign or behind it: in the line, or where the sign came from a define between
+/// its token and the next.
+bool isBlankBeside(const ConversionContext& context, const Token& sign, bool isBehind,
+                   const Token* neighbour) {
+    const TextSpan line = context.lineText;
+    const std::uint32_t end = sign.text.offset + sign.text.length;
+    if (sign.text.offset > line.offset && end < line.offset + line.length) {
+        const std::uint32_t place = isBehind ? end : sign.text.offset - 1;
+        return isBlank(context.program.text.view({place, 1})[0]);
+    }
+    if (isPreservedDefine(neighbour->type)) {
+        return !isBehind;
+    }
+    return isBehind ? neighbour->text.offset != end
+                    : neighbour->text.offset + neighbour->text.length != sign.text.offset;
+}
+
 }  // namespace
 
 std::optional<std::int32_t> decimalReading(std::string_view text) {
@@ -86,7 +103,6 @@ void checkJoinedBySign(Statement& statement, const Token* first) {
         return;
     }
     const Token* const last = statement.cursor.place();
-    const auto hasText = [](const Token& token) { return !isPreservedDefine(token.type); };
     int depth = 0;
     for (const Token* token = first; token != last; ++token) {
         const TokenType type = token->type;
@@ -105,15 +121,8 @@ void checkJoinedBySign(Statement& statement, const Token* first) {
         if (!isBinary) {
             continue;
         }
-        const std::uint32_t end = token->text.offset + token->text.length;
-        const bool isTight = !hasText(token[1]) || token[1].text.offset == end ||
-                             (token[1].type == STRING_LITERAL && token[1].text.offset == end + 1);
-        const bool hasBlank =
-            token->text.offset >= context.lineText.offset + 1 &&
-                    end <= context.lineText.offset + context.lineText.length
-                ? isBlank(context.program.text.view({token->text.offset - 1, 1})[0])
-                : !hasText(token[-1]) ||
-                      token[-1].text.offset + token[-1].text.length != token->text.offset;
+        const bool isTight = !isBlankBeside(context, *token, true, token + 1);
+        const bool hasBlank = isBlankBeside(context, *token, false, token - 1);
         if (isTight && hasBlank) {
             noteCheck(statement, Check::JoinedBySign, first);
             return;
