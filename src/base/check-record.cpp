@@ -11,6 +11,9 @@ bool isWithin(TextSpan inner, TextSpan outer) {
            inner.offset + inner.length <= outer.offset + outer.length;
 }
 
+/// Behind so many bytes of a line nobody asks for columns, and each would cost as much.
+constexpr std::uint32_t mostColumns = 1U << 16U;
+
 bool hasText(TokenType type) {
     return !isPreservedDefine(type) && type != macroDefinitionToken;
 }
@@ -40,8 +43,12 @@ ColumnRange columnsOf(const Program& program, const SourcePosition& position, Te
         return {};
     }
     const TextSpan file = position.inclusion->file->text;
-    const std::string_view before = program.text.view({file.offset, text.offset - file.offset});
+    const std::uint32_t length = std::min(text.offset - file.offset, mostColumns);
+    const std::string_view before = program.text.view({text.offset - length, length});
     const std::size_t lineEnd = before.find_last_of("\r\n");
+    if (lineEnd == std::string_view::npos && text.offset - file.offset > mostColumns) {
+        return {};
+    }
     const std::size_t lineStart = lineEnd == std::string_view::npos ? 0 : lineEnd + 1;
     const auto first = static_cast<std::uint32_t>(before.size() - lineStart + 1);
     return {first, first + text.length - 1};
