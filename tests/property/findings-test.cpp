@@ -97,4 +97,23 @@ TEST(Findings, AProgramReadUpToANulCharacterIsToLookAt) {
               List{"2 nul-character message look"});
 }
 
+/// The ways through the conditionals are more than can be counted; the passes follow all of them at once.
+TEST(Findings, AnyNumberOfConditionals) {
+    constexpr std::size_t conditionals = 20'000;
+    std::string inARow;
+    std::string inEachOther;
+    for (std::size_t i = 0; i < conditionals; ++i) {
+        inARow +=
+            "#ifdef SIM\n#define SPEED 1\nIF $a\n#else\n#define SPEED 2\nIF $b\n#endif\nENDIF\nF "
+            "SPEED\n";
+        inEachOther += "#ifdef SIM\nhere: HOME X\n";
+    }
+    EXPECT_EQ(findingsOf(inARow).size(), conditionals);
+    for (std::size_t i = 0; i < conditionals; ++i) {
+        inEachOther += "#endif\n";
+    }
+    // Every label but the first is one that the way has met.
+    EXPECT_EQ(findingsOf(inEachOther).size(), conditionals - 1);
+}
+
 }  // namespace torvel::test
