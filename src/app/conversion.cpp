@@ -46,19 +46,19 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
     context.record = run.record == nullptr ? nullptr : &part.record;
     const LineList& list = run.program.list;
     StatementText text;
-    GrowingArray<Token> tokens;
+    GrowingArray<Token> room;
     for (std::size_t number = first; number < last; ++number) {
         context.position = list.lines[number].position();
         context.lineText = list.lines[number].text;
         const LineMark mark = context.record == nullptr ? LineMark() : beginLine(context);
         BlockEffect effect{};
-        const bool isConverted = convertStatement(
-            context, tokensOf(run.program, list, number, run.axes, tokens), text, effect);
+        const std::span<const Token> tokens = tokensOf(run.program, list, number, run.axes, room);
+        const bool isConverted = convertStatement(context, tokens, text, effect);
         if (isConverted) {
             part.text += text;
         }
         if (context.record != nullptr) {
-            recordLine(context, mark, number, isConverted, text, effect);
+            recordLine(context, mark, number, tokens, isConverted, text, effect);
         }
         part.lines.push_back({part.text.size(), isConverted, effect});
     }

@@ -8,6 +8,7 @@
 
 #include "src/base/characters.h"
 #include "src/checks/program-checks.h"
+#include "src/lex/lexer.h"
 
 namespace torvel {
 
@@ -66,16 +67,18 @@ void recordVariables(const ConversionContext& context, TextSpan lineText,
 }
 
 /// The variables of a line, or of the body of the macro that it defines.
-void recordVariables(const ConversionContext& context, std::size_t number) {
+void recordVariables(const ConversionContext& context, std::size_t number,
+                     std::span<const Token> tokens) {
     const Program& program = context.program;
-    const std::span<const Token> tokens = program.list.tokensOf(number);
     if (tokens.empty() || tokens[0].type != macroDefinitionToken) {
         recordVariables(context, program.list.lines[number].text, tokens, {});
         return;
     }
     const Macro& macro = program.macros[tokens[0].number];
+    GrowingArray<Token> room;
     for (std::size_t line = 0; line < macro.lines.lines.size(); ++line) {
-        recordVariables(context, macro.lines.lines[line].text, macro.lines.tokensOf(line),
+        recordVariables(context, macro.lines.lines[line].text,
+                        tokensOf(program, macro.lines, line, context.axes, room),
                         program.text.view(macro.head));
     }
 }
@@ -110,12 +113,13 @@ LineMark beginLine(const ConversionContext& context) {
 }
 
 void recordLine(ConversionContext& context, const LineMark& mark, std::size_t number,
-                bool isConverted, std::string_view text, BlockEffect effect) {
+                std::span<const Token> tokens, bool isConverted, std::string_view text,
+                BlockEffect effect) {
     CheckRecord& record = *context.record;
     const Program& program = context.program;
     if (isConverted) {
         recordEffect(context, effect, text);
-        recordVariables(context, number);
+        recordVariables(context, number, tokens);
     } else {
         takeOff(record, mark.record);
         Fact refused;
@@ -129,7 +133,7 @@ void recordLine(ConversionContext& context, const LineMark& mark, std::size_t nu
         const ConversionMessage& message = context.log[i];
         record.findings.push_back(makeFinding(message.message, message.text, message.position));
     }
-    if (isLostDefine(program, program.list.tokensOf(number))) {
+    if (isLostDefine(program, tokens)) {
         Finding finding = makeFinding(Check::DefineNotKept, context.position);
         finding.origin = FindingOrigin::define;
         record.findings.push_back(std::move(finding));

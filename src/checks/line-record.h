@@ -16,9 +16,10 @@ struct LineMark {
 
 LineMark beginLine(const ConversionContext& context);
 
-/// Completes the findings of the line `number` of the program, which was converted just now.
+/// Completes the findings of the line `number` of the program, which was converted from `tokens` just now.
 void recordLine(ConversionContext& context, const LineMark& mark, std::size_t number,
-                bool isConverted, std::string_view text, BlockEffect effect);
+                std::span<const Token> tokens, bool isConverted, std::string_view text,
+                BlockEffect effect);
 
 /// Appends the record of further lines.
 void append(CheckRecord& record, CheckRecord&& further);
