@@ -139,7 +139,7 @@ void checkDefineTable(const Target& /*target*/, std::string_view input) {
             const Kind kind = operation < 4   ? Kind::define
                               : operation < 6 ? Kind::macro
                                               : Kind::undefined;
-            table.enter(name, kind, {++number, 0, 0});
+            table.enter(name, kind, {{++number, 0}, 0});
             plain.enter(name, kind, number);
         } else if (operation < 11) {
             table.openScope(flag);

@@ -58,9 +58,9 @@ void translateTarget(Statement& statement, ExpressionText& out) {
 /// An expression may stand in parentheses, which are kept, unless it is nested as deeply as may be.
 void checkInParentheses(MemoryProgram& memory, const Limits& limits,
                         std::span<const Token> tokens) {
-    std::vector<Token> enclosed = {{TokenType::LEFT_PAREN, memory.program().text.add("(")}};
+    std::vector<Token> enclosed = {{TokenType::LEFT_PAREN, {memory.program().text.add("(")}}};
     enclosed.insert(enclosed.end(), tokens.begin(), tokens.end());
-    enclosed.push_back({TokenType::RIGHT_PAREN, memory.program().text.add(")")});
+    enclosed.push_back({TokenType::RIGHT_PAREN, {memory.program().text.add(")")}});
     const Translated result = translate(memory, limits, enclosed, translateExpression);
     if (result.succeeded) {
         require(result.tookAll, "what stands in parentheses is read in part: " + result.text);
