@@ -86,10 +86,11 @@ void convertProgram(ConversionContext& context, OutputFile& output, const WorkSh
     const std::size_t lineCount = context.program.list.lines.size();
     const std::size_t partSize = std::max<std::size_t>(sharing.linesPerPart, 1);
     const std::size_t partCount = (lineCount + partSize - 1) / partSize;
-    PartsInOrder<ConvertedPart> parts(partCount, sharing, [&](std::size_t number) {
+    const auto makePart = [&](std::size_t number) {
         const std::size_t first = number * partSize;
         return convertPart(context, first, std::min(first + partSize, lineCount));
-    });
+    };
+    PartsInOrder<ConvertedPart> parts(partCount, sharing, makePart);
     OutputLayout layout;
     while (std::optional<ConvertedPart> part = parts.next()) {
         writePart(context.program, *part, layout, output);
