@@ -15,17 +15,20 @@ constexpr CheckRow rows[] = {
 };
 
 /// The codes of checks and messages, which share one list.
-constexpr auto codes = [] {
-    std::array list = {
-#define CHECK(symbol, code, severity, title, happens, todo) std::string_view(code),
+constexpr std::string_view codes[] = {
+#define CHECK(symbol, code, severity, title, happens, todo) code,
 #include "src/base/checks.def"
-#define MESSAGE(symbol, code, messageClass, text) std::string_view(code),
+#define MESSAGE(symbol, code, messageClass, text) code,
 #include "src/base/messages.def"
-    };
-    std::sort(list.begin(), list.end());
-    return list;
-}();
-static_assert(std::adjacent_find(codes.begin(), codes.end()) == codes.end(), "a code stands twice");
+};
+
+constexpr bool hasCodeTwice() {
+    std::array<std::string_view, std::size(codes)> sorted;
+    std::copy(std::begin(codes), std::end(codes), sorted.begin());
+    std::sort(sorted.begin(), sorted.end());
+    return std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end();
+}
+static_assert(!hasCodeTwice(), "a code stands twice");
 
 }  // namespace
 
