@@ -66,14 +66,15 @@ void refuse(Statement& statement, Message message, std::initializer_list<std::st
     statement.cursor.skipToEnd();
 }
 
-void recordCheck(Statement& statement, Check check, const Token* first, const Token* last) {
+void recordCheck(const Statement& statement, Check check, const Token* first, const Token* last) {
     const ConversionContext& context = statement.context;
     context.record->findings.push_back(makeFinding(
         check, context.position,
         columnsOf(context.program, context.position, context.lineText, std::span(first, last))));
 }
 
-void recordFact(Statement& statement, Fact::Kind kind, std::string_view name, const Token* first) {
+void recordFact(const Statement& statement, Fact::Kind kind, std::string_view name,
+                const Token* first) {
     const ConversionContext& context = statement.context;
     Fact fact;
     fact.kind = kind;

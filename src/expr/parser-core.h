@@ -138,7 +138,7 @@ void refuse(Statement& statement, Message message,
 
 /// Records a check at the tokens from `first` up to `last`, if somebody asks for checks. That of a line that is
 /// refused is forgotten.
-void recordCheck(Statement& statement, Check check, const Token* first, const Token* last);
+void recordCheck(const Statement& statement, Check check, const Token* first, const Token* last);
 inline void noteCheck(Statement& statement, Check check, const Token* first, const Token* last) {
     if (statement.context.record != nullptr) {
         recordCheck(statement, check, first, last);
@@ -151,7 +151,8 @@ inline void noteCheck(Statement& statement, Check check, const Token* first) {
 
 /// Records what the line says for a pass over the whole program; its place is that of the tokens from `first` up
 /// to the cursor.
-void recordFact(Statement& statement, Fact::Kind kind, std::string_view name, const Token* first);
+void recordFact(const Statement& statement, Fact::Kind kind, std::string_view name,
+                const Token* first);
 inline void noteFact(Statement& statement, Fact::Kind kind, std::string_view name,
                      const Token* first) {
     if (statement.context.record != nullptr) {

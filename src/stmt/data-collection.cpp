@@ -55,9 +55,9 @@ constexpr SignalTable signalTables[] = {
 /// DataCollectionAddSystemSignal(signal, argument)
 void convertCollectionItem(Statement& statement, std::string_view) {
     const Token* const slotPlace = statement.cursor.place();
-    std::string slot;
     {
         const UnwrittenOperand dropped(statement, UnwrittenOperand::Value::isDropped);
+        std::string slot;
         translateExpression(statement, slot);
     }
     noteCheck(statement, Check::OperandDropped, slotPlace);

@@ -154,8 +154,9 @@ void convert(Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
     if (cursor.is(TokenType::PERCENT)) {
         const Token* const first = cursor.place();
+        const bool isAlone = cursor.following() == TokenType::END_OF_FILE;
         statement.cursor.skipToEnd();
-        if (cursor.place() - first > 1) {
+        if (!isAlone) {
             noteCheck(statement, Check::PercentLine, first);
         }
         return;

@@ -41,7 +41,7 @@ bool contains(const std::int32_t (&numbers)[count], std::int32_t number) {
 }
 
 /// Whether a code with leading zeros means something else without them: it was refused, or a dwell.
-bool isOtherCode(Statement& statement, std::string_view number,
+bool isOtherCode(const Statement& statement, std::string_view number,
                  bool (*isSpecial)(std::int32_t code)) {
     const auto decimal =
         statement.context.record == nullptr ? std::nullopt : decimalReading(number);
