@@ -105,7 +105,7 @@ const NumberName* findNumber(OperandSet set, std::optional<std::int32_t> number)
 
 }  // namespace
 
-void checkOctalName(Statement& statement, OperandSet set, std::string_view text,
+void checkOctalName(const Statement& statement, OperandSet set, std::string_view text,
                     const Token* first) {
     if (statement.context.record == nullptr) {
         return;

@@ -54,7 +54,7 @@ void translateNamedOperand(Statement& statement, OperandSet set, Presence presen
                            ExpressionText& out);
 
 /// Checks whether the number chose its name as an octal one. Its tokens are those from `first` up to the cursor.
-void checkOctalName(Statement& statement, OperandSet set, std::string_view text,
+void checkOctalName(const Statement& statement, OperandSet set, std::string_view text,
                     const Token* first);
 
 /// Appends the name of a number of the set, `text` being the number as Torvel text.

@@ -61,7 +61,7 @@ std::optional<std::int32_t> decimalReading(std::string_view text) {
     return decimal == value ? std::nullopt : decimal;
 }
 
-void checkOctal(Statement& statement, std::string_view text, const Token* first) {
+void checkOctal(const Statement& statement, std::string_view text, const Token* first) {
     if (statement.context.record != nullptr && decimalReading(text)) {
         noteCheck(statement, Check::Octal, first);
     }

@@ -20,7 +20,7 @@ void checkItemNumber(Statement& statement, ItemTable table, std::string_view tex
 std::optional<std::int32_t> decimalReading(std::string_view text);
 
 /// The value of the number counted, and another one would have made another text.
-void checkOctal(Statement& statement, std::string_view text, const Token* first);
+void checkOctal(const Statement& statement, std::string_view text, const Token* first);
 
 /// The current token, a literal or a preserved number, is printed as it is.
 void checkPrintedNumber(Statement& statement);

@@ -139,13 +139,14 @@ void refuse(Statement& statement, Message message,
 /// Records a check at the tokens from `first` up to `last`, if somebody asks for checks. That of a line that is
 /// refused is forgotten.
 void recordCheck(const Statement& statement, Check check, const Token* first, const Token* last);
-inline void noteCheck(Statement& statement, Check check, const Token* first, const Token* last) {
+inline void noteCheck(const Statement& statement, Check check, const Token* first,
+                      const Token* last) {
     if (statement.context.record != nullptr) {
         recordCheck(statement, check, first, last);
     }
 }
 /// The same at the tokens from `first` up to the cursor.
-inline void noteCheck(Statement& statement, Check check, const Token* first) {
+inline void noteCheck(const Statement& statement, Check check, const Token* first) {
     noteCheck(statement, check, first, statement.cursor.place());
 }
 
@@ -153,7 +154,7 @@ inline void noteCheck(Statement& statement, Check check, const Token* first) {
 /// to the cursor.
 void recordFact(const Statement& statement, Fact::Kind kind, std::string_view name,
                 const Token* first);
-inline void noteFact(Statement& statement, Fact::Kind kind, std::string_view name,
+inline void noteFact(const Statement& statement, Fact::Kind kind, std::string_view name,
                      const Token* first) {
     if (statement.context.record != nullptr) {
         recordFact(statement, kind, name, first);

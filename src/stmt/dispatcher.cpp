@@ -142,7 +142,7 @@ void dispatch(Statement& statement) {
 }
 
 /// An N-code, written up to `labelEnd`, that stands directly in front of a number.
-void checkGluedCode(Statement& statement, const Token* first, std::size_t labelEnd) {
+void checkGluedCode(const Statement& statement, const Token* first, std::size_t labelEnd) {
     const StatementText& text = statement.text;
     if (statement.context.record != nullptr && labelEnd > 0 && labelEnd < text.size() &&
         isDigit(text[labelEnd - 1]) && (isDigit(text[labelEnd]) || text[labelEnd] == '.')) {

@@ -133,7 +133,7 @@ void checkWordValue(Statement& statement, const Token* first, std::string_view t
 }
 
 /// A value that begins with a letter stands directly behind its word, which ends at `at`.
-void checkGlued(Statement& statement, const Token* word, std::size_t at) {
+void checkGlued(const Statement& statement, const Token* word, std::size_t at) {
     const StatementText& text = statement.text;
     if (at < text.size() && hasClass(text[at], letterClass | underscoreClass)) {
         noteCheck(statement, Check::GluedWord, word);
