@@ -16,7 +16,6 @@
 #include "src/base/parse-exception.h"
 #include "src/preprocess/preprocessor.h"
 #include "tests/support/case-file.h"
-#include "tests/support/case-run.h"
 #include "tests/support/escapes.h"
 #include "tests/support/line-by-line.h"
 #include "tests/support/temporary-directory.h"
@@ -76,8 +75,6 @@ struct Result {
     CommandResult command;
     std::string output;
     std::string log;
-    /// What needs a look, a line each.
-    std::string checks;
 };
 
 /// A folder for the files of one input at a time.
@@ -130,10 +127,6 @@ public:
         checkLines(first);
         const Result second = convert();
         requireSame(first, second, "a second run differs");
-        Result unasked = convert(false);
-        require(unasked.checks.empty(), "checks that nobody asked for");
-        unasked.checks = first.checks;
-        requireSame(first, unasked, "who asks for checks gets another result");
         for (const test::CaseEntry& file : files_) {
             require(test::readFile(Folder::root() / file.path) == file.content,
                     "a source file was changed: " + file.path);
@@ -142,17 +135,14 @@ public:
     }
 
 private:
-    Result convert(bool asksForChecks = true) const {
+    Result convert() const {
         std::vector<std::string> arguments = {"-o", Folder::pathOf("out")};
         if (!parameterFile_.empty()) {
             arguments.insert(arguments.end(), {"-p", Folder::pathOf(parameterFile_)});
         }
         arguments.push_back(Folder::pathOf(program_));
         Result result;
-        test::ConverterRun run = asksForChecks ? test::runForChecks(arguments, lowLimits())
-                                               : runCommand(arguments, lowLimits());
-        result.checks = run.checks.value_or("");
-        result.command = std::move(run);
+        result.command = runCommand(arguments, lowLimits());
         const std::string stem(fileStem(lastComponent(program_)));
         const fs::path output = Folder::root() / "out" / (stem + ".torvel");
         const fs::path log = Folder::root() / "out" / (stem + ".log");
@@ -170,9 +160,8 @@ private:
         require(a.command.status == b.command.status &&
                     a.command.standardError == b.command.standardError,
                 fault + ": " + a.command.standardError + b.command.standardError);
-        const std::string difference = test::textDifference(a.output, b.output) +
-                                       test::textDifference(a.log, b.log) +
-                                       test::textDifference(a.checks, b.checks);
+        const std::string difference =
+            test::textDifference(a.output, b.output) + test::textDifference(a.log, b.log);
         require(difference.empty(), fault + ":\n" + difference);
     }
 
