@@ -1,8 +1,9 @@
 // An ordinary line without names of defines is lexed when it is converted, unless the lexer might refuse it.
-// In any other the names are replaced, the plain text between them is lexed, a preserved define is a token already. So are the name of a macro that the line calls, and
-// in the body of a macro its arguments: the texts in front of and behind them are substituted by themselves. Line feeds
-// in a define's value begin further lines, which have the text and the position of the line that uses the
-// define.
+// In any other the names are replaced: the plain text between them waits as pieces that are lexed with the
+// line, a preserved define is a token already. So are the name of a macro that the line calls, and in the
+// body of a macro its arguments: the texts in front of and behind them are substituted by themselves. Line
+// feeds in a define's value begin further lines, which have the text and the position of the line that uses
+// the define.
 
 #include "src/base/characters.h"
 #include "src/lex/lexer.h"

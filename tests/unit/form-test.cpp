@@ -20,7 +20,7 @@ struct Written {
     std::vector<std::string> operands;
 };
 
-/// What a form makes of `code`; "VALUE" is the text of its lead.
+/// What a form makes of `code`; "LEAD" is the text of its lead.
 Written write(const Form& form, const std::string& code) {
     ProgramText source(code);
     const std::vector<Token> tokens =
