@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <exception>
 #include <new>
+#include <optional>
 #include <stdexcept>
 
 #include "src/app/command-line.h"
@@ -90,8 +91,11 @@ void readProgram(Program& program, const CommandLine& commandLine, const AxisNam
 }
 
 void convertFile(const CommandLine& commandLine, const Limits& limits, const FindingTaker& taker) {
-    CheckRecord record;
-    CheckRecord* const asked = taker ? &record : nullptr;
+    std::optional<CheckRecord> record;
+    if (taker) {
+        record.emplace();
+    }
+    CheckRecord* const asked = taker ? &*record : nullptr;
     std::vector<FileIdentity> inputs;
     AxisNames axes;
     if (commandLine.parameterFile) {
@@ -118,7 +122,7 @@ void convertFile(const CommandLine& commandLine, const Limits& limits, const Fin
     for (const SourcePosition& position : program.nulCharacters) {
         messages.push_back({messageText(Message::NulCharacter), position, Message::NulCharacter});
     }
-    ConversionContext context{program, axes, limits, messages, {}, 0, {}, asked};
+    ConversionContext context{program, axes, limits, messages, {}, 0, asked};
     convertProgram(context, output);
     closeWritten(output, paths.output);
     for (const ConversionMessage& message : messages) {
@@ -126,8 +130,10 @@ void convertFile(const CommandLine& commandLine, const Limits& limits, const Fin
         log.write("\n");
     }
     closeWritten(log, paths.log);
-    for (const Finding& finding : record.findings) {
-        taker(finding);
+    if (record) {
+        for (const Finding& finding : record->findings) {
+            taker(finding);
+        }
     }
 }
 

@@ -5,6 +5,7 @@
 #include "src/app/conversion.h"
 
 #include <iterator>
+#include <memory>
 #include <vector>
 
 #include "src/app/output-layout.h"
@@ -30,37 +31,53 @@ struct ConvertedPart {
     std::vector<ConvertedLine> lines;
     std::string text;
     MessageLog log;
-    CheckRecord record;
+    /// Null: nobody asks for findings.
+    std::unique_ptr<CheckRecord> record;
 };
 
 /// Bytes of a line's text for which room is made.
 constexpr std::size_t expectedTextLength = 32;
 
-/// Converts the lines from `first` up to `last`.
+/// Converts the lines from `first` up to `last`. Where nobody asks for findings it is a loop of its own, since what
+/// a line costs beside its conversion counts.
+template <bool isRecorded>
+void convertLines(ConversionContext& context, std::size_t first, std::size_t last,
+                  ConvertedPart& part) {
+    const LineList& list = context.program.list;
+    StatementText text;
+    GrowingArray<Token> room;
+    LineMark mark;
+    for (std::size_t number = first; number < last; ++number) {
+        context.position = list.lines[number].position();
+        if constexpr (isRecorded) {
+            mark = beginLine(context, number);
+        }
+        BlockEffect effect{};
+        const std::span<const Token> tokens =
+            tokensOf(context.program, list, number, context.axes, room);
+        const bool isConverted = convertStatement(context, tokens, text, effect);
+        if (isConverted) {
+            part.text += text;
+        }
+        if constexpr (isRecorded) {
+            recordLine(context, mark, number, tokens, isConverted, text, effect);
+        }
+        part.lines.push_back({part.text.size(), isConverted, effect});
+    }
+}
+
 ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::size_t last) {
     ConvertedPart part;
     part.first = first;
     part.lines.reserve(last - first);
     part.text.reserve((last - first) * expectedTextLength);
     ConversionContext context{run.program, run.axes, run.limits, part.log, {}};
-    context.record = run.record == nullptr ? nullptr : &part.record;
-    const LineList& list = run.program.list;
-    StatementText text;
-    GrowingArray<Token> room;
-    for (std::size_t number = first; number < last; ++number) {
-        context.position = list.lines[number].position();
-        context.lineText = list.lines[number].text;
-        const LineMark mark = context.record == nullptr ? LineMark() : beginLine(context);
-        BlockEffect effect{};
-        const std::span<const Token> tokens = tokensOf(run.program, list, number, run.axes, room);
-        const bool isConverted = convertStatement(context, tokens, text, effect);
-        if (isConverted) {
-            part.text += text;
-        }
-        if (context.record != nullptr) {
-            recordLine(context, mark, number, tokens, isConverted, text, effect);
-        }
-        part.lines.push_back({part.text.size(), isConverted, effect});
+    if (run.record != nullptr) {
+        part.record = std::make_unique<CheckRecord>();
+        context.record = part.record.get();
+        convertLines<true>(context, first, last, part);
+    } else {
+        convertLines<false>(context, first, last, part);
     }
     return part;
 }
@@ -97,7 +114,7 @@ void convertProgram(ConversionContext& context, OutputFile& output, const WorkSh
         context.log.insert(context.log.end(), std::make_move_iterator(part->log.begin()),
                            std::make_move_iterator(part->log.end()));
         if (context.record != nullptr) {
-            append(*context.record, std::move(part->record));
+            append(*context.record, std::move(*part->record));
         }
     }
     if (context.record != nullptr) {

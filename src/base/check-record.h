@@ -49,6 +49,8 @@ struct Fact {
 
 /// What the converter gathers for who asks for findings. Without one nothing is gathered.
 struct CheckRecord {
+    /// The text of the line being converted, for the columns of findings.
+    TextSpan lineText{};
     std::vector<Finding> findings;
     std::vector<Fact> facts;
     /// Variables of which a fact is there.

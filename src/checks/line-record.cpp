@@ -9,6 +9,7 @@
 #include "src/base/characters.h"
 #include "src/checks/program-checks.h"
 #include "src/lex/lexer.h"
+#include "src/stmt/statement.h"
 
 namespace torvel {
 
@@ -108,7 +109,8 @@ void recordEffect(const ConversionContext& context, BlockEffect effect, std::str
 
 }  // namespace
 
-LineMark beginLine(const ConversionContext& context) {
+LineMark beginLine(const ConversionContext& context, std::size_t number) {
+    context.record->lineText = context.program.list.lines[number].text;
     return {markOf(*context.record), context.log.size()};
 }
 
@@ -118,6 +120,7 @@ void recordLine(ConversionContext& context, const LineMark& mark, std::size_t nu
     CheckRecord& record = *context.record;
     const Program& program = context.program;
     if (isConverted) {
+        noteGluedCode(context, tokens, text);
         recordEffect(context, effect, text);
         recordVariables(context, number, tokens);
     } else {

@@ -14,7 +14,8 @@ struct LineMark {
     std::size_t messages = 0;
 };
 
-LineMark beginLine(const ConversionContext& context);
+/// Begins the line `number` of the program.
+LineMark beginLine(const ConversionContext& context, std::size_t number);
 
 /// Completes the findings of the line `number` of the program, which was converted from `tokens` just now.
 void recordLine(ConversionContext& context, const LineMark& mark, std::size_t number,

@@ -44,16 +44,15 @@ void readToken(Statement& statement, const FormStep& step) {
 }
 
 /// Translates an operand and tells who asks for it where its tokens stand.
-Precedence translateStep(Statement& statement, const Form& form, const FormStep& step,
-                         bool isBracketed, std::string_view leadText, ExpressionText& out) {
+Precedence translateStep(Statement& statement, const FormStep& step, bool isBracketed,
+                         std::string_view leadText, ExpressionText& out) {
     if (step.operand == FormOperand::lead) {
         out += leadText;
         return Precedence::primary;
     }
     const Token* const first = statement.cursor.place();
     const Precedence binding = translateOperand(statement, step, isBracketed, out);
-    if (form.hasOptionalComma &&
-        (step.operand == FormOperand::value || step.operand == FormOperand::values)) {
+    if (step.mayBeJoined) {
         checkJoinedBySign(statement, first);
     }
     if (statement.operandTokens != nullptr) {
@@ -89,7 +88,7 @@ void writeInOrder(Statement& statement, const Form& form, std::string_view leadT
             out += hole->before;
             const std::size_t start = out.size();
             const Precedence binding =
-                translateStep(statement, form, step, hole->isBracketed, leadText, out);
+                translateStep(statement, step, hole->isBracketed, leadText, out);
             bindHole(*hole, binding, start, out);
             ++hole;
         }
@@ -107,7 +106,7 @@ void writeOutOfOrder(Statement& statement, const Form& form, std::string_view le
         if (step.operand == FormOperand::none) {
             readToken(statement, step);
         } else {
-            translateStep(statement, form, step, false, leadText, operands[count++]);
+            translateStep(statement, step, false, leadText, operands[count++]);
         }
     }
     for (std::size_t number = 0; number < form.holeCount; ++number) {

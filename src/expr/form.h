@@ -54,6 +54,8 @@ struct FormStep {
     bool isOptional = false;
     OperandSet set{};
     Presence presence{};
+    /// A value in a form whose commas may be left out.
+    bool mayBeJoined = false;
 };
 
 /// A place of an operand in a form's text.
@@ -169,6 +171,11 @@ consteval void readPattern(Form& form, std::string_view pattern) {
         form.hasOptionalComma =
             form.hasOptionalComma || pattern.substr(0, length) == std::string_view("[,]");
         pattern.remove_prefix(length < pattern.size() ? length + 1 : length);
+    }
+    for (std::size_t number = 0; number < form.stepCount; ++number) {
+        FormStep& step = form.steps[number];
+        step.mayBeJoined = form.hasOptionalComma && (step.operand == FormOperand::value ||
+                                                     step.operand == FormOperand::values);
     }
 }
 

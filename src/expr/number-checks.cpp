@@ -31,7 +31,7 @@ bool isWrittenInProgram(const Program& program, std::span<const Token> tokens) {
 /// its token and the next.
 bool isBlankBeside(const ConversionContext& context, const Token& sign, bool isBehind,
                    const Token* neighbour) {
-    const TextSpan line = context.lineText;
+    const TextSpan line = context.record->lineText;
     const std::uint32_t end = sign.text.offset + sign.text.length;
     if (sign.text.offset > line.offset && end < line.offset + line.length) {
         const std::uint32_t place = isBehind ? end : sign.text.offset - 1;

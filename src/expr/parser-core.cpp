@@ -68,9 +68,10 @@ void refuse(Statement& statement, Message message, std::initializer_list<std::st
 
 void recordCheck(const Statement& statement, Check check, const Token* first, const Token* last) {
     const ConversionContext& context = statement.context;
-    context.record->findings.push_back(makeFinding(
-        check, context.position,
-        columnsOf(context.program, context.position, context.lineText, std::span(first, last))));
+    context.record->findings.push_back(
+        makeFinding(check, context.position,
+                    columnsOf(context.program, context.position, context.record->lineText,
+                              std::span(first, last))));
 }
 
 void recordFact(const Statement& statement, Fact::Kind kind, std::string_view name,
@@ -79,7 +80,7 @@ void recordFact(const Statement& statement, Fact::Kind kind, std::string_view na
     Fact fact;
     fact.kind = kind;
     fact.position = context.position;
-    fact.columns = columnsOf(context.program, context.position, context.lineText,
+    fact.columns = columnsOf(context.program, context.position, context.record->lineText,
                              std::span(first, statement.cursor.place()));
     fact.name = name;
     context.record->facts.push_back(std::move(fact));

@@ -50,8 +50,6 @@ struct ConversionContext {
     SourcePosition position;
     /// Constructs of the expression that are open.
     unsigned nesting = 0;
-    /// The line's text in the source, for the columns of findings.
-    TextSpan lineText{};
     /// Takes what is converted and yet needs a look; null: nobody asks.
     CheckRecord* record = nullptr;
 };
@@ -141,7 +139,7 @@ void refuse(Statement& statement, Message message,
 void recordCheck(const Statement& statement, Check check, const Token* first, const Token* last);
 inline void noteCheck(const Statement& statement, Check check, const Token* first,
                       const Token* last) {
-    if (statement.context.record != nullptr) {
+    if (statement.context.record != nullptr) [[unlikely]] {
         recordCheck(statement, check, first, last);
     }
 }
@@ -156,7 +154,7 @@ void recordFact(const Statement& statement, Fact::Kind kind, std::string_view na
                 const Token* first);
 inline void noteFact(const Statement& statement, Fact::Kind kind, std::string_view name,
                      const Token* first) {
-    if (statement.context.record != nullptr) {
+    if (statement.context.record != nullptr) [[unlikely]] {
         recordFact(statement, kind, name, first);
     }
 }

@@ -55,13 +55,8 @@ void recordNumber(Statement& statement) {
     }
 }
 
-}  // namespace
-
-void translateNumericLiteral(Statement& statement, ExpressionText& out) {
+void writeNumericLiteral(Statement& statement, ExpressionText& out) {
     TokenCursor& cursor = statement.cursor;
-    if (statement.context.record != nullptr) {
-        recordNumber(statement);
-    }
     switch (cursor.type()) {
         case TokenType::INTEGER_LITERAL:
         case TokenType::FLOAT_LITERAL: out += cursor.text(); break;
@@ -77,6 +72,21 @@ void translateNumericLiteral(Statement& statement, ExpressionText& out) {
         default: reportUnexpectedToken(statement, numericLiterals); return;
     }
     cursor.advance();
+}
+
+void writeRecordedLiteral(Statement& statement, ExpressionText& out) {
+    recordNumber(statement);
+    writeNumericLiteral(statement, out);
+}
+
+}  // namespace
+
+void translateNumericLiteral(Statement& statement, ExpressionText& out) {
+    if (statement.context.record != nullptr) [[unlikely]] {
+        writeRecordedLiteral(statement, out);
+        return;
+    }
+    writeNumericLiteral(statement, out);
 }
 
 Precedence translatePrimary(Statement& statement, ExpressionText& out) {

@@ -137,8 +137,34 @@ void refuseMember(Statement& statement) {
     }
 }
 
-void translateCall(Statement& statement, const VariableKind& kind, std::string_view index,
-                   const Token* first, bool isAssignmentTarget, ExpressionText& out) {
+/// The index of a variable that Torvel reads or sets by a call. That of an item is not written, but the item's
+/// name.
+void translateCallIndex(Statement& statement, const VariableKind& kind, std::string_view digits,
+                        ExpressionText& index) {
+    if (kind.items == ItemTable::none && kind.index != Index::ignored) {
+        translateIndex(statement, digits, index);
+        return;
+    }
+    const UnwrittenOperand unwritten(statement, kind.index == Index::ignored
+                                                    ? UnwrittenOperand::Value::isDropped
+                                                    : UnwrittenOperand::Value::counts);
+    translateIndex(statement, digits, index);
+}
+
+void requireIndex(Statement& statement, const VariableKind& kind, std::string_view index) {
+    const bool isRequired = kind.index == Index::required || kind.index == Index::bracketsOnly;
+    if (isRequired && index.empty()) {
+        refuse(statement, Message::ArrayDimensionExpected);
+    }
+}
+
+/// A reference that is a call, behind its name.
+void translateCall(Statement& statement, const VariableKind& kind, std::string_view digits,
+                   bool isAssignmentTarget, ExpressionText& out) {
+    const Token* const first = statement.cursor.place() - 1;
+    ExpressionText index;
+    translateCallIndex(statement, kind, digits, index);
+    requireIndex(statement, kind, index);
     out += isAssignmentTarget ? kind.assign : kind.read;
     translateSelector(statement, kind.selector, out);
     if (kind.items != ItemTable::none) {
@@ -149,19 +175,6 @@ void translateCall(Statement& statement, const VariableKind& kind, std::string_v
         noteCheck(statement, Check::OperandDropped, first);
     }
     out += isAssignmentTarget ? ", " : ")";
-}
-
-/// The index; that of an item is not written, but the item's name.
-void translateOwnIndex(Statement& statement, const VariableKind& kind, std::string_view digits,
-                       ExpressionText& index) {
-    if (kind.items == ItemTable::none && kind.index != Index::ignored) {
-        translateIndex(statement, digits, index);
-        return;
-    }
-    const UnwrittenOperand unwritten(statement, kind.index == Index::ignored
-                                                    ? UnwrittenOperand::Value::isDropped
-                                                    : UnwrittenOperand::Value::counts);
-    translateIndex(statement, digits, index);
 }
 
 /// Translates a reference; tells whether Torvel reads or assigns it by a call.
@@ -181,22 +194,18 @@ bool translateVariableReference(Statement& statement, bool isAssignmentTarget,
         refuse(statement, *refusal);
         return false;
     }
-    const Token* const first = cursor.place();
     const std::string_view name = cursor.text();
     cursor.advance();
 
     const bool isNumbered = kind->index != Index::bracketsOnly && !kind->read.empty();
-    ExpressionText index;
-    translateOwnIndex(statement, *kind, isNumbered ? trailingDigits(name) : std::string_view(),
-                      index);
-    const bool isRequired = kind->index == Index::required || kind->index == Index::bracketsOnly;
-    if (isRequired && index.empty()) {
-        refuse(statement, Message::ArrayDimensionExpected);
-    }
-    if (kind->isCall) {
-        translateCall(statement, *kind, index, first, isAssignmentTarget, out);
+    const std::string_view digits = isNumbered ? trailingDigits(name) : std::string_view();
+    if (kind->isCall) [[unlikely]] {
+        translateCall(statement, *kind, digits, isAssignmentTarget, out);
         return true;
     }
+    ExpressionText index;
+    translateIndex(statement, digits, index);
+    requireIndex(statement, *kind, index);
     out += kind->read.empty() ? name : kind->read;
     if (!index.empty()) {
         out += '[';
@@ -215,6 +224,7 @@ bool isNumericVariable(TokenType type) {
 
 VariableReference translateAssignmentTarget(Statement& statement) {
     VariableReference reference;
+    reference.first = statement.cursor.place();
     reference.isCall = translateVariableReference(statement, true, reference.text);
     return reference;
 }

@@ -14,6 +14,8 @@ struct VariableReference {
     /// Torvel assigns by a call: the text is the call up to its value, which the caller adds with a
     /// ")". Otherwise it is a variable.
     bool isCall = false;
+    /// Where it begins.
+    const Token* first = nullptr;
 };
 
 /// Translates a variable to be assigned to, with its index and selector.

@@ -91,9 +91,6 @@ void appendTokens(PreprocessorRun& run, LineList& list, const SubstitutedText& s
 
 /// Tells the passes which names were replaced by text. The line is the last one.
 void noteUses(PreprocessorRun& run, const SourcePosition& position, TextSpan lineText) {
-    if (run.record == nullptr) {
-        return;
-    }
     for (const Defines::Use& use : run.defines.takeUses()) {
         if (!use.isPreserved) {
             noteFact(run, Fact::Kind::valueUse, position, run.program.text.view(use.name));
@@ -154,7 +151,9 @@ void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosi
         }
         return;
     }
-    noteUses(run, position, line.text);
+    if (run.record != nullptr) [[unlikely]] {
+        noteUses(run, position, line.text);
+    }
     appendTokens(run, list, substituted, call.length != 0, line, position);
 }
 
@@ -183,7 +182,9 @@ void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
         done = placeOf(argument) + argument.size();
     }
     addText(run, code.subspan(done, code.length - done), substituted);
-    noteUses(run, position, code);
+    if (run.record != nullptr) [[unlikely]] {
+        noteUses(run, position, code);
+    }
     appendTokens(run, list, substituted, call.length != 0, {code, code, {}, 0}, position);
 }
 

@@ -51,11 +51,21 @@ void convertConversionText(Statement& statement) {
     statement.text += statement.cursor.text();
 }
 
+namespace {
+
+/// An operator that the call which sets the target at `first` does not have.
+void checkSetter(const Statement& statement, TokenType operatorToken, const Token* first) {
+    const bool isStep =
+        operatorToken == TokenType::PLUS_PLUS || operatorToken == TokenType::MINUS_MINUS;
+    noteCheck(statement, isStep ? Check::SetterEmpty : Check::SetterOperator, first);
+}
+
+}  // namespace
+
 /// variable operator [value]
 /// The same; or, where Torvel sets the variable by a call, the value as the call's last argument,
 /// whatever the operator on purpose: "++" leaves the argument empty.
 void convertAssignment(Statement& statement) {
-    const Token* const first = statement.cursor.place();
     const VariableReference target = translateAssignmentTarget(statement);
     const AssignmentOperator* entry = readOperator(statement);
     if (entry == nullptr) {
@@ -65,10 +75,8 @@ void convertAssignment(Statement& statement) {
     if (!target.isCall) {
         statement.text += entry->text;
     }
-    const bool isStep =
-        entry->token == TokenType::PLUS_PLUS || entry->token == TokenType::MINUS_MINUS;
     if (target.isCall && entry->token != TokenType::ASSIGN) {
-        noteCheck(statement, isStep ? Check::SetterEmpty : Check::SetterOperator, first);
+        checkSetter(statement, entry->token, target.first);
     }
     switch (entry->token) {
         case TokenType::PLUS_PLUS:

@@ -87,27 +87,28 @@ void skipBlockDelete(Statement& statement) {
 /// and without a blank on purpose.
 void writeLabel(Statement& statement) {
     TokenCursor& cursor = statement.cursor;
-    const Token* const first = cursor.place();
     switch (cursor.type()) {
         case TokenType::IDENTIFIER:
             statement.text += cursor.text();
             cursor.advance();
-            noteFact(statement, Fact::Kind::label, statement.text, first);
+            noteFact(statement, Fact::Kind::label, statement.text, cursor.place() - 1);
             expectToken(statement, TokenType::COLON);
             statement.text += ":\n";
             break;
         case TokenType::COLON:
             cursor.advance();
             statement.text += expectToken(statement, TokenType::IDENTIFIER);
-            noteFact(statement, Fact::Kind::label, statement.text, first);
+            noteFact(statement, Fact::Kind::label, statement.text, cursor.place() - 1);
             statement.text += ':';
             break;
-        case TokenType::LETTER_N:
+        case TokenType::LETTER_N: {
+            const Token* const first = cursor.place();
             statement.text += cursor.text();
             cursor.advance();
             statement.text += expectToken(statement, TokenType::INTEGER_LITERAL);
             noteFact(statement, Fact::Kind::label, statement.text, first);
             return;
+        }
         default: return;
     }
     if (!cursor.atEnd()) {
@@ -141,15 +142,6 @@ void dispatch(Statement& statement) {
     }
 }
 
-/// An N-code, written up to `labelEnd`, that stands directly in front of a number.
-void checkGluedCode(const Statement& statement, const Token* first, std::size_t labelEnd) {
-    const StatementText& text = statement.text;
-    if (statement.context.record != nullptr && labelEnd > 0 && labelEnd < text.size() &&
-        isDigit(text[labelEnd - 1]) && (isDigit(text[labelEnd]) || text[labelEnd] == '.')) {
-        noteCheck(statement, Check::GluedWord, first, first + 2);
-    }
-}
-
 void convert(Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
     if (cursor.is(TokenType::PERCENT)) {
@@ -164,13 +156,10 @@ void convert(Statement& statement) {
     if (cursor.is(TokenType::SLASH)) {
         skipBlockDelete(statement);
     }
-    const Token* const first = cursor.place();
     writeLabel(statement);
-    const std::size_t labelEnd = statement.text.size();
     if (!cursor.atEnd()) {
         dispatch(statement);
     }
-    checkGluedCode(statement, first, labelEnd);
 }
 
 }  // namespace
@@ -182,6 +171,28 @@ bool convertStatement(ConversionContext& context, std::span<const Token> tokens,
     convert(statement);
     effect = statement.effect;
     return !statement.isRefused;
+}
+
+void noteGluedCode(const ConversionContext& context, std::span<const Token> tokens,
+                   std::string_view text) {
+    if (text.empty() || upperCase(text[0]) != 'N') {
+        return;
+    }
+    // What may stand in front of an N-code has no letters.
+    for (std::size_t at = 0; at + 1 < tokens.size(); ++at) {
+        if (tokens[at].type != TokenType::LETTER_N) {
+            continue;
+        }
+        const std::size_t end = 1 + tokens[at + 1].text.length;
+        if (end < text.size() && (isDigit(text[end]) || text[end] == '.')) {
+            CheckRecord& record = *context.record;
+            record.findings.push_back(
+                makeFinding(Check::GluedWord, context.position,
+                            columnsOf(context.program, context.position, record.lineText,
+                                      tokens.subspan(at, 2))));
+        }
+        return;
+    }
 }
 
 void writeExpression(Statement& statement, std::string_view prefix) {

@@ -132,24 +132,37 @@ void checkWordValue(Statement& statement, const Token* first, std::string_view t
     }
 }
 
-/// A value that begins with a letter stands directly behind its word, which ends at `at`.
-void checkGlued(const Statement& statement, const Token* word, std::size_t at) {
-    const StatementText& text = statement.text;
-    if (at < text.size() && hasClass(text[at], letterClass | underscoreClass)) {
+/// Whether a value that begins so goes on with the word in front of it.
+bool beginsGlued(char first) {
+    return hasClass(first, letterClass | underscoreClass);
+}
+
+void writePlainWord(Statement& statement, std::string_view name) {
+    statement.text += name;
+    acceptToken(statement, TokenType::ASSIGN);
+    writeExpression(statement);
+}
+
+/// The same where somebody asks for checks.
+void writeRecordedWord(Statement& statement, std::string_view name) {
+    const Token* const word = statement.cursor.place() - 1;
+    const std::size_t start = statement.text.size() + name.size();
+    const bool hasSign = statement.cursor.is(TokenType::ASSIGN);
+    writePlainWord(statement, name);
+    const std::string_view text = std::string_view(statement.text).substr(start);
+    checkWordValue(statement, word + (hasSign ? 2 : 1), text);
+    if (!text.empty() && beginsGlued(text[0])) {
         noteCheck(statement, Check::GluedWord, word);
     }
 }
 
 /// name [=] value
 void writeWord(Statement& statement, std::string_view name) {
-    statement.text += name;
-    acceptToken(statement, TokenType::ASSIGN);
-    const Token* const value = statement.cursor.place();
-    const std::size_t start = statement.text.size();
-    writeExpression(statement);
-    if (statement.context.record != nullptr) {
-        checkWordValue(statement, value, std::string_view(statement.text).substr(start));
+    if (statement.context.record != nullptr) [[unlikely]] {
+        writeRecordedWord(statement, name);
+        return;
     }
+    writePlainWord(statement, name);
 }
 
 /// name [=] value, where the name begins with an axis of `axisLength` bytes. If name and value together
@@ -157,15 +170,17 @@ void writeWord(Statement& statement, std::string_view name) {
 /// parentheses.
 void writeAxisValue(Statement& statement, std::string_view name, std::size_t axisLength) {
     StatementText& text = statement.text;
-    const Token* const word = statement.cursor.place() - 1;
     const std::size_t start = text.size();
     writeWord(statement, name);
     const AxisNames& axes = statement.context.axes;
     if (axes.goesOnWith(text[start + axisLength]) &&
         axisNameLength(std::string_view(text).substr(start), axes) > name.size()) {
+        // In parentheses it does not go on with its word.
+        if (statement.context.record != nullptr && beginsGlued(text[start + name.size()])) {
+            statement.context.record->findings.pop_back();
+        }
         parenthesise(text, start + name.size());
     }
-    checkGlued(statement, word, start + name.size());
 }
 
 /// axis [[=] value]: the value may be left out at the end and in front of another axis.
@@ -180,9 +195,7 @@ void writeAxisWord(Statement& statement, std::string_view axis) {
 /// An address letter; in the place of a dwell's argument F is P.
 void writeLetter(Statement& statement, TokenType letter, bool isDwell) {
     const char name = isDwell ? 'P' : upperCase(statement.cursor.text()[0]);
-    const Token* const word = statement.cursor.place();
     statement.cursor.advance();
-    const std::size_t start = statement.text.size();
     const bool isIndexed = statement.cursor.is(TokenType::LEFT_BRACKET);
     switch (letter) {
         case TokenType::LETTER_G:
@@ -199,10 +212,7 @@ void writeLetter(Statement& statement, TokenType letter, bool isDwell) {
                 refuse(statement, Message::SpindleIndexUnsupported);
             }
             [[fallthrough]];
-        default:
-            writeWord(statement, std::string_view(&name, 1));
-            checkGlued(statement, word, start + 1);
-            break;
+        default: writeWord(statement, std::string_view(&name, 1)); break;
     }
 }
 

@@ -44,14 +44,15 @@ void convertMacroDefinition(Statement& statement, const Macro& macro) {
     for (std::size_t line = 0; line < macro.lines.lines.size(); ++line) {
         StatementText text;
         BlockEffect effect{};
-        statement.context.lineText = macro.lines.lines[line].text;
-        isConverted =
-            convertStatement(statement.context,
-                             tokensOf(program, macro.lines, line, statement.context.axes, room),
-                             text, effect) &&
-            isConverted;
+        if (record != nullptr) {
+            record->lineText = macro.lines.lines[line].text;
+        }
+        const std::span<const Token> tokens =
+            tokensOf(program, macro.lines, line, statement.context.axes, room);
+        isConverted = convertStatement(statement.context, tokens, text, effect) && isConverted;
         if (record != nullptr) {
             noteEffect(statement, effect, text);
+            noteGluedCode(statement.context, tokens, text);
         }
         body += line == 0 ? "" : "\n";
         body += text;

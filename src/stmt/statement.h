@@ -10,6 +10,10 @@ namespace torvel {
 bool convertStatement(ConversionContext& context, std::span<const Token> tokens,
                       StatementText& text, BlockEffect& effect);
 
+/// Records an N-code that stands directly in front of a digit in `text`, what the line with `tokens` became.
+void noteGluedCode(const ConversionContext& context, std::span<const Token> tokens,
+                   std::string_view text);
+
 /// Writes `prefix` and an expression to the statement's text.
 void writeExpression(Statement& statement, std::string_view prefix = {});
 

@@ -49,7 +49,7 @@ public:
     Conversion convert(const WorkSharing& sharing) const {
         MessageLog log;
         CheckRecord record = record_;
-        ConversionContext context{program_, axes_, limits_, log, {}, 0, {}, &record};
+        ConversionContext context{program_, axes_, limits_, log, {}, 0, &record};
         OutputFile output;
         const fs::path path = directory_.path() / "output";
         EXPECT_TRUE(output.open(path));
