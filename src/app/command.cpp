@@ -118,16 +118,12 @@ void convertFile(const CommandLine& commandLine, const Limits& limits, const Fin
     checkApart(paths);  // a link can lead to the file that was made just now
     openForWriting(log, paths.log);
 
-    MessageLog messages;
-    for (const SourcePosition& position : program.nulCharacters) {
-        messages.push_back({messageText(Message::NulCharacter), position, Message::NulCharacter});
-    }
+    MessageLog messages = messagesOfReading(program);
     ConversionContext context{program, axes, limits, messages, {}, 0, asked};
     convertProgram(context, output);
     closeWritten(output, paths.output);
     for (const ConversionMessage& message : messages) {
-        log.write(formatDiagnostic(message.position, message.text));
-        log.write("\n");
+        log.write(logLine(message));
     }
     closeWritten(log, paths.log);
     if (record) {

@@ -82,8 +82,25 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
     return part;
 }
 
+/// Where the lines of the output go: a file.
+struct FileTarget {
+    OutputFile& file;
+
+    std::string& buffer() { return file.buffer(); }
+    void endLine() {}
+};
+
+/// The same: memory.
+struct MemoryTarget {
+    ProgramOutput& output;
+
+    std::string& buffer() { return output.text; }
+    void endLine() { output.lineEnds.push_back(output.text.size()); }
+};
+
+template <typename Target>
 void writePart(const Program& program, const ConvertedPart& part, OutputLayout& layout,
-               OutputFile& output) {
+               Target& target) {
     std::size_t textStart = 0;
     for (std::size_t i = 0; i < part.lines.size(); ++i) {
         const ConvertedLine& line = part.lines[i];
@@ -92,14 +109,14 @@ void writePart(const Program& program, const ConvertedPart& part, OutputLayout& 
             text = std::string_view(part.text).substr(textStart, line.textEnd - textStart);
         }
         layout.write(program, program.list.lines[part.first + i], text, line.effect,
-                     output.buffer());
+                     target.buffer());
+        target.endLine();
         textStart = line.textEnd;
     }
 }
 
-}  // namespace
-
-void convertProgram(ConversionContext& context, OutputFile& output, const WorkSharing& sharing) {
+template <typename Target>
+void convertInto(ConversionContext& context, Target target, const WorkSharing& sharing) {
     const std::size_t lineCount = context.program.list.lines.size();
     const std::size_t partSize = std::max<std::size_t>(sharing.linesPerPart, 1);
     const std::size_t partCount = (lineCount + partSize - 1) / partSize;
@@ -110,7 +127,7 @@ void convertProgram(ConversionContext& context, OutputFile& output, const WorkSh
     PartsInOrder<ConvertedPart> parts(partCount, sharing, makePart);
     OutputLayout layout;
     while (std::optional<ConvertedPart> part = parts.next()) {
-        writePart(context.program, *part, layout, output);
+        writePart(context.program, *part, layout, target);
         context.log.insert(context.log.end(), std::make_move_iterator(part->log.begin()),
                            std::make_move_iterator(part->log.end()));
         if (context.record != nullptr) {
@@ -120,6 +137,29 @@ void convertProgram(ConversionContext& context, OutputFile& output, const WorkSh
     if (context.record != nullptr) {
         finishRecord(context.program, *context.record);
     }
+}
+
+}  // namespace
+
+void convertProgram(ConversionContext& context, OutputFile& output, const WorkSharing& sharing) {
+    convertInto(context, FileTarget{output}, sharing);
+}
+
+void convertProgram(ConversionContext& context, ProgramOutput& output, const WorkSharing& sharing) {
+    output.lineEnds.reserve(context.program.list.lines.size());
+    convertInto(context, MemoryTarget{output}, sharing);
+}
+
+std::string logLine(const ConversionMessage& message) {
+    return formatDiagnostic(message.position, message.text) + '\n';
+}
+
+MessageLog messagesOfReading(const Program& program) {
+    MessageLog messages;
+    for (const SourcePosition& position : program.nulCharacters) {
+        messages.push_back({messageText(Message::NulCharacter), position, Message::NulCharacter});
+    }
+    return messages;
 }
 
 }  // namespace torvel

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <string>
+#include <vector>
+
 #include "src/app/work-sharing.h"
 #include "src/base/file-system.h"
 #include "src/expr/parser-core.h"
@@ -11,5 +15,22 @@ namespace torvel {
 /// before, holds all findings afterwards. Throws std::bad_alloc.
 void convertProgram(ConversionContext& context, OutputFile& output,
                     const WorkSharing& sharing = {});
+
+/// The output of a program in memory, with line feeds.
+struct ProgramOutput {
+    std::string text;
+    /// Where the text of each line of the program ends in it.
+    std::vector<std::size_t> lineEnds;
+};
+
+/// The same into memory.
+void convertProgram(ConversionContext& context, ProgramOutput& output,
+                    const WorkSharing& sharing = {});
+
+/// A message as it stands in the log, with its line end.
+std::string logLine(const ConversionMessage& message);
+
+/// The messages about what the files of a program hold, which stand in front of those about its lines.
+MessageLog messagesOfReading(const Program& program);
 
 }  // namespace torvel

@@ -19,8 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<std::string_view, 7> stages = {"base", "lex",    "preprocess", "expr",
-                                                    "stmt", "checks", "app"};
+constexpr std::array<std::string_view, 8> stages = {"base", "lex",    "preprocess", "expr",
+                                                    "stmt", "checks", "app",        "migrate"};
 
 /// The folder of src that a path leads through; empty for a file of src itself.
 std::string_view stageOf(std::string_view path) {
@@ -69,6 +69,8 @@ TEST(IncludeDirections, RulesOfTheStages) {
     EXPECT_TRUE(mayInclude("checks", "stmt"));
     EXPECT_FALSE(mayInclude("checks", "preprocess"));
     EXPECT_FALSE(mayInclude("stmt", "checks"));
+    EXPECT_TRUE(mayInclude("migrate", "app"));
+    EXPECT_FALSE(mayInclude("app", "migrate"));
     EXPECT_FALSE(mayInclude("lex", "unknown"));
 }
 

@@ -1,0 +1,215 @@
+#include "src/migrate/program-conversion.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+#include "src/app/conversion.h"
+#include "src/base/characters.h"
+#include "src/base/parse-exception.h"
+#include "src/checks/line-record.h"
+#include "src/migrate/recorded-source.h"
+#include "src/preprocess/line-splitter.h"
+#include "src/preprocess/preprocessor.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+constexpr std::string_view marker = "#error_unconvertible";
+
+/// A program in memory while its result is put together.
+struct Conversion {
+    const ConversionSettings& settings;
+    Program program;
+    ProgramOutput output;
+    /// By line of the program: the number of its first line of output, from 1, and one behind the last.
+    std::vector<std::uint32_t> firstOutputLines;
+    /// The lines of a file, as far as somebody asked for one.
+    std::unordered_map<const SourceFile*, std::vector<std::string_view>> sourceLines;
+
+    std::string keyOf(const SourceFile& file) const {
+        return migrate::keyOf(file.path, settings.folder);
+    }
+};
+
+std::vector<std::string_view> linesOf(std::string_view text) {
+    std::vector<std::string_view> lines;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        std::string_view line = text.substr(0, end);
+        if (line.ends_with('\r')) {
+            line.remove_suffix(1);
+        }
+        lines.push_back(line);
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return lines;
+}
+
+std::string_view sourceLine(Conversion& conversion, const SourcePosition& position) {
+    const SourceFile& file = *position.inclusion->file;
+    const auto [entry, isNew] = conversion.sourceLines.try_emplace(&file);
+    if (isNew) {
+        entry->second = linesOf(conversion.program.text.view(file.text));
+    }
+    const std::size_t number = position.lineNumber;
+    return number == 0 || number > entry->second.size() ? std::string_view()
+                                                        : entry->second[number - 1];
+}
+
+void countOutputLines(Conversion& conversion) {
+    const std::string_view text = conversion.output.text;
+    conversion.firstOutputLines.reserve(conversion.output.lineEnds.size() + 1);
+    std::uint32_t number = 1;
+    std::size_t begin = 0;
+    for (const std::size_t end : conversion.output.lineEnds) {
+        conversion.firstOutputLines.push_back(number);
+        const std::string_view line = text.substr(begin, end - begin);
+        number += static_cast<std::uint32_t>(std::count(line.begin(), line.end(), '\n'));
+        begin = end;
+    }
+    conversion.firstOutputLines.push_back(number);
+}
+
+bool isMarker(std::string_view line) {
+    return line.substr(std::min(line.find_first_not_of('\t'), line.size())).starts_with(marker);
+}
+
+std::uint32_t depthOf(const Inclusion* inclusion) {
+    std::uint32_t depth = 0;
+    for (inclusion = inclusion->includedFrom.inclusion; inclusion != nullptr;
+         inclusion = inclusion->includedFrom.inclusion) {
+        ++depth;
+    }
+    return depth;
+}
+
+/// The line map, and the distinct lines of source behind markers.
+void mapLines(const Conversion& conversion, ProgramResult& result) {
+    const LineList& list = conversion.program.list;
+    std::unordered_map<const SourceFile*, std::uint32_t> numbers;
+    for (const SourceFile& file : conversion.program.files) {
+        numbers.emplace(&file, static_cast<std::uint32_t>(numbers.size()));
+    }
+    std::unordered_set<std::uint64_t> refused;
+    const std::string_view text = conversion.output.text;
+    std::size_t begin = 0;
+    const Inclusion* inclusion = nullptr;
+    MappedLine mapped;
+    result.lineMap.reserve(list.lines.size());
+    for (std::size_t i = 0; i < list.lines.size(); ++i) {
+        const SourceLine& line = list.lines[i];
+        if (line.inclusion != inclusion) {
+            inclusion = line.inclusion;
+            mapped.file = numbers.at(inclusion->file);
+            mapped.depth = depthOf(inclusion);
+        }
+        const std::size_t end = conversion.output.lineEnds[i];
+        mapped.line = line.lineNumber;
+        mapped.outputLineCount =
+            conversion.firstOutputLines[i + 1] - conversion.firstOutputLines[i];
+        mapped.isConverted = !isMarker(text.substr(begin, end - begin));
+        if (!mapped.isConverted) {
+            refused.insert(std::uint64_t{mapped.file} << 32U | mapped.line);
+        }
+        result.lineMap.push_back(mapped);
+        begin = end;
+    }
+    result.convertedLines = result.lines - std::min<std::uint64_t>(refused.size(), result.lines);
+}
+
+/// Lines of a file that was read without fault, which hold more than comments and blanks.
+std::uint64_t countCodeLines(Program& program, const SourceFile& file) {
+    const Inclusion inclusion{&file, {}};
+    LineSplitter splitter(program, inclusion);
+    ScannedLine line;
+    std::uint64_t count = 0;
+    while (splitter.next(line)) {
+        count += line.code.empty() ? 0 : 1;
+    }
+    return count;
+}
+
+FindingRow rowOf(Conversion& conversion, const Finding& finding) {
+    FindingRow row;
+    row.line = finding.position.lineNumber;
+    row.columns = finding.columns;
+    row.code = finding.code;
+    row.origin = finding.origin;
+    row.todo = finding.todo;
+    row.severity = finding.severity;
+    row.text = finding.text;
+    row.lines = finding.lines;
+    if (finding.position.inclusion == nullptr) {
+        return row;
+    }
+    row.file = conversion.keyOf(*finding.position.inclusion->file);
+    row.lineText = sourceLine(conversion, finding.position);
+    for (SourcePosition from = finding.position.inclusion->includedFrom; from.inclusion != nullptr;
+         from = from.inclusion->includedFrom) {
+        row.includedFrom.push_back({conversion.keyOf(*from.inclusion->file), from.lineNumber});
+    }
+    const std::size_t number = finding.programLine;
+    const auto& lines = conversion.program.list.lines;
+    if (number < conversion.output.lineEnds.size() &&
+        lines[number].inclusion == finding.position.inclusion &&
+        lines[number].lineNumber == finding.position.lineNumber) {
+        row.outputLine = conversion.firstOutputLines[number];
+        row.outputLineCount = conversion.firstOutputLines[number + 1] - row.outputLine;
+    }
+    return row;
+}
+
+void convertRead(Conversion& conversion, CheckRecord& record, ProgramResult& result) {
+    MessageLog messages = messagesOfReading(conversion.program);
+    ConversionContext context{conversion.program,
+                              conversion.settings.axes,
+                              conversion.settings.limits,
+                              messages,
+                              {},
+                              0,
+                              &record};
+    convertProgram(context, conversion.output, WorkSharing{.helpers = 0});
+    for (const ConversionMessage& message : messages) {
+        result.logText += logLine(message);
+    }
+    countOutputLines(conversion);
+    for (const SourceFile& file : conversion.program.files) {
+        result.lines += countCodeLines(conversion.program, file);
+    }
+    mapLines(conversion, result);
+}
+
+}  // namespace
+
+ProgramResult convertOne(const NativePath& path, const ConversionSettings& settings) {
+    ProgramResult result;
+    const FileSource source = recordedSource(settings.source, settings.folder, result.inputs);
+    Conversion conversion{settings, {}, {}, {}, {}};
+    CheckRecord record;
+    result.program = keyOf(path, settings.folder);
+    try {
+        preprocessProgram(conversion.program, narrowPath(path), settings.axes, settings.limits,
+                          predefinedConstants(), source, &record);
+        convertRead(conversion, record, result);
+    } catch (const ParseException& error) {
+        result.status = ProgramStatus::unreadable;
+        record.findings.assign(1, unreadableFinding(error));
+    }
+    for (const Finding& finding : record.findings) {
+        result.findings.push_back(rowOf(conversion, finding));
+        if (result.findings.back().file.empty()) {
+            result.findings.back().file = result.program;
+        }
+    }
+    for (const SourceFile& file : conversion.program.files) {
+        const std::string_view text = conversion.program.text.view(file.text);
+        result.files.push_back({conversion.keyOf(file), hashOf(text), std::string(text)});
+    }
+    result.outputText = std::move(conversion.output.text);
+    return result;
+}
+
+}  // namespace torvel::migrate

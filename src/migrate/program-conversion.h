@@ -1,0 +1,23 @@
+#pragma once
+
+#include "src/base/file-source.h"
+#include "src/lex/axis-names.h"
+#include "src/limits.h"
+#include "src/migrate/program-result.h"
+
+namespace torvel::migrate {
+
+/// What programs are converted with. It is only read, by several threads at once.
+struct ConversionSettings {
+    /// The project's folder, canonical.
+    NativePath folder;
+    FileSource source;
+    AxisNames axes;
+    Limits limits;
+};
+
+/// Converts the program at `path` in this thread. The result has everything but the key of the output and what is
+/// known of other programs. A program that cannot be read is a result too. Throws std::bad_alloc.
+ProgramResult convertOne(const NativePath& path, const ConversionSettings& settings);
+
+}  // namespace torvel::migrate

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "src/base/file-system.h"
+
+// What a plant's conversion is told: migration.toml, and the command line over it. Paths in it are written with "/"
+// or "\", relative to the project's folder or absolute.
+
+namespace torvel::migrate {
+
+/// A folder of programs for a machine of its own.
+struct MachineFolder {
+    /// Key of the folder (program-result.h tells what a key is).
+    std::string path;
+    std::optional<std::string> parameters;
+};
+
+/// Minutes of work for one finding, a range.
+struct MinuteRange {
+    double least = 0;
+    double most = 0;
+};
+
+/// The factors of the estimate, by what is to be done.
+struct Effort {
+    MinuteRange rewrite{10, 40};
+    MinuteRange complete{5, 15};
+    MinuteRange look{2, 10};
+    MinuteRange fixSource{10, 60};
+};
+
+/// Rows that the site gives over the built-in tables, as written in [reference]; not yet checked.
+struct ReferenceEntries {
+    std::map<std::uint32_t, std::string> axisParameters;
+    std::map<std::uint32_t, std::string> taskParameters;
+    std::map<std::uint32_t, std::string> systemParameters;
+    std::map<std::uint32_t, std::string> axisItems;
+    std::map<std::uint32_t, std::string> taskItems;
+    std::map<std::uint32_t, std::string> systemItems;
+    /// Predefined constants: name and the Brannic text that it stands for.
+    std::map<std::string, std::string> constants;
+};
+
+struct Project {
+    /// Canonical; where keys begin.
+    NativePath folder;
+    /// The file that it was read from; empty: there was none.
+    NativePath file;
+    std::vector<std::string> sources;
+    /// Patterns of what is a program when no other file includes it.
+    std::vector<std::string> programs{"**/*.pgm", "**/*.prg"};
+    /// Programs even if another file includes them.
+    std::vector<std::string> programsAlways;
+    std::vector<std::string> exclude;
+    std::string output = "converted";
+    /// The output of part.pgm is part.pgm.torvel, not part.torvel.
+    bool keepExtension = false;
+    std::optional<std::string> parameters;
+    std::vector<MachineFolder> folders;
+    ReferenceEntries reference;
+    Effort effort;
+    /// Where the store is; none: migration.sqlite in the output folder.
+    std::optional<std::string> store;
+    /// The baseline; none: migration-baseline.json in the project's folder.
+    std::optional<std::string> baseline;
+    /// Findings that fail a run: todo and severity names; empty: only what is not in a baseline that is there.
+    std::vector<std::string> failOn;
+};
+
+}  // namespace torvel::migrate

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "src/base/file-source.h"
+#include "src/migrate/program-result.h"
+
+namespace torvel::migrate {
+
+/// The key of a canonical path in a project whose folder is canonical.
+std::string keyOf(const NativePath& path, const NativePath& folder);
+
+/// A source of files that notes what is asked of another one: each file that is read with the hash of its bytes, and
+/// each that is looked for and not there. `source`, `folder` and `inputs` have to outlive it.
+FileSource recordedSource(const FileSource& source, const NativePath& folder,
+                          std::vector<Input>& inputs);
+
+}  // namespace torvel::migrate

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "src/migrate/program-result.h"
+#include "src/migrate/project.h"
+#include "src/migrate/store.h"
+
+// What a report tells: the results of the stores, with what the outputs are now.
+
+namespace torvel::migrate {
+
+/// What stands at the place of an output.
+enum class OutputState : std::uint8_t {
+    none,         // the program was not converted
+    asGenerated,  // what the converter wrote
+    edited,       // a person changed it
+    conflict,     // edits and a new generation wait to be brought together
+    deleted,      // a person took it away
+    foreign,      // it is there, and nobody knows from what it was made: the store was lost
+};
+
+struct ReportFinding {
+    FindingRow row;
+    /// Its marker or placeholder stands in the output as it is now; for the others: it was found.
+    bool isOpen = true;
+};
+
+struct ReportProgram {
+    std::string program;
+    std::string output;
+    std::string machine;
+    ProgramStatus status{};
+    OutputState outputState{};
+    std::uint64_t lines = 0;
+    std::uint64_t convertedLines = 0;
+    std::vector<ReportFinding> findings;
+};
+
+/// Takes the programs one by one, in the order of their keys.
+using ReportProgramTaker = std::function<void(const ReportProgram&)>;
+
+/// What is reported. A source that gives its programs again each time that it is asked, so that no format needs all
+/// of them in memory.
+struct Report {
+    std::vector<RunRow> runs;
+    Effort effort;
+    /// What is told about the files as a whole.
+    std::vector<std::string> notices;
+    std::function<void(const ReportProgramTaker&)> forEachProgram;
+};
+
+}  // namespace torvel::migrate
