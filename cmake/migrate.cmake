@@ -2,12 +2,33 @@
 # Debian's packages.
 find_package(Threads REQUIRED)
 find_package(ZLIB REQUIRED)
-find_library(SQLITE3_LIBRARY NAMES $<$<BOOL:${TORVEL_STATIC}>:libsqlite3.a> sqlite3 REQUIRED)
 
 # Libraries that are headers only, and those that are linked.
 add_library(migrate_libraries INTERFACE)
 target_compile_definitions(migrate_libraries INTERFACE FMT_HEADER_ONLY)
-target_link_libraries(migrate_libraries INTERFACE "${SQLITE3_LIBRARY}" ZLIB::ZLIB Threads::Threads)
+target_link_libraries(migrate_libraries INTERFACE ZLIB::ZLIB Threads::Threads)
+if(CMAKE_CROSSCOMPILING)
+    # What is headers only is the same for every system, but stands among the headers of this one. SQLite is
+    # made of its source, which script/setup puts there.
+    set(third_party "${PROJECT_BINARY_DIR}/third-party")
+    foreach(header CLI dtl fmt nlohmann toml++ xxhash.h xxh3.h)
+        file(COPY "/usr/include/${header}" DESTINATION "${third_party}")
+    endforeach()
+    enable_language(C)
+    add_library(sqlite3 STATIC "${PROJECT_SOURCE_DIR}/build/sqlite/sqlite3.c")
+    target_include_directories(sqlite3 SYSTEM PUBLIC "${PROJECT_SOURCE_DIR}/build/sqlite")
+    target_compile_definitions(sqlite3 PRIVATE SQLITE_OMIT_LOAD_EXTENSION SQLITE_DQS=0)
+    target_compile_options(sqlite3 PRIVATE -w)
+    target_include_directories(migrate_libraries SYSTEM INTERFACE "${third_party}")
+    target_link_libraries(migrate_libraries INTERFACE sqlite3)
+else()
+    set(sqlite_names sqlite3)
+    if(TORVEL_STATIC)
+        list(PREPEND sqlite_names libsqlite3.a)
+    endif()
+    find_library(SQLITE3_LIBRARY NAMES ${sqlite_names} REQUIRED)
+    target_link_libraries(migrate_libraries INTERFACE "${SQLITE3_LIBRARY}" ${CMAKE_DL_LIBS} m)
+endif()
 
 file(GLOB_RECURSE migrate_sources CONFIGURE_DEPENDS src/migrate/*.cpp)
 list(FILTER migrate_sources EXCLUDE REGEX "/src/migrate/main\\.cpp$")
