@@ -72,6 +72,7 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
     part.lines.reserve(last - first);
     part.text.reserve((last - first) * expectedTextLength);
     ConversionContext context{run.program, run.axes, run.limits, part.log, {}};
+    context.reference = run.reference;
     if (run.record != nullptr) {
         part.record = std::make_unique<CheckRecord>();
         context.record = part.record.get();

@@ -113,7 +113,7 @@ void translateStatusItem(Statement& statement, ItemTable items, ExpressionText& 
     }
     checkItemNumber(statement, items, item, first);
     if (const std::optional<std::int32_t> number = parseIntegerText(item)) {
-        translateItem(statement, items, *number, out);
+        translateItem(statement, items, *number, first, out);
     } else {
         refuse(statement, Message::IntegerLiteralExpected);
     }

@@ -20,10 +20,14 @@ TextSpan writtenText(const Program& program, const Token& token) {
     return isPreservedDefine(token.type) ? program.defineTexts[token.number].value : token.text;
 }
 
+bool isPredefined(const Program& program, const Token& token) {
+    return isNumber(token.type) &&
+           findPredefinedText(program, writtenText(program, token)) != nullptr;
+}
+
 bool isWrittenInProgram(const Program& program, std::span<const Token> tokens) {
     return std::any_of(tokens.begin(), tokens.end(), [&](const Token& token) {
-        return isNumber(token.type) &&
-               findPredefinedText(program, writtenText(program, token)) == nullptr;
+        return isNumber(token.type) && !isPredefined(program, token);
     });
 }
 
@@ -45,6 +49,18 @@ bool isBlankBeside(const ConversionContext& context, const Token& sign, bool isB
 }
 
 }  // namespace
+
+std::optional<std::string_view> findReferenceRow(const Statement& statement, ReferenceKind kind,
+                                                 std::uint32_t number, const Token* first) {
+    const ConversionContext& context = statement.context;
+    if (context.reference == nullptr) {
+        return std::nullopt;
+    }
+    const bool isFromConstant =
+        std::any_of(first, statement.cursor.place(),
+                    [&](const Token& token) { return isPredefined(context.program, token); });
+    return isFromConstant ? std::nullopt : context.reference->find(kind, number);
+}
 
 std::optional<std::int32_t> decimalReading(std::string_view text) {
     const std::optional<std::int32_t> value = parseIntegerText(text);
@@ -75,6 +91,8 @@ void checkItemNumber(Statement& statement, ItemTable table, std::string_view tex
     checkOctal(statement, text, first);
     const std::optional<std::int32_t> number = parseIntegerText(text);
     if (number && *number >= 0 && !isKnownRow(table, static_cast<std::uint32_t>(*number)) &&
+        !findReferenceRow(statement, referenceKindOf(table), static_cast<std::uint32_t>(*number),
+                          first) &&
         isWrittenInProgram(statement.context.program, {first, statement.cursor.place()})) {
         noteCheck(statement, Check::ComposedNumber, first);
     }

@@ -11,6 +11,11 @@
 
 namespace torvel {
 
+/// What the site calls the item with a number that the program wrote; nothing if there is no row for it, or if a
+/// predefined constant gave the number. The number's tokens are those from `first` up to the cursor.
+std::optional<std::string_view> findReferenceRow(const Statement& statement, ReferenceKind kind,
+                                                 std::uint32_t number, const Token* first);
+
 /// The number chose a row of a table: octal, or composed and written in the program. `text` is the number as
 /// Torvel text, its tokens are those from `first` up to the cursor.
 void checkItemNumber(Statement& statement, ItemTable table, std::string_view text,

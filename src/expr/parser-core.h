@@ -10,6 +10,7 @@
 #include "src/base/check-record.h"
 #include "src/base/messages.h"
 #include "src/base/program.h"
+#include "src/expr/reference-rows.h"
 #include "src/lex/axis-names.h"
 #include "src/limits.h"
 
@@ -52,6 +53,8 @@ struct ConversionContext {
     unsigned nesting = 0;
     /// Takes what is converted and yet needs a look; null: nobody asks.
     CheckRecord* record = nullptr;
+    /// What the site calls parameters and items; null: as the built-in rows do.
+    const ReferenceRows* reference = nullptr;
 };
 
 /// A place in a line's tokens.

@@ -72,17 +72,30 @@ struct ItemLookup {
     std::optional<std::string_view> (*find)(std::uint32_t) = nullptr;
     Message missing;
     Message removed;
+    /// For the rows of a site, which have none.
+    std::string_view prefix;
+    ReferenceKind kind{};
 };
 
 /// By ItemTable, without the first of them, which is none.
 constexpr ItemLookup itemLookups[] = {
-    {lookupAxisParameterName, Message::AxisParameterInvalid, Message::AxisParameterRemoved},
-    {lookupTaskParameterName, Message::TaskParameterInvalid, Message::TaskParameterRemoved},
-    {lookupSystemParameterName, Message::SystemParameterInvalid, Message::SystemParameterRemoved},
-    {lookupAxisStatusItem, Message::ItemMissing, Message::ItemRemoved},
-    {lookupTaskStatusItem, Message::ItemMissing, Message::ItemRemoved},
-    {lookupSystemStatusItem, Message::ItemMissing, Message::ItemRemoved},
+    {lookupAxisParameterName, Message::AxisParameterInvalid, Message::AxisParameterRemoved,
+     "AxisParameter.", ReferenceKind::axisParameter},
+    {lookupTaskParameterName, Message::TaskParameterInvalid, Message::TaskParameterRemoved,
+     "TaskParameter.", ReferenceKind::taskParameter},
+    {lookupSystemParameterName, Message::SystemParameterInvalid, Message::SystemParameterRemoved,
+     "SystemParameter.", ReferenceKind::systemParameter},
+    {lookupAxisStatusItem, Message::ItemMissing, Message::ItemRemoved, "AxisStatusItem.",
+     ReferenceKind::axisItem},
+    {lookupTaskStatusItem, Message::ItemMissing, Message::ItemRemoved, "TaskStatusItem.",
+     ReferenceKind::taskItem},
+    {lookupSystemStatusItem, Message::ItemMissing, Message::ItemRemoved, "SystemStatusItem.",
+     ReferenceKind::systemItem},
 };
+
+const ItemLookup& lookupOf(ItemTable table) {
+    return itemLookups[static_cast<std::size_t>(table) - 1];
+}
 
 /// "." task number, or nothing for the running task; with the ", " that follows it in a call
 void translateTaskSelector(Statement& statement, ExpressionText& out) {
@@ -126,7 +139,7 @@ void translateItemIndex(Statement& statement, ItemTable table, std::string_view 
         logConversionMessage(statement, Message::IntegerLiteralExpected);
         noteCheck(statement, Check::ParameterZero, first);
     }
-    translateItem(statement, table, number.value_or(0), out);
+    translateItem(statement, table, number.value_or(0), first, out);
 }
 
 /// A "." behind a plain variable can only be the DEFINED test, which is gone.
@@ -271,9 +284,19 @@ void translateIndex(Statement& statement, std::string_view digits, ExpressionTex
     }
 }
 
-void translateItem(Statement& statement, ItemTable table, std::int32_t number,
+ReferenceKind referenceKindOf(ItemTable table) {
+    return lookupOf(table).kind;
+}
+
+void translateItem(Statement& statement, ItemTable table, std::int32_t number, const Token* first,
                    ExpressionText& out) {
-    const ItemLookup& lookup = itemLookups[static_cast<std::size_t>(table) - 1];
+    const ItemLookup& lookup = lookupOf(table);
+    if (const auto own =
+            findReferenceRow(statement, lookup.kind, static_cast<std::uint32_t>(number), first)) {
+        out += lookup.prefix;
+        out += *own;
+        return;
+    }
     const std::optional<std::string_view> name =
         number < 0 ? std::nullopt : lookup.find(static_cast<std::uint32_t>(number));
     if (!name) {

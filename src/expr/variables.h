@@ -45,7 +45,12 @@ enum class ItemTable : std::uint8_t {
     systemStatus,
 };
 
-/// Appends the Torvel name of an item; refuses one that there is not or that was removed.
-void translateItem(Statement& statement, ItemTable table, std::int32_t number, ExpressionText& out);
+/// What a site's rows of a table are.
+ReferenceKind referenceKindOf(ItemTable table);
+
+/// Appends the Torvel name of an item; refuses one that there is not or that was removed. The tokens of its number
+/// are those from `first` up to the cursor.
+void translateItem(Statement& statement, ItemTable table, std::int32_t number, const Token* first,
+                   ExpressionText& out);
 
 }  // namespace torvel

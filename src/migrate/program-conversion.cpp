@@ -170,7 +170,8 @@ void convertRead(Conversion& conversion, CheckRecord& record, ProgramResult& res
                               messages,
                               {},
                               0,
-                              &record};
+                              &record,
+                              conversion.settings.reference.get()};
     convertProgram(context, conversion.output, WorkSharing{.helpers = 0});
     for (const ConversionMessage& message : messages) {
         result.logText += logLine(message);
@@ -191,8 +192,10 @@ ProgramResult convertOne(const NativePath& path, const ConversionSettings& setti
     CheckRecord record;
     result.program = keyOf(path, settings.folder);
     try {
+        const PredefinedTable& predefined =
+            settings.constants ? settings.constants->table() : predefinedConstants();
         preprocessProgram(conversion.program, narrowPath(path), settings.axes, settings.limits,
-                          predefinedConstants(), source, &record);
+                          predefined, source, &record);
         convertRead(conversion, record, result);
     } catch (const ParseException& error) {
         result.status = ProgramStatus::unreadable;

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <memory>
+
 #include "src/base/file-source.h"
+#include "src/expr/reference-rows.h"
 #include "src/lex/axis-names.h"
 #include "src/limits.h"
 #include "src/migrate/program-result.h"
+#include "src/preprocess/site-constants.h"
 
 namespace torvel::migrate {
 
@@ -14,6 +18,9 @@ struct ConversionSettings {
     FileSource source;
     AxisNames axes;
     Limits limits;
+    /// What the site gives over the built-in rows; null: nothing.
+    std::shared_ptr<const ReferenceRows> reference;
+    std::shared_ptr<const SiteConstants> constants;
 };
 
 /// Converts the program at `path` in this thread. The result has everything but the key of the output and what is

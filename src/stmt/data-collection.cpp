@@ -39,14 +39,52 @@ struct SignalTable {
     bool hasTarget;
     /// What a target that is a number is: an axis of these axes, a task that became an axis; or that it is dropped.
     Check targetCheck;
+    /// For the rows of a site.
+    ReferenceKind kind{};
+    std::string_view prefix;
 };
 
 /// In the order in which a number is looked up.
 constexpr SignalTable signalTables[] = {
-    {lookupAxisDataSignal, "DataCollectionAddAxisSignal(", true, Check::AxisNumber},
-    {lookupTaskDataSignal, "DataCollectionAddTaskSignal(", true, Check::TaskAsAxis},
-    {lookupSystemDataSignal, "DataCollectionAddSystemSignal(", false, Check::OperandDropped},
+    {lookupAxisDataSignal, "DataCollectionAddAxisSignal(", true, Check::AxisNumber,
+     ReferenceKind::axisItem, "AxisDataSignal."},
+    {lookupTaskDataSignal, "DataCollectionAddTaskSignal(", true, Check::TaskAsAxis,
+     ReferenceKind::taskItem, "TaskDataSignal."},
+    {lookupSystemDataSignal, "DataCollectionAddSystemSignal(", false, Check::OperandDropped,
+     ReferenceKind::systemItem, "SystemDataSignal."},
 };
+
+/// The signal of an item.
+struct Signal {
+    const SignalTable* table = nullptr;
+    /// Empty: the item was removed.
+    std::string name;
+};
+
+/// The signal of an item whose number the tokens from `first` up to the cursor gave. The rows of the site are looked
+/// up first, all of them. Nothing: there is no such item.
+std::optional<Signal> findSignal(Statement& statement, const ExpressionText& item,
+                                 const Token* first) {
+    const std::optional<std::int32_t> number = parseIntegerText(item);
+    const auto row = static_cast<std::uint32_t>(number.value_or(-1));
+    for (const SignalTable& table : signalTables) {
+        if (const auto own = findReferenceRow(statement, table.kind, row, first)) {
+            checkOctal(statement, item, first);
+            return Signal{&table, std::string(table.prefix).append(*own)};
+        }
+    }
+    checkItemNumber(statement, ItemTable::axisStatus, item, first);
+    if (!number) {
+        refuse(statement, Message::IntegerLiteralExpected);
+    } else if (*number >= 0) {
+        for (const SignalTable& table : signalTables) {
+            if (const auto name = table.find(row)) {
+                return Signal{&table, std::string(*name)};
+            }
+        }
+    }
+    return std::nullopt;
+}
 
 }  // namespace
 
@@ -74,11 +112,7 @@ void convertCollectionItem(Statement& statement, std::string_view) {
         const UnwrittenOperand unwritten(statement);
         translateExpression(statement, item);
     }
-    checkItemNumber(statement, ItemTable::axisStatus, item, itemPlace);
-    const std::optional<std::int32_t> number = parseIntegerText(item);
-    if (!number) {
-        refuse(statement, Message::IntegerLiteralExpected);
-    }
+    const std::optional<Signal> signal = findSignal(statement, item, itemPlace);
     std::string argument;
     if (acceptToken(statement, TokenType::COMMA)) {
         argument = ", ";
@@ -87,27 +121,23 @@ void convertCollectionItem(Statement& statement, std::string_view) {
     if (statement.isRefused) {
         return;
     }
-    for (const SignalTable& table : signalTables) {
-        const auto name =
-            *number < 0 ? std::nullopt : table.find(static_cast<std::uint32_t>(*number));
-        if (!name) {
-            continue;
-        }
-        if (name->empty()) {
-            refuse(statement, Message::ItemRemoved);
-        }
-        const bool isKnownAxis =
-            table.targetCheck == Check::AxisNumber && statement.context.axes.areOfParameterFile();
-        if (!table.hasTarget || (isNumber && !isKnownAxis)) {
-            noteCheck(statement, table.targetCheck, targetPlace, targetEnd);
-        }
-        statement.text += table.call;
-        statement.text += table.hasTarget ? target + ", " : "";
-        statement.text += *name;
-        statement.text += argument + ")";
+    if (!signal) {
+        refuse(statement, Message::DataItemUnknown);
         return;
     }
-    refuse(statement, Message::DataItemUnknown);
+    if (signal->name.empty()) {
+        refuse(statement, Message::ItemRemoved);
+    }
+    const SignalTable& table = *signal->table;
+    const bool isKnownAxis =
+        table.targetCheck == Check::AxisNumber && statement.context.axes.areOfParameterFile();
+    if (!table.hasTarget || (isNumber && !isKnownAxis)) {
+        noteCheck(statement, table.targetCheck, targetPlace, targetEnd);
+    }
+    statement.text += table.call;
+    statement.text += table.hasTarget ? target + ", " : "";
+    statement.text += signal->name;
+    statement.text += argument + ")";
 }
 
 }  // namespace torvel

@@ -16,7 +16,7 @@ void translateParameterName(Statement& statement, std::string& name) {
     expectToken(statement, TokenType::LEFT_BRACKET);
     const std::string_view literal = expectToken(statement, TokenType::INTEGER_LITERAL);
     if (const std::optional<std::int32_t> number = parseIntegerText(literal)) {
-        translateItem(statement, ItemTable::axisParameter, *number, name);
+        translateItem(statement, ItemTable::axisParameter, *number, first, name);
     } else {
         refuse(statement, Message::IntegerLiteralExpected);
     }
