@@ -27,6 +27,17 @@ else()
          glibc.txt /usr/share/doc/libc6-dev/copyright
          LGPL-2.1.txt /usr/share/common-licenses/LGPL-2.1)
 endif()
+if(TORVEL_BUILD_MIGRATE)
+    list(APPEND notices
+         CLI11.txt /usr/share/doc/libcli11-dev/copyright
+         dtl.txt /usr/share/doc/libdtl-dev/copyright
+         fmt.txt /usr/share/doc/libfmt-dev/copyright
+         nlohmann-json.txt /usr/share/doc/nlohmann-json3-dev/copyright
+         sqlite.txt /usr/share/doc/libsqlite3-dev/copyright
+         tomlplusplus.txt /usr/share/doc/libtomlplusplus-dev/copyright
+         xxHash.txt /usr/share/doc/libxxhash-dev/copyright
+         zlib.txt /usr/share/doc/zlib1g-dev/copyright)
+endif()
 while(notices)
     list(POP_FRONT notices name source)
     if(EXISTS "${source}")
@@ -35,9 +46,13 @@ while(notices)
 endwhile()
 
 install(TARGETS BrannicToTorvel64 RUNTIME DESTINATION ${program_directory})
+if(TORVEL_BUILD_MIGRATE)
+    install(TARGETS torvel-migrate RUNTIME DESTINATION ${program_directory})
+endif()
 install(FILES README.md DESTINATION ${document_directory})
 install(DIRECTORY docs examples DESTINATION ${document_directory}
-        FILES_MATCHING PATTERN "*.md" PATTERN "*.pgm" PATTERN "*.xml")
+        FILES_MATCHING PATTERN "*.md" PATTERN "*.pgm" PATTERN "*.prg" PATTERN "*.inc" PATTERN "*.xml"
+        PATTERN "*.toml" PATTERN "*.json")
 if(WIN32)
     # Texts for the editors and the command interpreter of Windows.
     set(text_directory "${PROJECT_BINARY_DIR}/packaging")
@@ -51,12 +66,19 @@ if(WIN32)
 else()
     install(FILES LICENSE DESTINATION ${document_directory})
     find_program(GZIP gzip)
-    set(manual_page "${PROJECT_BINARY_DIR}/BrannicToTorvel64.1.gz")
-    add_custom_command(
-        OUTPUT "${manual_page}"
-        COMMAND ${GZIP} -9nc "${PROJECT_SOURCE_DIR}/docs/BrannicToTorvel64.1" > "${manual_page}"
-        DEPENDS docs/BrannicToTorvel64.1
-        VERBATIM)
-    add_custom_target(manual ALL DEPENDS "${manual_page}")
-    install(FILES "${manual_page}" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    set(manual_pages BrannicToTorvel64.1)
+    if(TORVEL_BUILD_MIGRATE)
+        list(APPEND manual_pages torvel-migrate.1)
+    endif()
+    foreach(page ${manual_pages})
+        set(packed_page "${PROJECT_BINARY_DIR}/${page}.gz")
+        add_custom_command(
+            OUTPUT "${packed_page}"
+            COMMAND ${GZIP} -9nc "${PROJECT_SOURCE_DIR}/docs/${page}" > "${packed_page}"
+            DEPENDS "docs/${page}"
+            VERBATIM)
+        list(APPEND packed_pages "${packed_page}")
+    endforeach()
+    add_custom_target(manual ALL DEPENDS ${packed_pages})
+    install(FILES ${packed_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endif()
