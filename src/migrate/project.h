@@ -4,18 +4,18 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "src/base/file-system.h"
 
 // What a plant's conversion is told: migration.toml, and the command line over it. Paths in it are written with "/"
-// or "\", relative to the project's folder or absolute.
+// or "\", relative to the project's folder or absolute; here they have "/".
 
 namespace torvel::migrate {
 
 /// A folder of programs for a machine of its own.
 struct MachineFolder {
-    /// Key of the folder (program-result.h tells what a key is).
     std::string path;
     std::optional<std::string> parameters;
 };
@@ -52,10 +52,14 @@ struct Project {
     /// The file that it was read from; empty: there was none.
     NativePath file;
     std::vector<std::string> sources;
+    /// Files and folders named on the command line. Inside the sources they choose among their programs; a file is
+    /// a program even if another one includes it.
+    std::vector<std::string> named;
     /// Patterns of what is a program when no other file includes it.
     std::vector<std::string> programs{"**/*.pgm", "**/*.prg"};
-    /// Programs even if another file includes them.
+    /// Patterns of programs even if another file includes them.
     std::vector<std::string> programsAlways;
+    /// Patterns of files and folders that are left out; includes lead to them all the same.
     std::vector<std::string> exclude;
     std::string output = "converted";
     /// The output of part.pgm is part.pgm.torvel, not part.torvel.
@@ -71,5 +75,13 @@ struct Project {
     /// Findings that fail a run: todo and severity names; empty: only what is not in a baseline that is there.
     std::vector<std::string> failOn;
 };
+
+/// The project of the file. An empty path: migration.toml of the working directory, or if there is none a project
+/// without a file, whose folder is the working directory. Throws std::runtime_error with a complete message at what
+/// is not allowed.
+Project readProject(const NativePath& file);
+
+/// The place of a path of the project: canonical.
+NativePath projectPath(const Project& project, std::string_view path);
 
 }  // namespace torvel::migrate
