@@ -1,0 +1,178 @@
+#include "src/migrate/include-scan.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "src/base/characters.h"
+#include "src/lex/keywords.h"
+#include "src/preprocess/directive-line.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+/// A source that has one file, whatever it is asked for.
+FileSource sourceOf(std::string_view bytes) {
+    FileSource source;
+    source.canonicalPath = [](const NativePath& path) { return path; };
+    source.kind = [](const NativePath&) { return FileKind::regular; };
+    source.read = [bytes](const NativePath&, const MakeRoom& makeRoom) {
+        char* const room = makeRoom(bytes.size());
+        std::copy(bytes.begin(), bytes.end(), room);
+        return FileReading{true, false, bytes.size(), {}};
+    };
+    return source;
+}
+
+/// The text behind line `number` of `text`, from 1; empty if there is no such line.
+TextSpan behindLine(const TextStore& store, TextSpan text, std::uint32_t number) {
+    const std::string_view view = store.view(text);
+    std::size_t at = 0;
+    for (; number > 0 && at < view.size(); --number) {
+        at = std::min(view.find_first_of("\r\n", at), view.size());
+        at = std::min(at + (view.substr(at, 2) == "\r\n" ? 2 : 1), view.size());
+    }
+    return text.subspan(at, view.size() - at);
+}
+
+/// A file's lines, one after the other.
+struct FileScan {
+    explicit FileScan(std::string_view bytes)
+        : source(sourceOf(bytes)),
+          run(program, axes, limits, predefinedConstants(), source),
+          rest(run.files.load("program", {})) {}
+
+    /// Calls visit(splitter, inclusion, line, number) with each line. A line that ends inside a string ends nothing
+    /// here: what is behind it is read anew.
+    template <typename Visit>
+    void visitLines(Visit visit) {
+        std::uint32_t before = 0;
+        while (!rest.text.empty()) {
+            const Inclusion inclusion{&rest, {}};
+            LineSplitter splitter(program, inclusion);
+            ScannedLine line;
+            bool isFaulty = true;
+            while (isFaulty) {
+                try {
+                    isFaulty = false;
+                    while (splitter.next(line)) {
+                        visit(splitter, inclusion, line, before + line.lineNumber);
+                    }
+                } catch (const ParseException&) {
+                    isFaulty = true;
+                }
+            }
+            before += splitter.lineNumber();
+            rest.text = behindLine(program.text, rest.text, splitter.lineNumber());
+        }
+    }
+
+    AxisNames axes;
+    Limits limits;
+    Program program;
+    FileSource source;
+    PreprocessorRun run;
+    SourceFile rest;
+};
+
+/// Whether there may be an `#include`: block comments inside the word are not worth a closer look.
+bool mayInclude(std::string_view bytes) {
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        const void* const hash = std::memchr(bytes.data() + at, '#', bytes.size() - at);
+        if (hash == nullptr) {
+            return false;
+        }
+        at = static_cast<std::size_t>(static_cast<const char*>(hash) - bytes.data());
+        const char next = at + 1 < bytes.size() ? lowerCase(bytes[at + 1]) : '\0';
+        const char second = at + 2 < bytes.size() ? lowerCase(bytes[at + 2]) : '\0';
+        if ((next == 'i' && (second == 'n' || second == '/')) || next == '/') {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The word that `code` begins with, which is taken off with the blanks behind it.
+std::string_view takeWord(std::string_view& code) {
+    const auto end = std::find_if_not(code.begin(), code.end(), isWordCharacter);
+    const std::string_view word = code.substr(0, static_cast<std::size_t>(end - code.begin()));
+    code = trimBlanks(code.substr(word.size()));
+    return word;
+}
+
+/// Whether `word` is one letter and a number of this value.
+bool isCode(std::string_view word, char letter, std::string_view number) {
+    if (word.empty() || upperCase(word[0]) != letter) {
+        return false;
+    }
+    word.remove_prefix(1);
+    word.remove_prefix(std::min(word.find_first_not_of('0'), word.size()));
+    return word == number;
+}
+
+bool isSequenceNumber(std::string_view word) {
+    return word.size() > 1 && upperCase(word[0]) == 'N' &&
+           std::all_of(word.begin() + 1, word.end(), isDigit);
+}
+
+enum class LineRole : std::uint8_t { other, opensSubroutine, closesSubroutine, endsProgram };
+
+LineRole roleOf(std::string_view code) {
+    std::string_view word = takeWord(code);
+    if (isSequenceNumber(word)) {
+        word = takeWord(code);
+    }
+    switch (keywordKind(word)) {
+        case TokenType::DFS: return LineRole::opensSubroutine;
+        case TokenType::ENDDFS: return LineRole::closesSubroutine;
+        case TokenType::END: break;
+        default:
+            return isCode(word, 'M', "2") || isCode(word, 'M', "30") ? LineRole::endsProgram
+                                                                     : LineRole::other;
+    }
+    const TokenType what = keywordKind(takeWord(code));
+    if (what == TokenType::INVALID || what == TokenType::PROGRAM) {
+        return LineRole::endsProgram;
+    }
+    return what == TokenType::DFS || what == TokenType::SUB ? LineRole::closesSubroutine
+                                                            : LineRole::other;
+}
+
+}  // namespace
+
+std::vector<WrittenInclude> includesOf(std::string_view bytes) {
+    std::vector<WrittenInclude> includes;
+    if (!mayInclude(bytes)) {
+        return includes;
+    }
+    FileScan scan(bytes);
+    scan.visitLines([&](LineSplitter& splitter, const Inclusion& inclusion, const ScannedLine& line,
+                        std::uint32_t number) {
+        if (!scan.program.text.view(line.code).starts_with('#')) {
+            return;
+        }
+        DirectiveLine directive(scan.run, splitter, inclusion, line);
+        if (directive.name() == "include") {
+            includes.push_back({std::string(directive.readQuoted()), number});
+        } else if (directive.name() == "define" || directive.name() == "macro") {
+            directive.readBody();
+        }
+    });
+    return includes;
+}
+
+bool endsProgram(std::string_view bytes) {
+    bool isInSubroutine = false;
+    bool ends = false;
+    FileScan scan(bytes);
+    scan.visitLines([&](LineSplitter&, const Inclusion&, const ScannedLine& line, std::uint32_t) {
+        const LineRole role = roleOf(scan.program.text.view(line.code));
+        if (role == LineRole::opensSubroutine || role == LineRole::closesSubroutine) {
+            isInSubroutine = role == LineRole::opensSubroutine;
+        }
+        ends = ends || (role == LineRole::endsProgram && !isInSubroutine);
+    });
+    return ends;
+}
+
+}  // namespace torvel::migrate
