@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "src/migrate/program-result.h"
@@ -19,8 +20,12 @@ struct FoundProgram {
     std::string parameters;
     /// The folder of its machine; empty: the project's.
     std::string machine;
-    /// Other programs with the same output, also by case: it is not converted.
+    /// Other programs with the same output, also by case, and sources that its output would replace: it is not
+    /// converted.
     std::vector<std::string> collidesWith;
+    /// Another one when any file that its includes lead to is another, or leads elsewhere. Files that cannot be read
+    /// count as missing.
+    ContentHash reach{};
 };
 
 /// What a person is told about the files that were found, one sentence each.
@@ -36,10 +41,12 @@ struct Discovery {
     /// Files that only others include, in order.
     std::vector<std::string> parts;
     std::vector<Notice> notices;
+    /// Of each program and part that could be read: the hash of its bytes.
+    std::unordered_map<std::string, ContentHash> hashes;
 };
 
-/// Finds the programs of a project. Throws std::runtime_error with a complete message if a source folder is not
-/// there or cannot be read.
-Discovery findPrograms(const Project& project);
+/// Finds the programs of a project, with this many threads (0: as many as the machine runs at once). Throws
+/// std::runtime_error with a complete message if a source is not there or cannot be listed.
+Discovery findPrograms(const Project& project, unsigned threads = 0);
 
 }  // namespace torvel::migrate

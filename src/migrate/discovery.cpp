@@ -1,0 +1,337 @@
+#include "src/migrate/discovery.h"
+
+#include <algorithm>
+#include <fstream>
+#include <optional>
+#include <thread>
+#include <unordered_map>
+
+#include "src/base/characters.h"
+#include "src/migrate/include-graph.h"
+#include "src/migrate/include-scan.h"
+#include "src/migrate/recorded-source.h"
+#include "src/migrate/source-walk.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+/// The files while it is found out which of them are programs. The first files of the graph are those of the walk.
+struct Search {
+    const Project& project;
+    std::vector<WalkedFile> walked;
+    IncludeGraph graph;
+    /// By file: the first other file that includes it.
+    std::vector<std::optional<std::uint32_t>> includedBy;
+    std::vector<bool> isProgram;
+    Discovery found;
+
+    void tell(std::string path, std::string text) {
+        found.notices.push_back({std::move(path), std::move(text)});
+    }
+    bool mayBeProgram(std::uint32_t file) const { return file < walked.size(); }
+};
+
+std::string inQuotes(const std::string& text) {
+    return "'" + text + "'";
+}
+
+/// "'a', 'b' and 3 more"
+std::string listed(const std::vector<std::string>& names) {
+    constexpr std::size_t most = 5;
+    const std::size_t shown = names.size() > most + 1 ? most : names.size();
+    std::string text;
+    for (std::size_t i = 0; i < shown; ++i) {
+        text += (i == 0 ? "" : i + 1 == names.size() ? " and " : ", ") + inQuotes(names[i]);
+    }
+    return shown < names.size() ? text + " and " + std::to_string(names.size() - shown) + " more"
+                                : text;
+}
+
+void findIncluded(Search& search) {
+    search.includedBy.resize(search.graph.size());
+    for (std::uint32_t from = 0; from < search.graph.size(); ++from) {
+        for (const IncludeEdge& edge : search.graph[from].includes) {
+            if (edge.file && *edge.file != from && !search.includedBy[*edge.file]) {
+                search.includedBy[*edge.file] = from;
+            }
+        }
+    }
+}
+
+void choosePrograms(Search& search) {
+    search.isProgram.resize(search.graph.size());
+    for (std::uint32_t file = 0; file < search.walked.size(); ++file) {
+        search.isProgram[file] = search.walked[file].isAlways || !search.includedBy[file];
+    }
+}
+
+using Circle = std::vector<std::uint32_t>;
+
+/// By circle: whether a file outside of it includes one of its files.
+std::vector<bool> enteredCircles(const IncludeGraph& graph, const std::vector<Circle>& circles) {
+    std::vector<std::optional<std::size_t>> circleOf(graph.size());
+    for (std::size_t i = 0; i < circles.size(); ++i) {
+        for (const std::uint32_t file : circles[i]) {
+            circleOf[file] = i;
+        }
+    }
+    std::vector<bool> entered(circles.size());
+    for (std::uint32_t from = 0; from < graph.size(); ++from) {
+        for (const IncludeEdge& edge : graph[from].includes) {
+            if (edge.file && circleOf[*edge.file] && circleOf[*edge.file] != circleOf[from]) {
+                entered[*circleOf[*edge.file]] = true;
+            }
+        }
+    }
+    return entered;
+}
+
+/// Of files that only include each other none would be a program: the first one is.
+void breakCircle(Search& search, const Circle& circle, bool isEntered) {
+    std::vector<std::string> keys;
+    for (const std::uint32_t file : circle) {
+        keys.push_back(search.graph[file].key);
+    }
+    std::sort(keys.begin(), keys.end());
+    if (circle.size() == 1) {
+        search.tell(keys.front(), "It includes itself, so it cannot be read to its end.");
+        return;
+    }
+    std::string text = "The files " + listed(keys) +
+                       " include each other in a circle, so none of them can be read to its end.";
+    const bool hasProgram = std::any_of(circle.begin(), circle.end(),
+                                        [&](std::uint32_t file) { return search.isProgram[file]; });
+    if (!hasProgram && !isEntered) {
+        const std::uint32_t first = circle.front();
+        search.isProgram[first] = true;
+        text += " No other file includes one of them: " + inQuotes(search.graph[first].key) +
+                " counts as the program.";
+    }
+    search.tell(keys.front(), std::move(text));
+}
+
+void breakCircles(Search& search) {
+    const std::vector<Circle> circles = includeCircles(search.graph);
+    const std::vector<bool> entered = enteredCircles(search.graph, circles);
+    for (std::size_t i = 0; i < circles.size(); ++i) {
+        breakCircle(search, circles[i], entered[i]);
+    }
+}
+
+void tellOtherCases(Search& search) {
+    for (const GraphFile& file : search.graph) {
+        for (const IncludeEdge& edge : file.includes) {
+            if (edge.otherCase.size() == 1) {
+                search.tell(file.key, "Line " + std::to_string(edge.line) + " includes " +
+                                          inQuotes(edge.written) + ", and the file is called " +
+                                          inQuotes(edge.target) + ": it was taken.");
+            } else if (!edge.otherCase.empty()) {
+                search.tell(file.key,
+                            "Line " + std::to_string(edge.line) + " includes " +
+                                inQuotes(edge.written) + ", which is not there; the files " +
+                                listed(edge.otherCase) +
+                                " differ from it in upper and lower case only: none was taken.");
+            }
+        }
+    }
+}
+
+std::string contentOf(const NativePath& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// A part of its own subroutines and settings has no end of a program.
+void tellPartsLikePrograms(Search& search) {
+    for (std::uint32_t file = 0; file < search.walked.size(); ++file) {
+        if (search.isProgram[file] || !search.graph[file].hash ||
+            !endsProgram(contentOf(search.graph[file].path))) {
+            continue;
+        }
+        search.tell(
+            search.graph[file].key,
+            inQuotes(search.graph[*search.includedBy[file]].key) +
+                " includes it, so it is not converted by itself; but it ends a program. If it "
+                "is one, name it in 'programs_always'.");
+    }
+}
+
+std::string folded(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), lowerCase);
+    return text;
+}
+
+/// A machine's folder as a key, and as it was written where links lead to it.
+struct Machine {
+    std::string key;
+    std::string place;
+    std::string parameters;
+};
+
+std::string keyInProject(const Project& project, const std::string& path) {
+    return keyOf(projectPath(project, path), project.folder);
+}
+
+/// The machines; the first one is the project's own.
+std::vector<Machine> machinesOf(Search& search) {
+    const Project& project = search.project;
+    const auto parametersOf = [&](const std::optional<std::string>& path) {
+        return path ? keyInProject(project, *path) : std::string();
+    };
+    std::vector<Machine> machines{{".", {}, parametersOf(project.parameters)}};
+    for (const MachineFolder& folder : project.folders) {
+        if (fileKind(projectPath(project, folder.path)) != FileKind::directory) {
+            search.tell(folder.path, "A [[folder]] names it, and there is no such folder.");
+        }
+        machines.push_back(
+            {keyInProject(project, folder.path), placeOf(project, folder.path),
+             folder.parameters ? parametersOf(folder.parameters) : machines.front().parameters});
+    }
+    return machines;
+}
+
+/// The innermost machine around a file.
+const Machine& machineOf(const std::vector<Machine>& machines, const WalkedFile& file) {
+    const Machine* innermost = &machines.front();
+    for (const Machine& machine : machines) {
+        const bool holds = !machine.place.empty() &&
+                           (isInside(file.place, machine.place) || isInside(file.key, machine.key));
+        if (holds && machine.place.size() > innermost->place.size()) {
+            innermost = &machine;
+        }
+    }
+    return *innermost;
+}
+
+/// The place of a program's output in the output folder, without its extension.
+std::string outputStem(const WalkedFile& file, bool keepsExtension) {
+    std::string_view inside = file.place;
+    if (file.base != "." && isInside(inside, file.base)) {
+        inside.remove_prefix(file.base.size());
+    }
+    while (inside.starts_with('/') || inside.starts_with("../")) {
+        inside.remove_prefix(inside.starts_with('/') ? 1 : 3);
+    }
+    const std::size_t name = inside.rfind('/') + 1;
+    const std::string_view last = inside.substr(name);
+    return std::string(inside.substr(0, name)) +
+           std::string(keepsExtension ? last : fileStem(last));
+}
+
+std::string logOf(const std::string& output) {
+    return output.substr(0, output.rfind('.')) + ".log";
+}
+
+/// Outputs that are one file on a system that does not tell upper and lower case apart collide on all.
+void findCollisions(Search& search) {
+    std::vector<FoundProgram>& programs = search.found.programs;
+    std::unordered_map<std::string, std::vector<std::size_t>> byOutput;
+    for (std::size_t i = 0; i < programs.size(); ++i) {
+        byOutput[folded(programs[i].output)].push_back(i);
+    }
+    std::unordered_map<std::string, std::string> sources;
+    for (const GraphFile& file : search.graph) {
+        sources.emplace(folded(file.key), file.key);
+    }
+    for (std::size_t i = 0; i < programs.size(); ++i) {
+        const std::string output = folded(programs[i].output);
+        for (const std::size_t other : byOutput[output]) {
+            if (other != i) {
+                programs[i].collidesWith.push_back(programs[other].program);
+            }
+        }
+        for (const std::string& written : {output, logOf(output)}) {
+            const auto source = sources.find(written);
+            if (source != sources.end()) {
+                programs[i].collidesWith.push_back(source->second);
+            }
+        }
+    }
+}
+
+void makePrograms(Search& search) {
+    const std::vector<Machine> machines = machinesOf(search);
+    const std::string output = keyInProject(search.project, search.project.output);
+    const std::string front = output == "." ? "" : output + '/';
+    ReachHashes reach(search.graph);
+    for (std::uint32_t i = 0; i < search.walked.size(); ++i) {
+        if (!search.isProgram[i]) {
+            continue;
+        }
+        const WalkedFile& file = search.walked[i];
+        const Machine& machine = machineOf(machines, file);
+        FoundProgram program;
+        program.program = file.key;
+        program.path = file.path;
+        program.output = front + outputStem(file, search.project.keepExtension) + ".torvel";
+        program.parameters = machine.parameters;
+        program.machine = machine.place;
+        program.reach = reach.of(i);
+        search.found.programs.push_back(std::move(program));
+    }
+}
+
+/// The others count for what collides only.
+void keepNamed(Search& search) {
+    std::vector<FoundProgram> named;
+    std::size_t next = 0;
+    for (std::uint32_t i = 0; i < search.walked.size(); ++i) {
+        if (!search.isProgram[i]) {
+            continue;
+        }
+        if (search.walked[i].isNamed) {
+            named.push_back(std::move(search.found.programs[next]));
+        }
+        ++next;
+    }
+    search.found.programs = std::move(named);
+}
+
+void listParts(Search& search) {
+    for (std::uint32_t i = 0; i < search.graph.size(); ++i) {
+        if (search.graph[i].hash) {
+            search.found.hashes.emplace(search.graph[i].key, *search.graph[i].hash);
+        }
+        if (!search.isProgram[i]) {
+            search.found.parts.push_back(search.graph[i].key);
+        }
+    }
+    std::sort(search.found.parts.begin(), search.found.parts.end());
+}
+
+}  // namespace
+
+Discovery findPrograms(const Project& project, unsigned threads) {
+    SourceWalk walk = walkSources(project);
+    if (threads == 0) {
+        threads = std::max(std::thread::hardware_concurrency(), 1U);
+    }
+    Search search{project, std::move(walk.files), {}, {}, {}, {}};
+    search.found.notices = std::move(walk.notices);
+    IncludeGraph files;
+    for (const WalkedFile& file : search.walked) {
+        files.push_back({file.key, file.path, {}, {}});
+    }
+    search.graph = readIncludeGraph(std::move(files), project.folder, threads);
+    findIncluded(search);
+    choosePrograms(search);
+    breakCircles(search);
+    tellOtherCases(search);
+    tellPartsLikePrograms(search);
+    makePrograms(search);
+    findCollisions(search);
+    keepNamed(search);
+    listParts(search);
+    if (search.found.programs.empty()) {
+        search.tell({},
+                    "No programs were found in the sources; 'programs' tells what counts as one: " +
+                        listed(project.programs) + ".");
+    }
+    std::stable_sort(
+        search.found.notices.begin(), search.found.notices.end(),
+        [](const Notice& left, const Notice& right) { return left.path < right.path; });
+    return std::move(search.found);
+}
+
+}  // namespace torvel::migrate

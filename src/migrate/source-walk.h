@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "src/migrate/discovery.h"
+#include "src/migrate/project.h"
+
+namespace torvel::migrate {
+
+/// A file of the sources that may be a program.
+struct WalkedFile {
+    /// Canonical.
+    NativePath path;
+    std::string key;
+    /// Its key as the folders were walked through; another one than `key` behind a link.
+    std::string place;
+    /// The part of `place` that its output does not repeat.
+    std::string base;
+    /// A program whether another file includes it or not.
+    bool isAlways = false;
+    /// It is of what the command line names, or the command line names nothing.
+    bool isNamed = true;
+};
+
+struct SourceWalk {
+    /// Each file once, in the order of the keys.
+    std::vector<WalkedFile> files;
+    std::vector<Notice> notices;
+};
+
+/// Walks through the sources of a project. Throws std::runtime_error with a complete message if a source is not there
+/// or cannot be listed.
+SourceWalk walkSources(const Project& project);
+
+/// A path of the project as a key, links not followed.
+std::string placeOf(const Project& project, std::string_view path);
+
+/// Whether a key is that of a folder, or of something in it.
+bool isInside(std::string_view key, std::string_view folder);
+
+}  // namespace torvel::migrate
