@@ -20,6 +20,8 @@ namespace {
 struct Search {
     const Project& project;
     std::vector<WalkedFile> walked;
+    /// Patterns of programs_always that no file matches.
+    std::vector<std::string> unmatched;
     IncludeGraph graph;
     /// By file: the first other file that includes it.
     std::vector<std::optional<std::uint32_t>> includedBy;
@@ -116,6 +118,13 @@ void breakCircles(Search& search) {
     const std::vector<bool> entered = enteredCircles(search.graph, circles);
     for (std::size_t i = 0; i < circles.size(); ++i) {
         breakCircle(search, circles[i], entered[i]);
+    }
+}
+
+/// A pattern of programs that matches nothing is a slip.
+void tellNamesOfNothing(Search& search) {
+    for (const std::string& pattern : search.unmatched) {
+        search.tell(pattern, "'programs_always' names it, and there is no such file.");
     }
 }
 
@@ -307,7 +316,7 @@ Discovery findPrograms(const Project& project, unsigned threads) {
     if (threads == 0) {
         threads = std::max(std::thread::hardware_concurrency(), 1U);
     }
-    Search search{project, std::move(walk.files), {}, {}, {}, {}};
+    Search search{project, std::move(walk.files), std::move(walk.unmatched), {}, {}, {}, {}};
     search.found.notices = std::move(walk.notices);
     IncludeGraph files;
     for (const WalkedFile& file : search.walked) {
@@ -317,6 +326,7 @@ Discovery findPrograms(const Project& project, unsigned threads) {
     findIncluded(search);
     choosePrograms(search);
     breakCircles(search);
+    tellNamesOfNothing(search);
     tellOtherCases(search);
     tellPartsLikePrograms(search);
     makePrograms(search);

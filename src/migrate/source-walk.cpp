@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <deque>
+#include <iterator>
 #include <stdexcept>
 #include <tuple>
 #include <unordered_set>
@@ -39,6 +40,8 @@ struct Pending {
 
 struct FoundFile {
     WalkedFile file;
+    /// Found because the command line names it.
+    bool isExtra = false;
     bool isBehindLink = false;
 };
 
@@ -51,6 +54,7 @@ struct Walk {
     std::deque<Pending> links;
     bool isBehindLink = false;
     std::vector<Notice> notices;
+    std::vector<std::string> unmatched;
 };
 
 std::string joined(const std::string& folder, const std::string& name) {
@@ -96,14 +100,23 @@ bool mayBeProgram(const Walk& walk, const Pending& entry) {
 
 void addFile(Walk& walk, const Pending& entry, bool isAlways) {
     FoundFile found;
+    found.isExtra = entry.root->isNamed;
     found.isBehindLink = walk.isBehindLink;
     found.file = {entry.path, entry.key, entry.place, entry.root->base, isAlways, true};
     walk.files.push_back(std::move(found));
 }
 
+/// Whether the file is always a program; what names it matches something.
+bool takeAlways(Walk& walk, const Pending& entry) {
+    std::erase_if(walk.unmatched, [&](const std::string& pattern) {
+        return matches({pattern}, entry.place, *entry.root);
+    });
+    return matches(walk.project.programsAlways, entry.place, *entry.root);
+}
+
 void considerFile(Walk& walk, const Pending& entry) {
     if (mayBeProgram(walk, entry)) {
-        addFile(walk, entry, matches(walk.project.programsAlways, entry.place, *entry.root));
+        addFile(walk, entry, takeAlways(walk, entry));
     }
 }
 
@@ -250,41 +263,49 @@ std::vector<Root> rootsOf(const Project& project, const std::vector<std::string>
         }
         roots.push_back(std::move(root));
     }
+    return roots;
+}
+
+void setBases(std::vector<Root>& roots) {
     if (!roots.empty()) {
         const std::string base = commonFolder(roots);
         for (Root& root : roots) {
             root.base = base.empty() ? root.place : base;
         }
     }
-    return roots;
 }
 
 /// The sources, and what is named outside of them. Files that are named are always programs.
 std::vector<Root> allRoots(const Project& project) {
     std::vector<Root> roots = rootsOf(project, project.sources, false);
-    std::vector<Root> others;
-    std::vector<Root> named = rootsOf(project, project.named, true);
-    for (Root& root : named) {
+    setBases(roots);
+    std::vector<Root> inside;
+    std::vector<Root> outside;
+    for (Root& root : rootsOf(project, project.named, true)) {
         const auto around = std::find_if(roots.begin(), roots.end(), [&](const Root& source) {
-            return !source.isFile && isPathInside(root.path, source.path);
+            return !source.isFile &&
+                   (isPathInside(root.path, source.path) || isInside(root.place, source.place));
         });
         if (around == roots.end()) {
-            others.push_back(std::move(root));
+            outside.push_back(std::move(root));
         } else if (root.isFile) {
             root.base = around->base;
-            others.push_back(std::move(root));
+            inside.push_back(std::move(root));
         }
     }
-    roots.insert(roots.end(), std::make_move_iterator(others.begin()),
-                 std::make_move_iterator(others.end()));
+    setBases(outside);
+    for (std::vector<Root>* const others : {&inside, &outside}) {
+        std::move(others->begin(), others->end(), std::back_inserter(roots));
+    }
     return roots;
 }
 
-/// Of a file that was found in several ways the one without links counts; a file that is named is always a program.
+/// Of a file that was found in several ways the one in the sources and without links counts; a file that is named is
+/// always a program.
 std::vector<WalkedFile> eachOnce(std::vector<FoundFile>& files) {
     std::sort(files.begin(), files.end(), [](const FoundFile& left, const FoundFile& right) {
-        return std::tie(left.file.key, left.isBehindLink, left.file.place) <
-               std::tie(right.file.key, right.isBehindLink, right.file.place);
+        return std::tie(left.file.key, left.isExtra, left.isBehindLink, left.file.place) <
+               std::tie(right.file.key, right.isExtra, right.isBehindLink, right.file.place);
     });
     std::vector<WalkedFile> once;
     for (FoundFile& found : files) {
@@ -297,19 +318,31 @@ std::vector<WalkedFile> eachOnce(std::vector<FoundFile>& files) {
     return once;
 }
 
+/// Whether the key or a folder around it is one of `keys`.
+bool isInsideAny(std::string_view key, const std::unordered_set<std::string>& keys) {
+    if (isInside(key, ".") && keys.contains(".")) {
+        return true;
+    }
+    for (std::size_t end = key.find('/'); end != std::string_view::npos;
+         end = key.find('/', end + 1)) {
+        if (keys.contains(std::string(key.substr(0, std::max<std::size_t>(end, 1))))) {
+            return true;
+        }
+    }
+    return keys.contains(std::string(key));
+}
+
 void chooseNamed(const Project& project, std::vector<WalkedFile>& files) {
     if (project.named.empty()) {
         return;
     }
-    std::vector<std::string> keys;
+    std::unordered_set<std::string> keys;
     for (const std::string& path : project.named) {
-        keys.push_back(keyOf(projectPath(project, path), project.folder));
-        keys.push_back(placeOf(project, path));
+        keys.insert(keyOf(projectPath(project, path), project.folder));
+        keys.insert(placeOf(project, path));
     }
     for (WalkedFile& file : files) {
-        file.isNamed = std::any_of(keys.begin(), keys.end(), [&](const std::string& key) {
-            return isInside(file.key, key) || isInside(file.place, key);
-        });
+        file.isNamed = isInsideAny(file.key, keys) || isInsideAny(file.place, keys);
     }
 }
 
@@ -339,7 +372,15 @@ SourceWalk walkSources(const Project& project) {
             "migration.toml.");
     }
     const std::vector<Root> roots = allRoots(project);
-    Walk walk{project, projectPath(project, project.output), {}, {}, {}, {}, false, {}};
+    Walk walk{project,
+              projectPath(project, project.output),
+              {},
+              {},
+              {},
+              {},
+              false,
+              {},
+              project.programsAlways};
     for (const Root& root : roots) {
         walkRoot(walk, root);
     }
@@ -349,7 +390,7 @@ SourceWalk walkSources(const Project& project) {
         walk.links.pop_front();
         followLink(walk, link);
     }
-    SourceWalk result{eachOnce(walk.files), std::move(walk.notices)};
+    SourceWalk result{eachOnce(walk.files), std::move(walk.notices), std::move(walk.unmatched)};
     chooseNamed(project, result.files);
     return result;
 }

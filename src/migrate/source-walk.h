@@ -28,6 +28,8 @@ struct SourceWalk {
     /// Each file once, in the order of the keys.
     std::vector<WalkedFile> files;
     std::vector<Notice> notices;
+    /// Patterns of programs_always that no file matches.
+    std::vector<std::string> unmatched;
 };
 
 /// Walks through the sources of a project. Throws std::runtime_error with a complete message if a source is not there
