@@ -57,6 +57,10 @@ FileKind fileKind(const NativePath& path) {
     }
 }
 
+NativePath unboundedPath(const NativePath& path) {
+    return path;
+}
+
 NativePath canonicalPath(const NativePath& path) {
     std::error_code error;
     const NativePath absolute = std::filesystem::absolute(path, error);

@@ -29,16 +29,6 @@ NativePath fullPath(const NativePath& path) {
     return text;
 }
 
-/// `path` in the form that has no bound on its length, where it needs one.
-NativePath unboundedPath(const NativePath& path) {
-    const NativePath full = fullPath(path);
-    const std::wstring& text = full.native();
-    if (text.size() < MAX_PATH - 12 || text.starts_with(LR"(\\?\)")) {
-        return path;
-    }
-    return text.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + text.substr(1) : LR"(\\?\)" + text;
-}
-
 /// A handle that tells about what stands at a path; it opens directories too.
 class PathHandle {
 public:
@@ -93,6 +83,15 @@ NativePath finalPath(const NativePath& path) {
 }
 
 }  // namespace
+
+NativePath unboundedPath(const NativePath& path) {
+    const NativePath full = fullPath(path);
+    const std::wstring& text = full.native();
+    if (text.size() < MAX_PATH - 12 || text.starts_with(LR"(\\?\)")) {
+        return path;
+    }
+    return text.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + text.substr(1) : LR"(\\?\)" + text;
+}
 
 NativePath nativePath(std::string_view text) {
     const int length = static_cast<int>(text.size());

@@ -36,6 +36,9 @@ FileKind fileKind(const NativePath& path);
 /// The file's identity; a default one if there is no file.
 FileIdentity fileIdentity(const NativePath& path);
 
+/// `path` in the form that the system takes whatever its length, for who calls the system or the standard library.
+NativePath unboundedPath(const NativePath& path);
+
 /// `path` made absolute against the working directory, with links, "." and ".." resolved as far as the
 /// path exists.
 NativePath canonicalPath(const NativePath& path);
