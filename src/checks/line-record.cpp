@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "src/base/characters.h"
+#include "src/base/output-marks.h"
 #include "src/checks/program-checks.h"
 #include "src/lex/lexer.h"
 #include "src/stmt/statement.h"
@@ -15,22 +16,8 @@ namespace torvel {
 
 namespace {
 
-constexpr std::string_view marker = "#error_unconvertible";
-
-/// Whether a placeholder stands in Torvel text; one in a string is none.
-bool hasPlaceholder(std::string_view text) {
-    bool isInString = false;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        isInString = isInString != (text[at] == '"');
-        if (!isInString && text.substr(at).starts_with("/* $")) {
-            return true;
-        }
-    }
-    return false;
-}
-
 FindingTodo todoOf(bool isConverted, std::string_view text) {
-    if (!isConverted || text.starts_with(marker)) {
+    if (!isConverted || text.starts_with(unconvertibleMarker)) {
         return FindingTodo::rewrite;
     }
     return hasPlaceholder(text) ? FindingTodo::complete : FindingTodo::look;
@@ -39,7 +26,7 @@ FindingTodo todoOf(bool isConverted, std::string_view text) {
 /// A define that Torvel does not take stands behind a marker without a message.
 bool isLostDefine(const Program& program, std::span<const Token> tokens) {
     return tokens.size() == 1 && tokens[0].type == TokenType::CONVERSION_TEXT &&
-           program.textOf(tokens[0]).starts_with(marker);
+           program.textOf(tokens[0]).starts_with(unconvertibleMarker);
 }
 
 /// The variables among tokens, each of them once. Those that stand in `except`, a macro's head, are its arguments.

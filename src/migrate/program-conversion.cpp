@@ -7,6 +7,7 @@
 
 #include "src/app/conversion.h"
 #include "src/base/characters.h"
+#include "src/base/output-marks.h"
 #include "src/base/parse-exception.h"
 #include "src/checks/line-record.h"
 #include "src/migrate/recorded-source.h"
@@ -16,8 +17,6 @@
 namespace torvel::migrate {
 
 namespace {
-
-constexpr std::string_view marker = "#error_unconvertible";
 
 /// A program in memory while its result is put together.
 struct Conversion {
@@ -73,10 +72,6 @@ void countOutputLines(Conversion& conversion) {
     conversion.firstOutputLines.push_back(number);
 }
 
-bool isMarker(std::string_view line) {
-    return line.substr(std::min(line.find_first_not_of('\t'), line.size())).starts_with(marker);
-}
-
 std::uint32_t depthOf(const Inclusion* inclusion) {
     std::uint32_t depth = 0;
     for (inclusion = inclusion->includedFrom.inclusion; inclusion != nullptr;
@@ -110,7 +105,7 @@ void mapLines(const Conversion& conversion, ProgramResult& result) {
         mapped.line = line.lineNumber;
         mapped.outputLineCount =
             conversion.firstOutputLines[i + 1] - conversion.firstOutputLines[i];
-        mapped.isConverted = !isMarker(text.substr(begin, end - begin));
+        mapped.isConverted = !isMarkerLine(text.substr(begin, end - begin));
         if (!mapped.isConverted) {
             refused.insert(std::uint64_t{mapped.file} << 32U | mapped.line);
         }
