@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+// Outputs by lines, for comparing what a person wrote with what the converter generated. A view of a text points into
+// it.
+
+namespace torvel::migrate {
+
+struct TextLine {
+    std::string_view text;
+    /// "\n", "\r\n", or empty behind the last line of a text that does not end in one.
+    std::string_view end;
+};
+
+std::vector<TextLine> linesOf(std::string_view text);
+
+/// Whether texts differ in nothing but LF or CR LF at the ends of lines, and in whether the last line has one.
+bool haveSameLines(std::string_view a, std::string_view b);
+
+/// The parts of a line in front of and behind its position, which is the "(file:line): " of a line that could not be
+/// converted. Any other line is all in front.
+struct LineWithoutPosition {
+    std::string_view front;
+    std::string_view behind;
+};
+
+LineWithoutPosition withoutPosition(std::string_view line);
+
+/// Gives equal lines equal numbers; a position makes no difference.
+class LineNumbers {
+public:
+    std::uint32_t numberOf(std::string_view line);
+    std::vector<std::uint32_t> numbersOf(const std::vector<TextLine>& lines);
+
+private:
+    std::unordered_map<std::string, std::uint32_t> numbers_;
+};
+
+}  // namespace torvel::migrate
