@@ -1,0 +1,45 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+
+#include "src/migrate/new-file-system.h"
+#include "src/migrate/new-file.h"
+
+namespace torvel::migrate {
+
+std::string platformText(std::string_view text) {
+    return std::string(text);
+}
+
+int createFile(const NativePath& path) {
+    constexpr int create = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    const int descriptor = ::open(path.c_str(), create, 0666);
+    if (descriptor >= 0 || errno != EEXIST) {
+        return descriptor;
+    }
+    ::unlink(path.c_str());
+    return ::open(path.c_str(), create, 0666);
+}
+
+bool takePermissions(int descriptor, const NativePath& old) {
+    struct stat status {};
+    return stat(old.c_str(), &status) != 0 || fchmod(descriptor, status.st_mode & 0777U) == 0;
+}
+
+bool flushFile(int descriptor) {
+    return ::fsync(descriptor) == 0;
+}
+
+bool replaceFile(const NativePath& from, const NativePath& to) {
+    return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+std::string lastError() {
+    return std::generic_category().message(errno);
+}
+
+}  // namespace torvel::migrate

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+
+#include "src/base/file-system.h"
+#include "src/migrate/output-decision.h"
+
+// Puts outputs in place, in two steps, so that the store can be written in between.
+//
+// - A symbolic link in an output's place is followed: the file that it leads to is replaced, the link stays. One that
+//   leads nowhere is refused. Of a file with several names (hard links) only the output's name gets the new text.
+// - The permissions of a file that is replaced are kept; one that nobody may write is left as it is.
+// - No source is ever replaced.
+// - A merged output is flushed to the disk before it takes its place, since it holds what a person wrote. A generated
+//   one is not, which would take longer than converting it: `settled` finds what a power cut left of it.
+
+namespace torvel::migrate {
+
+struct FileIdentityHash {
+    std::size_t operator()(const FileIdentity& identity) const {
+        return static_cast<std::size_t>(identity.file * 0x9e3779b97f4a7c15U ^ identity.device);
+    }
+};
+
+/// The files that programs are converted from.
+using SourceFiles = std::unordered_set<FileIdentity, FileIdentityHash>;
+
+struct OutputPlan {
+    OutputDecision decision;
+    /// Where the output and its conflict file are, symbolic links followed.
+    NativePath output;
+    NativePath conflict;
+    /// What was there when it was decided; none: no file.
+    std::optional<ContentHash> outputHash;
+    std::optional<ContentHash> conflictHash;
+    /// A sentence for a person, empty if nothing is to be told.
+    std::string message;
+};
+
+/// The path of the conflict file beside an output.
+NativePath conflictPath(const NativePath& output);
+
+/// Reads what is at an output's place. None: it cannot be read, `message` says why.
+std::optional<OutputFiles> readOutputFiles(const NativePath& output, std::string& message);
+
+/// Looks at the disk and decides. `history` is as the store has it; `generated` has line feeds. The store writes
+/// `decision.history` before the plan is carried out, and `confirmed(decision.history)`, now or later, when it was. Both
+/// have the texts that were given, which have to live as long.
+OutputPlan planOutput(const NativePath& output, const OutputHistory& history,
+                      std::string_view generated, const SourceFiles& sources);
+
+struct CarriedOut {
+    /// The files are as the plan has them.
+    bool isDone = false;
+    /// A sentence for a person, empty if nothing is to be told.
+    std::string message;
+};
+
+/// Writes what the plan has, unless the files have changed since it was made.
+CarriedOut carryOut(const OutputPlan& plan);
+
+/// Puts a file in place that is no person's to edit, with the platform's line ends: the log. `text` has line feeds. A
+/// file that has the text already is left as it is.
+CarriedOut placeText(const NativePath& path, std::string_view text, const SourceFiles& sources);
+
+}  // namespace torvel::migrate

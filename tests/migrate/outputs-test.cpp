@@ -1,0 +1,324 @@
+// Outputs on the disk: what is written, what is left, and what cannot be done.
+
+#include "src/migrate/outputs.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "src/migrate/new-file.h"
+#include "tests/support/temporary-directory.h"
+
+namespace torvel::migrate::test {
+
+namespace {
+
+using torvel::test::readFile;
+using torvel::test::writeFile;
+
+constexpr std::string_view first = "a\nb\nc\n";
+constexpr std::string_view second = "a\nB\nc\n";
+
+class Outputs : public testing::Test {
+protected:
+    NativePath path(const std::string& name) const { return directory_.path() / name; }
+    NativePath output() const { return path("out/part.torvel"); }
+    NativePath conflict() const { return path("out/part.torvel.conflict"); }
+
+    OutputPlan plan(std::string_view generated) const {
+        return planOutput(output(), history, generated, sources);
+    }
+    /// Plans and carries out, as a run does, and remembers what a store would.
+    OutputPlan place(std::string_view generated) {
+        OutputPlan made = plan(generated);
+        history = made.decision.history;
+        const CarriedOut done = carryOut(made);
+        EXPECT_TRUE(done.isDone) << done.message;
+        history = confirmed(history);
+        return made;
+    }
+    void expectRefused(const OutputPlan& made, std::string_view reason) const {
+        EXPECT_EQ(made.decision.action, OutputAction::refuse);
+        EXPECT_NE(made.message.find(reason), std::string::npos) << made.message;
+        EXPECT_FALSE(carryOut(made).isDone);
+    }
+    std::size_t filesIn(const NativePath& folder) const {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder),
+                                                      std::filesystem::directory_iterator()));
+    }
+    static mode_t modeOf(const NativePath& file) {
+        struct stat status {};
+        EXPECT_EQ(stat(file.c_str(), &status), 0);
+        return status.st_mode & 07777U;
+    }
+
+    OutputHistory history;
+    SourceFiles sources;
+
+private:
+    torvel::test::TemporaryDirectory directory_;
+};
+
+}  // namespace
+
+TEST_F(Outputs, AnOutputsLife) {
+    EXPECT_EQ(place(first).decision.action, OutputAction::writeGenerated);
+    EXPECT_EQ(readFile(output()), first);
+    EXPECT_EQ(filesIn(path("out")), 1U);
+
+    writeFile(output(), "a\nb\nc\nmine\n");
+    EXPECT_EQ(place(second).decision.action, OutputAction::writeMerged);
+    EXPECT_EQ(readFile(output()), "a\nB\nc\nmine\n");
+
+    const std::string third = "a\nB\nc\ntheirs\n";
+    const OutputPlan conflicting = place(third);
+    EXPECT_EQ(conflicting.decision.action, OutputAction::writeConflict);
+    EXPECT_EQ(conflicting.message,
+              output().string() +
+                  " was edited in lines that the converter generates in another way now. It stays "
+                  "as it is; part.torvel.conflict beside it shows both. Bring them together in "
+                  "either of the two, put the result in the output's place, delete the conflict "
+                  "file, and convert again.");
+    EXPECT_EQ(readFile(output()), "a\nB\nc\nmine\n");
+    EXPECT_EQ(readFile(conflict()), conflicting.decision.bytes);
+    EXPECT_EQ(history.base, second);
+
+    // Once more without a change: it stays as it is.
+    EXPECT_EQ(place(third).decision.action, OutputAction::writeConflict);
+    EXPECT_EQ(readFile(conflict()), conflicting.decision.bytes);
+
+    // The person decides, and puts the result in place.
+    writeFile(conflict(), "a\nB\nc\nmine\ntheirs\n");
+    EXPECT_EQ(place(third).decision.action, OutputAction::waitForPerson);
+    std::filesystem::rename(conflict(), output());
+    EXPECT_EQ(place(third).decision.action, OutputAction::nothing);
+    EXPECT_EQ(history.base, third);
+    EXPECT_FALSE(history.conflict);
+    const std::string fourth = "new\n" + third;
+    EXPECT_EQ(place(fourth).decision.action, OutputAction::writeMerged);
+    EXPECT_EQ(readFile(output()), "new\na\nB\nc\nmine\ntheirs\n");
+
+    std::filesystem::remove(output());
+    const OutputPlan deleted = place(third);
+    EXPECT_EQ(deleted.decision.action, OutputAction::leaveDeleted);
+    EXPECT_EQ(deleted.message, output().string() + " was deleted, so it is not written again.");
+    EXPECT_EQ(filesIn(path("out")), 0U);
+}
+
+TEST_F(Outputs, AConflictFileThatIsOfNoUseIsRemoved) {
+    place(first);
+    writeFile(output(), "a\nmine\nc\n");
+    place(second);
+    EXPECT_EQ(filesIn(path("out")), 2U);
+    writeFile(output(), std::string(second));
+    EXPECT_EQ(place(second).decision.action, OutputAction::nothing);
+    EXPECT_EQ(filesIn(path("out")), 1U);
+    EXPECT_EQ(history.base, second);
+    EXPECT_FALSE(history.conflict);
+}
+
+TEST_F(Outputs, ForeignOnesAreLeft) {
+    writeFile(output(), "mine\n");
+    const OutputPlan made = place(first);
+    EXPECT_EQ(made.decision.action, OutputAction::leaveForeign);
+    EXPECT_NE(made.message.find("does not know from what it was made"), std::string::npos);
+    EXPECT_EQ(readFile(output()), "mine\n");
+}
+
+TEST_F(Outputs, PermissionsAreKept) {
+    place(first);
+    ASSERT_EQ(chmod(output().c_str(), 0640), 0);
+    place(second);
+    EXPECT_EQ(readFile(output()), second);
+    EXPECT_EQ(modeOf(output()), 0640U);
+}
+
+TEST_F(Outputs, AWriteProtectedOneIsLeft) {
+    place(first);
+    ASSERT_EQ(chmod(output().c_str(), 0444), 0);
+    const OutputPlan made = plan(second);
+    expectRefused(made, "is write-protected");
+    EXPECT_EQ(made.decision.history.base, first);
+    EXPECT_FALSE(made.decision.history.pending);
+    EXPECT_EQ(readFile(output()), first);
+    EXPECT_EQ(plan(first).decision.action, OutputAction::nothing);
+}
+
+TEST_F(Outputs, SymbolicLinksAreFollowed) {
+    writeFile(path("elsewhere/part.torvel"), std::string(first));
+    std::filesystem::create_directory(path("out"));
+    std::filesystem::create_symlink("../elsewhere/part.torvel", output());
+    history.base = first;
+    place(second);
+    EXPECT_TRUE(std::filesystem::is_symlink(output()));
+    EXPECT_EQ(readFile(path("elsewhere/part.torvel")), second);
+    EXPECT_EQ(filesIn(path("elsewhere")), 1U);
+    EXPECT_EQ(filesIn(path("out")), 1U);
+
+    std::filesystem::remove(path("elsewhere/part.torvel"));
+    expectRefused(plan(first), "is a symbolic link that leads to no file");
+    EXPECT_EQ(filesIn(path("elsewhere")), 0U);
+}
+
+TEST_F(Outputs, OtherNamesOfAFileKeepTheirText) {
+    place(first);
+    std::filesystem::create_hard_link(output(), path("kept"));
+    place(second);
+    EXPECT_EQ(readFile(path("kept")), first);
+    EXPECT_EQ(readFile(output()), second);
+}
+
+TEST_F(Outputs, ASourceIsNeverReplaced) {
+    writeFile(path("part.pgm"), std::string(first));
+    sources.insert(fileIdentity(path("part.pgm")));
+    std::filesystem::create_directory(path("out"));
+    std::filesystem::create_symlink("../part.pgm", output());
+    history.base = first;
+    expectRefused(plan(second), "is a source of the programs");
+    std::filesystem::remove(output());
+    std::filesystem::create_hard_link(path("part.pgm"), output());
+    expectRefused(plan(second), "is a source of the programs");
+    EXPECT_FALSE(placeText(output(), second, sources).isDone);
+    EXPECT_EQ(readFile(path("part.pgm")), first);
+}
+
+TEST_F(Outputs, WhatIsNoFile) {
+    std::filesystem::create_directories(output());
+    expectRefused(plan(first), "is a folder");
+    EXPECT_FALSE(placeText(output(), first, sources).isDone);
+    std::filesystem::remove(output());
+    ASSERT_EQ(mkfifo(output().c_str(), 0600), 0);
+    expectRefused(plan(first), "is no regular file");
+    std::filesystem::remove(output());
+    // The conflict file's place.
+    writeFile(output(), "a\nmine\nc\n");
+    history.base = first;
+    std::filesystem::create_directory(conflict());
+    expectRefused(plan(second), "is a folder");
+}
+
+TEST_F(Outputs, AFolderThatCannotBeMade) {
+    writeFile(path("out"), "no folder");
+    const OutputPlan made = plan(first);
+    const CarriedOut done = carryOut(made);
+    EXPECT_FALSE(done.isDone);
+    EXPECT_NE(done.message.find("part.torvel cannot be written (Not a directory)."),
+              std::string::npos)
+        << done.message;
+    EXPECT_EQ(readFile(path("out")), "no folder");
+}
+
+TEST_F(Outputs, AFolderWithoutRights) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "Only root can take on another user here.";
+    }
+    place(first);
+    ASSERT_EQ(chmod(path("").c_str(), 0755), 0);
+    const OutputPlan made = plan(second);
+    ASSERT_EQ(seteuid(65534), 0);
+    const CarriedOut done = carryOut(made);
+    ASSERT_EQ(seteuid(0), 0);
+    EXPECT_FALSE(done.isDone);
+    EXPECT_NE(done.message.find("cannot be written (Permission denied)."), std::string::npos)
+        << done.message;
+    EXPECT_EQ(readFile(output()), first);
+
+    ASSERT_EQ(chmod(output().c_str(), 0600), 0);
+    ASSERT_EQ(seteuid(65534), 0);
+    const OutputPlan unreadable = plan(second);
+    ASSERT_EQ(seteuid(0), 0);
+    expectRefused(unreadable, "cannot be read");
+    EXPECT_EQ(unreadable.decision.history.base, first);
+}
+
+TEST_F(Outputs, NoRoomOnTheDisk) {
+    place(first);
+    const std::string large(100'000, 'x');
+    const OutputPlan made = plan(large);
+    // A bound on the length of files fails as a full disk does, in the middle of the text.
+    const auto oldAction = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit old{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
+    rlimit bound = old;
+    bound.rlim_cur = 50'000;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &bound), 0);
+    const CarriedOut done = carryOut(made);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &old), 0);
+    std::signal(SIGXFSZ, oldAction);
+    EXPECT_FALSE(done.isDone);
+    EXPECT_NE(done.message.find("cannot be written (File too large)."), std::string::npos)
+        << done.message;
+    EXPECT_EQ(readFile(output()), first);
+    EXPECT_EQ(filesIn(path("out")), 1U);
+    // The store has the plan in mind; the next run finds that nothing came of it.
+    history = made.decision.history;
+    EXPECT_EQ(place(large).decision.action, OutputAction::writeGenerated);
+    EXPECT_EQ(readFile(output()), large);
+}
+
+TEST_F(Outputs, AFileThatChangesWhileItIsConverted) {
+    place(first);
+    const OutputPlan made = plan(second);
+    writeFile(output(), "saved just now\n");
+    const CarriedOut done = carryOut(made);
+    EXPECT_FALSE(done.isDone);
+    EXPECT_NE(done.message.find("was changed by somebody else just now"), std::string::npos);
+    EXPECT_EQ(readFile(output()), "saved just now\n");
+    EXPECT_EQ(filesIn(path("out")), 1U);
+    // One that vanished is not written again either.
+    std::filesystem::remove(output());
+    EXPECT_FALSE(carryOut(made).isDone);
+    EXPECT_EQ(filesIn(path("out")), 0U);
+}
+
+TEST_F(Outputs, WhatAKilledRunLeftIsTakenAway) {
+    writeFile(temporaryPath(output()), "half");
+    place(first);
+    EXPECT_EQ(readFile(output()), first);
+    EXPECT_EQ(filesIn(path("out")), 1U);
+}
+
+TEST_F(Outputs, KilledBetweenStoreAndFileAndBetweenFileAndConfirmation) {
+    place(first);
+    history = plan(second).decision.history;
+    EXPECT_EQ(plan(second).decision.action, OutputAction::writeGenerated);
+    const OutputPlan made = plan(second);
+    history = made.decision.history;
+    ASSERT_TRUE(carryOut(made).isDone);
+    const OutputPlan next = plan(second);
+    EXPECT_EQ(next.decision.action, OutputAction::nothing);
+    EXPECT_EQ(confirmed(next.decision.history).base, second);
+}
+
+TEST_F(Outputs, TextsThatNobodyEdits) {
+    EXPECT_TRUE(placeText(path("logs/part.log"), first, sources).isDone);
+    EXPECT_EQ(readFile(path("logs/part.log")), first);
+    writeFile(path("logs/part.log"), "something else");
+    EXPECT_TRUE(placeText(path("logs/part.log"), first, sources).isDone);
+    EXPECT_EQ(readFile(path("logs/part.log")), first);
+    const auto time = std::filesystem::last_write_time(path("logs/part.log"));
+    EXPECT_TRUE(placeText(path("logs/part.log"), first, sources).isDone);
+    EXPECT_EQ(std::filesystem::last_write_time(path("logs/part.log")), time);
+    EXPECT_EQ(filesIn(path("logs")), 1U);
+}
+
+TEST_F(Outputs, NamesOfAllBytesAndTheLongestOnes) {
+    for (const std::string& name :
+         {std::string("line\nfeed\"<script>\xff.torvel"), std::string(255, 'n')}) {
+        const NativePath place = path("names") / name;
+        const OutputPlan made = planOutput(place, {}, first, sources);
+        EXPECT_TRUE(carryOut(made).isDone);
+        EXPECT_EQ(readFile(place), first);
+    }
+    const NativePath tooLong = path("names") / std::string(256, 'n');
+    const CarriedOut done = carryOut(planOutput(tooLong, {}, first, sources));
+    EXPECT_FALSE(done.isDone);
+    EXPECT_NE(done.message.find("cannot be replaced (File name too long)"), std::string::npos)
+        << done.message;
+    EXPECT_EQ(filesIn(path("names")), 2U);
+}
+
+}  // namespace torvel::migrate::test
