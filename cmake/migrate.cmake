@@ -37,7 +37,16 @@ if(WIN32)
 else()
     list(FILTER migrate_sources EXCLUDE REGEX "-win32\\.cpp$")
 endif()
-add_library(torvel_migrate STATIC ${migrate_sources})
+# The pages that `explain` shows.
+set(migrate_pages "${PROJECT_BINARY_DIR}/migrate-pages.cpp")
+add_custom_command(
+    OUTPUT "${migrate_pages}"
+    COMMAND ${CMAKE_COMMAND} -D FOLDER=${PROJECT_SOURCE_DIR}/docs -D OUTPUT=${migrate_pages}
+            -P ${PROJECT_SOURCE_DIR}/cmake/embed-pages.cmake
+    DEPENDS docs/messages.md docs/checks.md cmake/embed-pages.cmake
+    VERBATIM)
+
+add_library(torvel_migrate STATIC ${migrate_sources} "${migrate_pages}")
 target_link_libraries(torvel_migrate PUBLIC torvel_converter migrate_libraries)
 target_compile_definitions(torvel_migrate PRIVATE "TORVEL_VERSION=\"${PROJECT_VERSION}\"")
 

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace torvel::migrate {
+
+/// docs/messages.md and docs/checks.md as they were when the program was built, in pieces that end with a line.
+std::span<const std::string_view> messagesPage();
+std::span<const std::string_view> checksPage();
+
+}  // namespace torvel::migrate
