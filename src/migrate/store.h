@@ -9,30 +9,45 @@
 #include <vector>
 
 #include "src/base/file-system.h"
+#include "src/migrate/discovery.h"
 #include "src/migrate/program-result.h"
 
-// What a migration remembers, in one SQLite file: docs/store.md has the schema. Text in it is compressed.
+// What a migration remembers, in one SQLite file: docs/store.md has the schema. Text in it is compressed. Everything
+// here throws StoreError (database.h), whose message is complete.
 
 namespace torvel::migrate {
 
-/// What stands at the place of an output, beside what the converter generated for it.
+/// The hash that stands for a file that is not there.
+constexpr ContentHash noFile{};
+
+/// What is known of the place of an output. Hashes of texts are those of texts with line feeds.
 struct OutputRecord {
-    /// The text that the output on the disk was made from, the base of the next merge. With line feeds.
-    ContentHash base{};
-    /// The hash of the bytes of a newer generation that was about to be put in place, with its text; none:
-    /// nothing was under way. An output that has this hash has the newer text as its base.
+    std::string output;
+    /// The program that it was made from last.
+    std::string program;
+    /// The text that the output on the disk was made from, the base of the next merge; none: none was ever put there.
+    std::optional<ContentHash> base;
+    /// The text of a newer generation that is not the base yet: it was about to be put in place, or something is in the
+    /// way; none: the base is the newest.
+    std::optional<ContentHash> pending;
+    /// The hash of the bytes that were about to be put in place. An output that has it was made from `pending`.
     std::optional<ContentHash> placed;
+    /// The hash of the bytes of an output that is left as it is, or `noFile`: nothing changes until it does.
+    std::optional<ContentHash> leftAlone;
+
+    bool operator==(const OutputRecord&) const = default;
 };
 
 /// A program as the store has it, without its texts.
 struct StoredProgram {
+    /// What the store calls it.
+    std::int64_t number = 0;
     std::string program;
     std::string output;
     std::string machine;
     ProgramStatus status{};
     /// What it was converted from and with: its inputs and everything else that counts.
     ContentHash key{};
-    std::vector<Input> inputs;
     std::uint64_t lines = 0;
     std::uint64_t convertedLines = 0;
     std::optional<OutputRecord> outputRecord;
@@ -41,7 +56,7 @@ struct StoredProgram {
 /// One run of the converter over the project.
 struct RunRow {
     std::string version;
-    /// Seconds since 1970.
+    /// Seconds since 1970. A run that was cut off has no end: 0.
     std::int64_t began = 0;
     std::int64_t ended = 0;
     std::uint64_t programs = 0;
@@ -50,5 +65,92 @@ struct RunRow {
     std::uint64_t convertedLines = 0;
     std::uint64_t openFindings = 0;
 };
+
+/// A file of a program as it was converted.
+struct StoredFile {
+    std::string path;
+    ContentHash text{};
+};
+
+/// A text with its hash, as the store takes it.
+struct PackedText {
+    ContentHash hash{};
+    std::shared_ptr<const std::string> bytes;
+};
+
+/// A result in the form in which it is written, which any thread can make.
+struct PackedProgram {
+    std::string program;
+    std::string output;
+    std::string machine;
+    ProgramStatus status{};
+    ContentHash key{};
+    std::uint64_t lines = 0;
+    std::uint64_t convertedLines = 0;
+    std::vector<Input> inputs;
+    std::vector<StoredFile> files;
+    std::string findings;
+    std::string lineMap;
+    /// Texts of files and of the output that may not be in the store yet.
+    std::vector<PackedText> texts;
+    /// What is to be known of the output from now on; nothing: as it was.
+    std::optional<OutputRecord> outputRecord;
+};
+
+/// All of a result but its texts.
+PackedProgram packedProgram(const ProgramResult& result);
+
+enum class StoreUse : std::uint8_t {
+    read,   // as long as nobody writes, on media that cannot be written too
+    write,  // nobody else can use it meanwhile
+};
+
+class Store {
+public:
+    /// Opens a store. One for writing is made if it is not there, and brought up to date if it is older.
+    Store(const NativePath& path, StoreUse use);
+    ~Store();
+    Store(Store&&) noexcept;
+    Store& operator=(Store&&) noexcept;
+
+    // What there is. `take` may ask for more of the store.
+    std::vector<RunRow> runs() const;
+    std::vector<Notice> notices() const;
+    /// In the order of the programs' keys.
+    void forEachProgram(const std::function<void(const StoredProgram&)>& take) const;
+    std::vector<Input> inputs(const StoredProgram& program) const;
+    std::vector<StoredFile> files(const StoredProgram& program) const;
+    std::vector<FindingRow> findings(const StoredProgram& program) const;
+    std::vector<MappedLine> lineMap(const StoredProgram& program) const;
+    /// Any thread may ask for a text while another one writes. Throws StoreError if it is not there.
+    std::string text(const ContentHash& hash) const;
+    std::vector<ContentHash> textHashes() const;
+    /// Outputs that were generated and belong to no program any more.
+    std::vector<OutputRecord> leftOutputs() const;
+
+    // What a run writes, each in a transaction of its own.
+    /// A run that is under way. Runs before it that have no end were cut off.
+    void beginRun(const RunRow& run);
+    /// Replaces what `beginRun` wrote.
+    void endRun(const RunRow& run);
+    bool wasCutOff() const;
+    void replaceNotices(const std::vector<Notice>& notices);
+    /// Replaces what is known of the program. What is settled is written with it.
+    void write(const PackedProgram& program, const std::vector<OutputRecord>& settled);
+    void writeOutputs(const std::vector<OutputRecord>& records);
+    void removePrograms(const std::vector<std::int64_t>& numbers);
+    void removeOutputs(const std::vector<std::string>& outputs);
+    /// Takes away the texts that nothing needs any more.
+    void removeUnusedTexts();
+    /// Gives the file the form in which it can be read without writing. No use of the store may follow.
+    void close();
+
+private:
+    class Tables;
+    std::unique_ptr<Tables> tables_;
+};
+
+/// Puts a store aside, whatever it is: its file gets ".old" behind its name. Throws StoreError.
+void putStoreAside(const NativePath& path);
 
 }  // namespace torvel::migrate

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace torvel::migrate {
+
+/// Tells a store from other databases: "Torv".
+constexpr std::int64_t storeApplication = 0x546f7276;
+
+/// The statements that make each version of the tables out of the one before; the first makes them from nothing. A step
+/// that was given away is never changed.
+std::span<const char* const> storeSteps();
+
+}  // namespace torvel::migrate

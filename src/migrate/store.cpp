@@ -1,0 +1,440 @@
+#include "src/migrate/store.h"
+
+#include <algorithm>
+#include <mutex>
+#include <string>
+
+#include "src/migrate/compressed-text.h"
+#include "src/migrate/database.h"
+#include "src/migrate/packed-findings.h"
+#include "src/migrate/store-opening.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+std::string_view bytesOf(const ContentHash& hash) {
+    return {reinterpret_cast<const char*>(hash.data()), hash.size()};
+}
+
+std::optional<ContentHash> hashAt(const Query& row, int column) {
+    const std::string_view bytes = row.bytes(column);
+    ContentHash hash{};
+    if (bytes.size() != hash.size()) {
+        return std::nullopt;
+    }
+    std::copy(bytes.begin(), bytes.end(), hash.begin());
+    return hash;
+}
+
+std::string textAt(const Query& row, int column) {
+    return std::string(row.bytes(column));
+}
+
+std::uint64_t countAt(const Query& row, int column) {
+    return static_cast<std::uint64_t>(row.number(column));
+}
+
+void bindHash(Query& query, int hole, const std::optional<ContentHash>& hash) {
+    if (hash) {
+        query.bind(hole, bytesOf(*hash));
+    } else {
+        query.bindNull(hole);
+    }
+}
+
+/// The columns of an output from `first` on, its path in front.
+OutputRecord outputAt(const Query& row, int first) {
+    OutputRecord record;
+    record.output = textAt(row, first);
+    record.program = textAt(row, first + 1);
+    record.base = hashAt(row, first + 2);
+    record.pending = hashAt(row, first + 3);
+    record.placed = hashAt(row, first + 4);
+    record.leftAlone = hashAt(row, first + 5);
+    return record;
+}
+
+StoredProgram programAt(const Query& row) {
+    StoredProgram program;
+    program.number = row.number(0);
+    program.program = textAt(row, 1);
+    program.output = textAt(row, 2);
+    program.machine = textAt(row, 3);
+    program.status = static_cast<ProgramStatus>(row.number(4));
+    program.key = hashAt(row, 5).value_or(ContentHash{});
+    program.lines = countAt(row, 6);
+    program.convertedLines = countAt(row, 7);
+    if (!row.isNull(8)) {
+        program.outputRecord = outputAt(row, 8);
+    }
+    return program;
+}
+
+void bindRun(Query& query, const RunRow& run) {
+    query.bind(0, run.version);
+    query.bind(1, run.began);
+    query.bind(2, run.ended);
+    query.bind(3, static_cast<std::int64_t>(run.programs));
+    query.bind(4, static_cast<std::int64_t>(run.converted));
+    query.bind(5, static_cast<std::int64_t>(run.lines));
+    query.bind(6, static_cast<std::int64_t>(run.convertedLines));
+    query.bind(7, static_cast<std::int64_t>(run.openFindings));
+}
+
+/// The statements that write a program, made once.
+struct WritingStatements {
+    explicit WritingStatements(Database& database);
+
+    Query putProgram;
+    Query deleteInputs;
+    Query deleteFiles;
+    Query deleteProgram;
+    Query putInput;
+    Query putFile;
+    Query putText;
+    Query putOutput;
+};
+
+WritingStatements::WritingStatements(Database& database)
+    : putProgram(
+          database,
+          "INSERT INTO program (path, output, machine, status, key, lines, converted_lines,"
+          " findings, line_map) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (path) DO UPDATE"
+          " SET output = excluded.output, machine = excluded.machine, status = excluded.status,"
+          " key = excluded.key, lines = excluded.lines, converted_lines ="
+          " excluded.converted_lines, findings = excluded.findings, line_map ="
+          " excluded.line_map RETURNING number"),
+      deleteInputs(database, "DELETE FROM input WHERE program = ?"),
+      deleteFiles(database, "DELETE FROM file WHERE program = ?"),
+      deleteProgram(database, "DELETE FROM program WHERE number = ?"),
+      putInput(database, "INSERT INTO input VALUES (?, ?, ?, ?)"),
+      putFile(database, "INSERT INTO file VALUES (?, ?, ?, ?)"),
+      putText(database, "INSERT OR IGNORE INTO text VALUES (?, ?)"),
+      putOutput(database, "INSERT OR REPLACE INTO output VALUES (?, ?, ?, ?, ?, ?)") {}
+
+}  // namespace
+
+class Store::Tables {
+public:
+    Tables(const NativePath& path, StoreUse use)
+        : path_(narrowPath(path)), use_(use), database_(openStore(path, use)) {}
+
+    Database& database() { return database_; }
+    WritingStatements& writing() {
+        if (!writing_) {
+            writing_ = std::make_unique<WritingStatements>(database_);
+        }
+        return *writing_;
+    }
+    std::string text(const ContentHash& hash);
+    void putOutput(const OutputRecord& record);
+    void putProgram(const PackedProgram& program);
+    void close();
+    [[noreturn]] void failAsDamaged(std::string_view what) const {
+        throw StoreError(
+            "The store \"" + path_ + "\" is damaged: " + std::string(what) +
+            ". Make it anew with --rebuild; outputs that were edited are left as they are.");
+    }
+    /// A column of one program that is packed.
+    template <typename Unpack>
+    auto unpacked(const char* sql, const StoredProgram& program, Unpack unpack) {
+        decltype(unpack(std::string_view())) value;
+        Query(database_, sql).bind(0, program.number).stepOnce([&](const Query& row) {
+            value = unpack(row.bytes(0));
+        });
+        if (!value) {
+            failAsDamaged("what it has of \"" + program.program + "\" cannot be read");
+        }
+        return std::move(*value);
+    }
+
+private:
+    std::string path_;
+    StoreUse use_;
+    Database database_;
+    std::unique_ptr<WritingStatements> writing_;
+    std::unique_ptr<Query> readText_;
+    std::mutex readingText_;
+};
+
+std::string Store::Tables::text(const ContentHash& hash) {
+    std::string bytes;
+    {
+        const std::lock_guard lock(readingText_);
+        if (!readText_) {
+            readText_ = std::make_unique<Query>(database_, "SELECT bytes FROM text WHERE hash = ?");
+        }
+        readText_->bind(0, bytesOf(hash));
+        if (!readText_->stepOnce([&](const Query& row) { bytes = textAt(row, 0); })) {
+            failAsDamaged("a text is missing");
+        }
+    }
+    std::optional<std::string> text = uncompressed(bytes);
+    if (!text) {
+        failAsDamaged("a text cannot be read");
+    }
+    return std::move(*text);
+}
+
+void Store::Tables::putOutput(const OutputRecord& record) {
+    Query& query = writing().putOutput;
+    query.bind(0, record.output).bind(1, record.program);
+    bindHash(query, 2, record.base);
+    bindHash(query, 3, record.pending);
+    bindHash(query, 4, record.placed);
+    bindHash(query, 5, record.leftAlone);
+    query.run();
+}
+
+void Store::Tables::putProgram(const PackedProgram& program) {
+    WritingStatements& sql = writing();
+    for (const PackedText& text : program.texts) {
+        sql.putText.bind(0, bytesOf(text.hash)).bind(1, *text.bytes).run();
+    }
+    Query& row = sql.putProgram;
+    row.bind(0, program.program).bind(1, program.output).bind(2, program.machine);
+    row.bind(3, static_cast<std::int64_t>(program.status)).bind(4, bytesOf(program.key));
+    row.bind(5, static_cast<std::int64_t>(program.lines));
+    row.bind(6, static_cast<std::int64_t>(program.convertedLines));
+    row.bind(7, program.findings).bind(8, program.lineMap);
+    std::int64_t number = 0;
+    while (row.step()) {
+        number = row.number(0);
+    }
+    sql.deleteInputs.bind(0, number).run();
+    sql.deleteFiles.bind(0, number).run();
+    std::int64_t place = 0;
+    for (const Input& input : program.inputs) {
+        sql.putInput.bind(0, number).bind(1, place++).bind(2, input.path);
+        bindHash(sql.putInput, 3, input.hash);
+        sql.putInput.run();
+    }
+    place = 0;
+    for (const StoredFile& file : program.files) {
+        sql.putFile.bind(0, number).bind(1, place++).bind(2, file.path).bind(3, bytesOf(file.text));
+        sql.putFile.run();
+    }
+    if (program.outputRecord) {
+        putOutput(*program.outputRecord);
+    }
+}
+
+void Store::Tables::close() {
+    writing_.reset();
+    readText_.reset();
+    if (use_ == StoreUse::write) {
+        use_ = StoreUse::read;
+        settleStore(database_);
+    }
+}
+
+PackedProgram packedProgram(const ProgramResult& result) {
+    PackedProgram packed;
+    packed.program = result.program;
+    packed.output = result.output;
+    packed.status = result.status;
+    packed.lines = result.lines;
+    packed.convertedLines = result.convertedLines;
+    packed.inputs = result.inputs;
+    for (const ConvertedFile& file : result.files) {
+        packed.files.push_back({file.path, file.hash});
+    }
+    packed.findings = compressed(packedFindings(result.findings));
+    packed.lineMap = packedLineMap(result.lineMap);
+    return packed;
+}
+
+Store::Store(const NativePath& path, StoreUse use) : tables_(std::make_unique<Tables>(path, use)) {}
+
+Store::~Store() {
+    if (tables_) {
+        try {
+            tables_->close();
+        } catch (const StoreError&) {
+            // What was written is in the log beside it, and is found there.
+        }
+    }
+}
+
+Store::Store(Store&&) noexcept = default;
+Store& Store::operator=(Store&&) noexcept = default;
+
+std::vector<RunRow> Store::runs() const {
+    std::vector<RunRow> runs;
+    Query query(tables_->database(),
+                "SELECT version, began, ended, programs, converted, lines, converted_lines,"
+                " open_findings FROM run ORDER BY number");
+    while (query.step()) {
+        runs.push_back({textAt(query, 0), query.number(1), query.number(2), countAt(query, 3),
+                        countAt(query, 4), countAt(query, 5), countAt(query, 6),
+                        countAt(query, 7)});
+    }
+    return runs;
+}
+
+std::vector<Notice> Store::notices() const {
+    std::vector<Notice> notices;
+    Query query(tables_->database(), "SELECT path, text FROM notice ORDER BY number");
+    while (query.step()) {
+        notices.push_back({textAt(query, 0), textAt(query, 1)});
+    }
+    return notices;
+}
+
+void Store::forEachProgram(const std::function<void(const StoredProgram&)>& take) const {
+    Query query(tables_->database(),
+                "SELECT p.number, p.path, p.output, p.machine, p.status, p.key, p.lines,"
+                " p.converted_lines, o.path, o.program, o.base, o.pending, o.placed, o.left_alone"
+                " FROM program p LEFT JOIN output o ON o.path = p.output ORDER BY p.path");
+    while (query.step()) {
+        take(programAt(query));
+    }
+}
+
+std::vector<Input> Store::inputs(const StoredProgram& program) const {
+    std::vector<Input> inputs;
+    Query query(tables_->database(),
+                "SELECT path, hash FROM input WHERE program = ? ORDER BY number");
+    query.bind(0, program.number);
+    while (query.step()) {
+        inputs.push_back({textAt(query, 0), hashAt(query, 1)});
+    }
+    return inputs;
+}
+
+std::vector<StoredFile> Store::files(const StoredProgram& program) const {
+    std::vector<StoredFile> files;
+    Query query(tables_->database(),
+                "SELECT path, text FROM file WHERE program = ? ORDER BY number");
+    query.bind(0, program.number);
+    while (query.step()) {
+        files.push_back({textAt(query, 0), hashAt(query, 1).value_or(ContentHash{})});
+    }
+    return files;
+}
+
+std::vector<FindingRow> Store::findings(const StoredProgram& program) const {
+    return tables_->unpacked("SELECT findings FROM program WHERE number = ?", program,
+                             [](std::string_view bytes) {
+                                 const std::optional<std::string> text = uncompressed(bytes);
+                                 return text ? unpackedFindings(*text) : std::nullopt;
+                             });
+}
+
+std::vector<MappedLine> Store::lineMap(const StoredProgram& program) const {
+    return tables_->unpacked("SELECT line_map FROM program WHERE number = ?", program,
+                             unpackedLineMap);
+}
+
+std::string Store::text(const ContentHash& hash) const {
+    return tables_->text(hash);
+}
+
+std::vector<ContentHash> Store::textHashes() const {
+    std::vector<ContentHash> hashes;
+    Query query(tables_->database(), "SELECT hash FROM text ORDER BY hash");
+    while (query.step()) {
+        hashes.push_back(hashAt(query, 0).value_or(ContentHash{}));
+    }
+    return hashes;
+}
+
+std::vector<OutputRecord> Store::leftOutputs() const {
+    std::vector<OutputRecord> records;
+    Query query(tables_->database(),
+                "SELECT path, program, base, pending, placed, left_alone FROM output"
+                " WHERE path NOT IN (SELECT output FROM program) ORDER BY path");
+    while (query.step()) {
+        records.push_back(outputAt(query, 0));
+    }
+    return records;
+}
+
+void Store::beginRun(const RunRow& run) {
+    Transaction transaction(tables_->database());
+    Query query(tables_->database(), "INSERT INTO run VALUES (NULL, ?, ?, ?, ?, ?, ?, ?, ?)");
+    bindRun(query, run);
+    query.run();
+    transaction.commit();
+}
+
+void Store::endRun(const RunRow& run) {
+    Transaction transaction(tables_->database());
+    Query query(tables_->database(),
+                "UPDATE run SET version = ?, began = ?, ended = ?, programs = ?, converted = ?,"
+                " lines = ?, converted_lines = ?, open_findings = ?"
+                " WHERE number = (SELECT max(number) FROM run)");
+    bindRun(query, run);
+    query.run();
+    transaction.commit();
+}
+
+bool Store::wasCutOff() const {
+    return tables_->database().number("SELECT ended = 0 FROM run ORDER BY number DESC LIMIT 1") !=
+           0;
+}
+
+void Store::replaceNotices(const std::vector<Notice>& notices) {
+    Transaction transaction(tables_->database());
+    tables_->database().execute("DELETE FROM notice");
+    Query query(tables_->database(), "INSERT INTO notice VALUES (NULL, ?, ?)");
+    for (const Notice& notice : notices) {
+        query.bind(0, notice.path).bind(1, notice.text).run();
+    }
+    transaction.commit();
+}
+
+void Store::write(const PackedProgram& program, const std::vector<OutputRecord>& settled) {
+    Transaction transaction(tables_->database());
+    for (const OutputRecord& record : settled) {
+        tables_->putOutput(record);
+    }
+    tables_->putProgram(program);
+    transaction.commit();
+}
+
+void Store::writeOutputs(const std::vector<OutputRecord>& records) {
+    if (records.empty()) {
+        return;
+    }
+    Transaction transaction(tables_->database());
+    for (const OutputRecord& record : records) {
+        tables_->putOutput(record);
+    }
+    transaction.commit();
+}
+
+void Store::removePrograms(const std::vector<std::int64_t>& numbers) {
+    WritingStatements& sql = tables_->writing();
+    Transaction transaction(tables_->database());
+    for (const std::int64_t number : numbers) {
+        sql.deleteInputs.bind(0, number).run();
+        sql.deleteFiles.bind(0, number).run();
+        sql.deleteProgram.bind(0, number).run();
+    }
+    transaction.commit();
+}
+
+void Store::removeOutputs(const std::vector<std::string>& outputs) {
+    Transaction transaction(tables_->database());
+    Query query(tables_->database(), "DELETE FROM output WHERE path = ?");
+    for (const std::string& output : outputs) {
+        query.bind(0, output).run();
+    }
+    transaction.commit();
+}
+
+void Store::removeUnusedTexts() {
+    Transaction transaction(tables_->database());
+    tables_->database().execute(
+        "DELETE FROM text WHERE hash NOT IN (SELECT text FROM file UNION SELECT base FROM output"
+        " WHERE base IS NOT NULL UNION SELECT pending FROM output WHERE pending IS NOT NULL)");
+    transaction.commit();
+}
+
+void Store::close() {
+    tables_->close();
+}
+
+}  // namespace torvel::migrate
