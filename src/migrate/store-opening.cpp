@@ -104,27 +104,7 @@ Database openWithLog(const NativePath& path) {
     return openToRead(path, DatabaseUse::readFixed);
 }
 
-}  // namespace
-
-Database openStore(const NativePath& path, StoreUse use) {
-    if (use == StoreUse::write) {
-        return openToWrite(path);
-    }
-    if (fileKind(path) == FileKind::missing) {
-        throw StoreError(
-            "There is no store \"" + narrowPath(path) +
-            "\". Run \"torvel-migrate convert\" first, or name another place with --store.");
-    }
-    const bool hasLog =
-        saysLog(path) || isThere(withEnding(path, "-wal")) || isThere(withEnding(path, "-journal"));
-    return hasLog ? openWithLog(path) : openToRead(path, DatabaseUse::read);
-}
-
-void settleStore(Database& database) {
-    database.execute("PRAGMA wal_checkpoint(TRUNCATE)");
-    database.execute("PRAGMA journal_mode = DELETE");
-}
-
+/// Keeps a file that is made anew, whatever it is.
 void putStoreAside(const NativePath& path) {
     for (const char* ending : {"", "-wal", "-journal"}) {
         const NativePath file = withEnding(path, ending);
@@ -141,6 +121,30 @@ void putStoreAside(const NativePath& path) {
             }
         }
     }
+}
+
+}  // namespace
+
+Database openStore(const NativePath& path, StoreUse use) {
+    if (use == StoreUse::anew) {
+        putStoreAside(path);
+    }
+    if (use != StoreUse::read) {
+        return openToWrite(path);
+    }
+    if (fileKind(path) == FileKind::missing) {
+        throw StoreError(
+            "There is no store \"" + narrowPath(path) +
+            "\". Run \"torvel-migrate convert\" first, or name another place with --store.");
+    }
+    const bool hasLog =
+        saysLog(path) || isThere(withEnding(path, "-wal")) || isThere(withEnding(path, "-journal"));
+    return hasLog ? openWithLog(path) : openToRead(path, DatabaseUse::read);
+}
+
+void settleStore(Database& database) {
+    database.execute("PRAGMA wal_checkpoint(TRUNCATE)");
+    database.execute("PRAGMA journal_mode = DELETE");
 }
 
 }  // namespace torvel::migrate

@@ -6,7 +6,7 @@
 
 namespace torvel::migrate {
 
-/// The database of a store, its tables of the newest version.
+/// The database of a store, its tables of the newest version. Who wants to write has its lock.
 Database openStore(const NativePath& path, StoreUse use);
 
 /// Brings what stands in the log of a written store into its file, which can be read then where nothing can be

@@ -6,13 +6,17 @@
 //   run           one row a run; `ended` is 0 while it is under way, and stays so if it was cut off
 //   notice        what the last run told about the files as a whole
 //   program       one row a program, as it was last converted. `key` is made of everything that its result depends on.
-//                 `findings` and `line_map` are packed (packed-findings.h).
+//                 `findings` and `line_map` are packed (packed-findings.h). `generated` is the text that it was
+//                 converted to, which the line map is about.
 //   input         the files that its conversion asked for; no hash: nothing was there
 //   file          the files of the program as they were converted; the line map counts them from 0
 //   output        what is known of the place of an output, whether a program still has it or not:
 //     base          the text that the file there was made from; none: it was never put in place
 //     pending       a newer text that is not there: it was about to be put there, or something is in the way
 //     placed        the hash of the bytes that were about to be put in place: a file that has it was made from `pending`
+//     placed_conflict  the hash of the conflict file that was about to be written: one that has it is about `pending`
+//     conflict       the text that a person's edits could not be merged with
+//     conflict_file  the hash of the conflict file that says so
 //     left_alone    the hash of the file that was left as it is, all zero for a file that was deleted; none: look again
 //   text          texts of files and outputs, each once, compressed (compressed-text.h)
 //
@@ -55,7 +59,8 @@ constexpr std::array steps{
             lines INTEGER NOT NULL,
             converted_lines INTEGER NOT NULL,
             findings BLOB NOT NULL,
-            line_map BLOB NOT NULL
+            line_map BLOB NOT NULL,
+            generated BLOB
         );
         CREATE TABLE input (
             program INTEGER NOT NULL,
@@ -77,6 +82,9 @@ constexpr std::array steps{
             base BLOB,
             pending BLOB,
             placed BLOB,
+            placed_conflict BLOB,
+            conflict BLOB,
+            conflict_file BLOB,
             left_alone BLOB
         ) WITHOUT ROWID;
         CREATE TABLE text (

@@ -7,6 +7,7 @@
 #include "src/migrate/compressed-text.h"
 #include "src/migrate/database.h"
 #include "src/migrate/packed-findings.h"
+#include "src/migrate/store-lock.h"
 #include "src/migrate/store-opening.h"
 
 namespace torvel::migrate {
@@ -51,7 +52,10 @@ OutputRecord outputAt(const Query& row, int first) {
     record.base = hashAt(row, first + 2);
     record.pending = hashAt(row, first + 3);
     record.placed = hashAt(row, first + 4);
-    record.leftAlone = hashAt(row, first + 5);
+    record.placedConflict = hashAt(row, first + 5);
+    record.conflict = hashAt(row, first + 6);
+    record.conflictFile = hashAt(row, first + 7);
+    record.leftAlone = hashAt(row, first + 8);
     return record;
 }
 
@@ -65,8 +69,9 @@ StoredProgram programAt(const Query& row) {
     program.key = hashAt(row, 5).value_or(ContentHash{});
     program.lines = countAt(row, 6);
     program.convertedLines = countAt(row, 7);
-    if (!row.isNull(8)) {
-        program.outputRecord = outputAt(row, 8);
+    program.generated = hashAt(row, 8);
+    if (!row.isNull(9)) {
+        program.outputRecord = outputAt(row, 9);
     }
     return program;
 }
@@ -100,25 +105,26 @@ WritingStatements::WritingStatements(Database& database)
     : putProgram(
           database,
           "INSERT INTO program (path, output, machine, status, key, lines, converted_lines,"
-          " findings, line_map) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (path) DO UPDATE"
+          " findings, line_map, generated) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT "
+          "(path) DO UPDATE"
           " SET output = excluded.output, machine = excluded.machine, status = excluded.status,"
           " key = excluded.key, lines = excluded.lines, converted_lines ="
           " excluded.converted_lines, findings = excluded.findings, line_map ="
-          " excluded.line_map RETURNING number"),
+          " excluded.line_map, generated = excluded.generated RETURNING number"),
       deleteInputs(database, "DELETE FROM input WHERE program = ?"),
       deleteFiles(database, "DELETE FROM file WHERE program = ?"),
       deleteProgram(database, "DELETE FROM program WHERE number = ?"),
       putInput(database, "INSERT INTO input VALUES (?, ?, ?, ?)"),
       putFile(database, "INSERT INTO file VALUES (?, ?, ?, ?)"),
       putText(database, "INSERT OR IGNORE INTO text VALUES (?, ?)"),
-      putOutput(database, "INSERT OR REPLACE INTO output VALUES (?, ?, ?, ?, ?, ?)") {}
+      putOutput(database, "INSERT OR REPLACE INTO output VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)") {}
 
 }  // namespace
 
 class Store::Tables {
 public:
     Tables(const NativePath& path, StoreUse use)
-        : path_(narrowPath(path)), use_(use), database_(openStore(path, use)) {}
+        : path_(narrowPath(path)), lock_(lockFor(path, use)), database_(openStore(path, use)) {}
 
     Database& database() { return database_; }
     WritingStatements& writing() {
@@ -150,8 +156,13 @@ public:
     }
 
 private:
+    static std::unique_ptr<StoreLock> lockFor(const NativePath& path, StoreUse use) {
+        return use == StoreUse::read ? nullptr : std::make_unique<StoreLock>(path);
+    }
+
     std::string path_;
-    StoreUse use_;
+    /// Null: the store is only read.
+    std::unique_ptr<StoreLock> lock_;
     Database database_;
     std::unique_ptr<WritingStatements> writing_;
     std::unique_ptr<Query> readText_;
@@ -183,7 +194,10 @@ void Store::Tables::putOutput(const OutputRecord& record) {
     bindHash(query, 2, record.base);
     bindHash(query, 3, record.pending);
     bindHash(query, 4, record.placed);
-    bindHash(query, 5, record.leftAlone);
+    bindHash(query, 5, record.placedConflict);
+    bindHash(query, 6, record.conflict);
+    bindHash(query, 7, record.conflictFile);
+    bindHash(query, 8, record.leftAlone);
     query.run();
 }
 
@@ -198,6 +212,7 @@ void Store::Tables::putProgram(const PackedProgram& program) {
     row.bind(5, static_cast<std::int64_t>(program.lines));
     row.bind(6, static_cast<std::int64_t>(program.convertedLines));
     row.bind(7, program.findings).bind(8, program.lineMap);
+    bindHash(row, 9, program.generated);
     std::int64_t number = 0;
     while (row.step()) {
         number = row.number(0);
@@ -223,9 +238,9 @@ void Store::Tables::putProgram(const PackedProgram& program) {
 void Store::Tables::close() {
     writing_.reset();
     readText_.reset();
-    if (use_ == StoreUse::write) {
-        use_ = StoreUse::read;
+    if (lock_) {
         settleStore(database_);
+        lock_.reset();
     }
 }
 
@@ -285,7 +300,8 @@ std::vector<Notice> Store::notices() const {
 void Store::forEachProgram(const std::function<void(const StoredProgram&)>& take) const {
     Query query(tables_->database(),
                 "SELECT p.number, p.path, p.output, p.machine, p.status, p.key, p.lines,"
-                " p.converted_lines, o.path, o.program, o.base, o.pending, o.placed, o.left_alone"
+                " p.converted_lines, p.generated, o.path, o.program, o.base, o.pending, o.placed,"
+                " o.placed_conflict, o.conflict, o.conflict_file, o.left_alone"
                 " FROM program p LEFT JOIN output o ON o.path = p.output ORDER BY p.path");
     while (query.step()) {
         take(programAt(query));
@@ -301,6 +317,15 @@ std::vector<Input> Store::inputs(const StoredProgram& program) const {
         inputs.push_back({textAt(query, 0), hashAt(query, 1)});
     }
     return inputs;
+}
+
+void Store::forEachInput(
+    const std::function<void(std::int64_t program, const Input&)>& take) const {
+    Query query(tables_->database(),
+                "SELECT program, path, hash FROM input ORDER BY program, number");
+    while (query.step()) {
+        take(query.number(0), {textAt(query, 1), hashAt(query, 2)});
+    }
 }
 
 std::vector<StoredFile> Store::files(const StoredProgram& program) const {
@@ -343,8 +368,9 @@ std::vector<ContentHash> Store::textHashes() const {
 std::vector<OutputRecord> Store::leftOutputs() const {
     std::vector<OutputRecord> records;
     Query query(tables_->database(),
-                "SELECT path, program, base, pending, placed, left_alone FROM output"
-                " WHERE path NOT IN (SELECT output FROM program) ORDER BY path");
+                "SELECT path, program, base, pending, placed, placed_conflict, conflict,"
+                " conflict_file, left_alone FROM output WHERE path NOT IN (SELECT output FROM "
+                "program) ORDER BY path");
     while (query.step()) {
         records.push_back(outputAt(query, 0));
     }
@@ -373,6 +399,20 @@ void Store::endRun(const RunRow& run) {
 bool Store::wasCutOff() const {
     return tables_->database().number("SELECT ended = 0 FROM run ORDER BY number DESC LIMIT 1") !=
            0;
+}
+
+RunRow Store::totals() const {
+    RunRow row;
+    Query query(tables_->database(),
+                "SELECT count(*), count(*) FILTER (WHERE status = 0), coalesce(sum(lines), 0),"
+                " coalesce(sum(converted_lines), 0) FROM program");
+    query.stepOnce([&](const Query& sums) {
+        row.programs = countAt(sums, 0);
+        row.converted = countAt(sums, 1);
+        row.lines = countAt(sums, 2);
+        row.convertedLines = countAt(sums, 3);
+    });
+    return row;
 }
 
 void Store::replaceNotices(const std::vector<Notice>& notices) {
@@ -428,8 +468,11 @@ void Store::removeOutputs(const std::vector<std::string>& outputs) {
 void Store::removeUnusedTexts() {
     Transaction transaction(tables_->database());
     tables_->database().execute(
-        "DELETE FROM text WHERE hash NOT IN (SELECT text FROM file UNION SELECT base FROM output"
-        " WHERE base IS NOT NULL UNION SELECT pending FROM output WHERE pending IS NOT NULL)");
+        "DELETE FROM text WHERE hash NOT IN (SELECT text FROM file"
+        " UNION SELECT generated FROM program WHERE generated IS NOT NULL"
+        " UNION SELECT base FROM output WHERE base IS NOT NULL"
+        " UNION SELECT pending FROM output WHERE pending IS NOT NULL"
+        " UNION SELECT conflict FROM output WHERE conflict IS NOT NULL)");
     transaction.commit();
 }
 

@@ -32,6 +32,11 @@ struct OutputRecord {
     std::optional<ContentHash> pending;
     /// The hash of the bytes that were about to be put in place. An output that has it was made from `pending`.
     std::optional<ContentHash> placed;
+    /// The hash of a conflict file that was about to be written. One that has it is about `pending`.
+    std::optional<ContentHash> placedConflict;
+    /// The text that a person's edits could not be merged with, and the hash of the conflict file that was written.
+    std::optional<ContentHash> conflict;
+    std::optional<ContentHash> conflictFile;
     /// The hash of the bytes of an output that is left as it is, or `noFile`: nothing changes until it does.
     std::optional<ContentHash> leftAlone;
 
@@ -50,6 +55,8 @@ struct StoredProgram {
     ContentHash key{};
     std::uint64_t lines = 0;
     std::uint64_t convertedLines = 0;
+    /// The text that it was converted to, which the line map is about; none: it was not converted.
+    std::optional<ContentHash> generated;
     std::optional<OutputRecord> outputRecord;
 };
 
@@ -59,6 +66,7 @@ struct RunRow {
     /// Seconds since 1970. A run that was cut off has no end: 0.
     std::int64_t began = 0;
     std::int64_t ended = 0;
+    /// What there was at its end: programs, those of them that can be converted, their lines.
     std::uint64_t programs = 0;
     std::uint64_t converted = 0;
     std::uint64_t lines = 0;
@@ -91,6 +99,7 @@ struct PackedProgram {
     std::vector<StoredFile> files;
     std::string findings;
     std::string lineMap;
+    std::optional<ContentHash> generated;
     /// Texts of files and of the output that may not be in the store yet.
     std::vector<PackedText> texts;
     /// What is to be known of the output from now on; nothing: as it was.
@@ -103,11 +112,12 @@ PackedProgram packedProgram(const ProgramResult& result);
 enum class StoreUse : std::uint8_t {
     read,   // as long as nobody writes, on media that cannot be written too
     write,  // nobody else can use it meanwhile
+    anew,   // to write an empty one; what was there is kept beside it, with ".old" behind its name
 };
 
 class Store {
 public:
-    /// Opens a store. One for writing is made if it is not there, and brought up to date if it is older.
+    /// Opens a store. One for writing is made if it is not there, brought up to date if it is older, and locked.
     Store(const NativePath& path, StoreUse use);
     ~Store();
     Store(Store&&) noexcept;
@@ -119,6 +129,8 @@ public:
     /// In the order of the programs' keys.
     void forEachProgram(const std::function<void(const StoredProgram&)>& take) const;
     std::vector<Input> inputs(const StoredProgram& program) const;
+    /// The inputs of all programs, with the numbers of these, each program's in order.
+    void forEachInput(const std::function<void(std::int64_t program, const Input&)>& take) const;
     std::vector<StoredFile> files(const StoredProgram& program) const;
     std::vector<FindingRow> findings(const StoredProgram& program) const;
     std::vector<MappedLine> lineMap(const StoredProgram& program) const;
@@ -134,6 +146,8 @@ public:
     /// Replaces what `beginRun` wrote.
     void endRun(const RunRow& run);
     bool wasCutOff() const;
+    /// What there is now, in a row without times.
+    RunRow totals() const;
     void replaceNotices(const std::vector<Notice>& notices);
     /// Replaces what is known of the program. What is settled is written with it.
     void write(const PackedProgram& program, const std::vector<OutputRecord>& settled);
@@ -149,8 +163,5 @@ private:
     class Tables;
     std::unique_ptr<Tables> tables_;
 };
-
-/// Puts a store aside, whatever it is: its file gets ".old" behind its name. Throws StoreError.
-void putStoreAside(const NativePath& path);
 
 }  // namespace torvel::migrate
