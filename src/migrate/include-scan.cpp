@@ -47,23 +47,33 @@ struct FileScan {
     template <typename Visit>
     void visitLines(Visit visit) {
         std::uint32_t before = 0;
-        while (!rest.text.empty()) {
+        bool goesOn = true;
+        while (goesOn) {
+            goesOn = false;
             const Inclusion inclusion{&rest, {}};
             LineSplitter splitter(program, inclusion);
             ScannedLine line;
-            bool isFaulty = true;
-            while (isFaulty) {
+            while (nextLine(splitter, line, goesOn)) {
                 try {
-                    isFaulty = false;
-                    while (splitter.next(line)) {
-                        visit(splitter, inclusion, line, before + line.lineNumber);
-                    }
+                    visit(splitter, inclusion, line, before + line.lineNumber);
                 } catch (const ParseException&) {
-                    isFaulty = true;
+                    goesOn = true;
                 }
             }
-            before += splitter.lineNumber();
-            rest.text = behindLine(program.text, rest.text, splitter.lineNumber());
+            if (goesOn) {
+                rest.text = behindLine(program.text, rest.text, splitter.lineNumber());
+                before += splitter.lineNumber();
+                goesOn = !rest.text.empty();
+            }
+        }
+    }
+
+    static bool nextLine(LineSplitter& splitter, ScannedLine& line, bool& isFaulty) {
+        try {
+            return splitter.next(line);
+        } catch (const ParseException&) {
+            isFaulty = true;
+            return false;
         }
     }
 
