@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <map>
 #include <optional>
 #include <thread>
 #include <unordered_map>
@@ -128,21 +129,34 @@ void tellNamesOfNothing(Search& search) {
     }
 }
 
+/// One sentence for all the files that write a path so.
 void tellOtherCases(Search& search) {
+    struct Use {
+        std::vector<std::string> users;
+        std::vector<std::string> files;
+    };
+    std::map<std::pair<std::string, std::string>, Use> uses;
     for (const GraphFile& file : search.graph) {
         for (const IncludeEdge& edge : file.includes) {
-            if (edge.otherCase.size() == 1) {
-                search.tell(file.key, "Line " + std::to_string(edge.line) + " includes " +
-                                          inQuotes(edge.written) + ", and the file is called " +
-                                          inQuotes(edge.target) + ": it was taken.");
-            } else if (!edge.otherCase.empty()) {
-                search.tell(file.key,
-                            "Line " + std::to_string(edge.line) + " includes " +
-                                inQuotes(edge.written) + ", which is not there; the files " +
-                                listed(edge.otherCase) +
-                                " differ from it in upper and lower case only: none was taken.");
+            if (edge.otherCase.empty()) {
+                continue;
             }
+            Use& use = uses[{edge.target, edge.written}];
+            if (use.users.empty() || use.users.back() != file.key) {
+                use.users.push_back(file.key);
+            }
+            use.files = edge.otherCase;
         }
+    }
+    for (auto& [path, use] : uses) {
+        std::sort(use.users.begin(), use.users.end());
+        const std::string included =
+            "It is included as " + inQuotes(path.second) + " by " + listed(use.users) + ", ";
+        search.tell(path.first,
+                    use.files.size() == 1
+                        ? included + "which differs in upper and lower case: it was taken."
+                        : included + "and is not there; " + listed(use.files) +
+                              " differ from it in upper and lower case only: none was taken.");
     }
 }
 

@@ -245,16 +245,19 @@ TEST(Discovery, PartsThatLookLikePrograms) {
 TEST(Discovery, IncludesInAnotherCase) {
     Plant plant;
     plant.write("programs/main.pgm", "G71\n#include \"INC\\TOOL.PGM\"\n#include \"Two.pgm\"\n");
+    plant.write("programs/a.pgm", "#include \"INC\\TOOL.PGM\"\n#include \"INC\\TOOL.PGM\"\n");
     plant.write("programs/inc/tool.pgm").write("programs/two.pgm").write("programs/TWO.pgm");
     EXPECT_EQ(plant.programs(), (List{"programs/TWO.pgm -> converted/TWO.torvel",
+                                      "programs/a.pgm -> converted/a.torvel",
                                       "programs/main.pgm -> converted/main.torvel",
                                       "programs/two.pgm -> converted/two.torvel"}));
     EXPECT_EQ(plant.notices(),
-              (List{"programs/main.pgm: Line 2 includes 'INC\\TOOL.PGM', and the file is called "
-                    "'programs/inc/tool.pgm': it was taken.",
-                    "programs/main.pgm: Line 3 includes 'Two.pgm', which is not there; the files "
-                    "'programs/TWO.pgm' and 'programs/two.pgm' differ from it in upper and lower "
-                    "case only: none was taken."}));
+              (List{"programs/Two.pgm: It is included as 'Two.pgm' by 'programs/main.pgm', and is "
+                    "not there; 'programs/TWO.pgm' and 'programs/two.pgm' differ from it in upper "
+                    "and lower case only: none was taken.",
+                    "programs/inc/tool.pgm: It is included as 'INC\\TOOL.PGM' by "
+                    "'programs/a.pgm' and 'programs/main.pgm', which differs in upper and lower "
+                    "case: it was taken."}));
 }
 
 TEST(Discovery, OutputsThatCollide) {
