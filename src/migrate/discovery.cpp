@@ -150,13 +150,15 @@ void tellOtherCases(Search& search) {
     }
     for (auto& [path, use] : uses) {
         std::sort(use.users.begin(), use.users.end());
-        const std::string included =
-            "It is included as " + inQuotes(path.second) + " by " + listed(use.users) + ", ";
+        const std::string includes =
+            listed(use.users) + (use.users.size() == 1 ? " includes " : " include ");
         search.tell(path.first,
                     use.files.size() == 1
-                        ? included + "which differs in upper and lower case: it was taken."
-                        : included + "and is not there; " + listed(use.files) +
-                              " differ from it in upper and lower case only: none was taken.");
+                        ? includes + "it as " + inQuotes(path.second) +
+                              ", with other capital letters: it was taken."
+                        : includes + inQuotes(path.second) + ", which is not there; " +
+                              listed(use.files) +
+                              " differ from it in capital letters only: none was taken.");
     }
 }
 

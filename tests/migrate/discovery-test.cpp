@@ -252,12 +252,11 @@ TEST(Discovery, IncludesInAnotherCase) {
                                       "programs/main.pgm -> converted/main.torvel",
                                       "programs/two.pgm -> converted/two.torvel"}));
     EXPECT_EQ(plant.notices(),
-              (List{"programs/Two.pgm: It is included as 'Two.pgm' by 'programs/main.pgm', and is "
-                    "not there; 'programs/TWO.pgm' and 'programs/two.pgm' differ from it in upper "
-                    "and lower case only: none was taken.",
-                    "programs/inc/tool.pgm: It is included as 'INC\\TOOL.PGM' by "
-                    "'programs/a.pgm' and 'programs/main.pgm', which differs in upper and lower "
-                    "case: it was taken."}));
+              (List{"programs/Two.pgm: 'programs/main.pgm' includes 'Two.pgm', which is not there; "
+                    "'programs/TWO.pgm' and 'programs/two.pgm' differ from it in capital letters "
+                    "only: none was taken.",
+                    "programs/inc/tool.pgm: 'programs/a.pgm' and 'programs/main.pgm' include it as "
+                    "'INC\\TOOL.PGM', with other capital letters: it was taken."}));
 }
 
 TEST(Discovery, OutputsThatCollide) {
