@@ -197,7 +197,7 @@ private:
         writer_.write(conflictEnd);
     }
 
-    LineNumbers numbering_;
+    LineNumbers numbering_{Positions::ignored};
     Side base_;
     Side edited_;
     Side generated_;

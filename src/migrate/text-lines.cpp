@@ -74,7 +74,8 @@ LineWithoutPosition withoutPosition(std::string_view line) {
 }
 
 std::uint32_t LineNumbers::numberOf(std::string_view line) {
-    const auto [front, behind] = withoutPosition(line);
+    const auto [front, behind] =
+        positions_ == Positions::compared ? LineWithoutPosition{line, {}} : withoutPosition(line);
     std::string key(front);
     if (front.size() < line.size()) {
         // No other line has it: a line ends in front of a line feed.

@@ -31,13 +31,18 @@ struct LineWithoutPosition {
 
 LineWithoutPosition withoutPosition(std::string_view line);
 
-/// Gives equal lines equal numbers; a position makes no difference.
+/// Whether a position makes a difference between lines.
+enum class Positions : bool { ignored, compared };
+
+/// Gives equal lines equal numbers.
 class LineNumbers {
 public:
+    explicit LineNumbers(Positions positions) : positions_(positions) {}
     std::uint32_t numberOf(std::string_view line);
     std::vector<std::uint32_t> numbersOf(const std::vector<TextLine>& lines);
 
 private:
+    Positions positions_;
     std::unordered_map<std::string, std::uint32_t> numbers_;
 };
 
