@@ -10,6 +10,10 @@ bool isMarkerLine(std::string_view line) {
 }
 
 bool hasPlaceholder(std::string_view text) {
+    constexpr std::string_view opening = "/* $";
+    if (text.find(opening) == std::string_view::npos) {
+        return false;
+    }
     bool isInString = false;
     for (std::size_t at = 0; at < text.size(); ++at) {
         isInString = isInString != (text[at] == '"');
@@ -17,7 +21,7 @@ bool hasPlaceholder(std::string_view text) {
             continue;
         }
         const std::string_view rest = text.substr(at);
-        if (rest.starts_with("/* $")) {
+        if (rest.starts_with(opening)) {
             return true;
         }
         if (rest.starts_with("//")) {

@@ -18,10 +18,10 @@ NativePath temporaryPath(const NativePath& path) {
 NewFile::NewFile(NativePath path) : path_(std::move(path)), temporary_(temporaryPath(path_)) {}
 
 bool NewFile::write(std::string_view bytes, Flush flush) {
-    std::error_code error;
-    std::filesystem::create_directories(unboundedPath(path_.parent_path()), error);
-    if (error) {
-        error_ = error.message();
+    std::error_code failure;
+    std::filesystem::create_directories(unboundedPath(path_.parent_path()), failure);
+    if (failure) {
+        error_ = failure.message();
         return false;
     }
     const int descriptor = createFile(temporary_);

@@ -72,9 +72,11 @@ void pairEqual(const std::vector<MarkedLine*>& before, const std::vector<MarkedL
                Positions positions) {
     LineNumbers numbering(positions);
     std::map<std::uint32_t, std::vector<MarkedLine*>> byNumber;
-    for (auto line = after.rbegin(); line != after.rend(); ++line) {
-        if (!(*line)->isFound) {
-            byNumber[numbering.numberOf((*line)->text)].push_back(*line);
+    // The first of equal lines stands last, where it is taken from.
+    const std::vector<MarkedLine*> fromBehind(after.rbegin(), after.rend());
+    for (MarkedLine* line : fromBehind) {
+        if (!line->isFound) {
+            byNumber[numbering.numberOf(line->text)].push_back(line);
         }
     }
     for (MarkedLine* line : before) {
@@ -91,6 +93,7 @@ void pairEqual(const std::vector<MarkedLine*>& before, const std::vector<MarkedL
 
 std::vector<MarkedLine*> pointersTo(std::vector<MarkedLine>& lines) {
     std::vector<MarkedLine*> pointers;
+    pointers.reserve(lines.size());
     for (MarkedLine& line : lines) {
         pointers.push_back(&line);
     }
@@ -195,6 +198,7 @@ std::vector<bool> standingLines(const Side& generated, const Side& current, Posi
     std::vector<bool> stands(generated.lines.size(), true);
     clearChanged(changes, stands);
     std::vector<MarkedChange> marked;
+    marked.reserve(changes.size());
     for (const LineChange& change : changes) {
         marked.push_back({change, generated.marked(change.oldBegin, change.oldEnd),
                           current.marked(change.newBegin, change.newEnd)});
@@ -221,9 +225,9 @@ bool isOpen(const FindingRow& row, const Side& generated, const std::vector<bool
         return true;
     }
     bool hasMark = false;
-    const std::size_t end =
-        std::min(generated.lines.size(), std::size_t{row.outputLine} - 1 + row.outputLineCount);
-    for (std::size_t i = row.outputLine - 1; i < end; ++i) {
+    const std::size_t begin = std::min<std::size_t>(row.outputLine - 1, generated.lines.size());
+    const std::size_t end = std::min(generated.lines.size(), begin + row.outputLineCount);
+    for (std::size_t i = begin; i < end; ++i) {
         if (markOf(generated.lines[i].text) == wanted) {
             hasMark = true;
             if (stands[i]) {
