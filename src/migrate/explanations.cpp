@@ -1,6 +1,8 @@
 #include "src/migrate/explanations.h"
 
+#include <algorithm>
 #include <span>
+#include <utility>
 
 #include "src/migrate/embedded-pages.h"
 #include "src/migrate/text-layout.h"
