@@ -33,12 +33,14 @@ FileSource recordedSource(const FileSource& source, const NativePath& folder,
         return kind;
     };
     recorded.read = [&](const NativePath& path, const MakeRoom& makeRoom) {
+        // Noted first: reading ends with an exception if the file is too long.
+        Input input{keyOf(path, folder), std::nullopt};
+        note(inputs, input);
         char* bytes = nullptr;
         const FileReading reading = source.read(path, [&](std::uint64_t size) {
             bytes = makeRoom(size);
             return bytes;
         });
-        Input input{keyOf(path, folder), std::nullopt};
         if (reading.isOpened && !reading.hasFailed) {
             input.hash = hashOf({bytes, reading.length});
         }

@@ -365,12 +365,18 @@ std::vector<ContentHash> Store::textHashes() const {
     return hashes;
 }
 
+void Store::forEachOutput(const std::function<void(const OutputRecord&)>& take) const {
+    Query query(tables_->database(), "SELECT * FROM output ORDER BY path");
+    while (query.step()) {
+        take(outputAt(query, 0));
+    }
+}
+
 std::vector<OutputRecord> Store::leftOutputs() const {
     std::vector<OutputRecord> records;
-    Query query(tables_->database(),
-                "SELECT path, program, base, pending, placed, placed_conflict, conflict,"
-                " conflict_file, left_alone FROM output WHERE path NOT IN (SELECT output FROM "
-                "program) ORDER BY path");
+    Query query(
+        tables_->database(),
+        "SELECT * FROM output WHERE path NOT IN (SELECT output FROM program) ORDER BY path");
     while (query.step()) {
         records.push_back(outputAt(query, 0));
     }

@@ -137,6 +137,7 @@ public:
     /// Any thread may ask for a text while another one writes. Throws StoreError if it is not there.
     std::string text(const ContentHash& hash) const;
     std::vector<ContentHash> textHashes() const;
+    void forEachOutput(const std::function<void(const OutputRecord&)>& take) const;
     /// Outputs that were generated and belong to no program any more.
     std::vector<OutputRecord> leftOutputs() const;
 

@@ -1,0 +1,100 @@
+#include "src/migrate/machine-settings.h"
+
+#include <stdexcept>
+#include <string_view>
+
+#include "src/app/parameter-file.h"
+#include "src/migrate/file-hashes.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+/// Counted up when the same converter gives results of another form.
+constexpr std::string_view resultForm = "1";
+
+std::string_view bytesOf(const ContentHash& hash) {
+    return {reinterpret_cast<const char*>(hash.data()), hash.size()};
+}
+
+void add(KeyBuilder& key, std::string_view name, const std::optional<ContentHash>& hash) {
+    key.add(name, hash ? bytesOf(*hash) : std::string_view());
+}
+
+void addRows(KeyBuilder& key, std::string_view name,
+             const std::map<std::uint32_t, std::string>& rows) {
+    for (const auto& [number, text] : rows) {
+        key.add(name, std::to_string(number));
+        key.add("is", text);
+    }
+}
+
+void addReference(KeyBuilder& key, const ReferenceEntries& reference) {
+    addRows(key, "axis parameter", reference.axisParameters);
+    addRows(key, "task parameter", reference.taskParameters);
+    addRows(key, "system parameter", reference.systemParameters);
+    addRows(key, "axis item", reference.axisItems);
+    addRows(key, "task item", reference.taskItems);
+    addRows(key, "system item", reference.systemItems);
+    for (const auto& [name, text] : reference.constants) {
+        key.add("constant", name);
+        key.add("is", text);
+    }
+}
+
+MachineSettings settingsOf(const Project& project, const std::string& parameters,
+                           const RunOptions& options) {
+    MachineSettings settings{{project.folder, options.source, AxisNames(), options.limits,
+                              options.reference, options.constants},
+                             {},
+                             {}};
+    KeyBuilder key;
+    key.add("version", TORVEL_VERSION);
+    key.add("form", resultForm);
+    addReference(key, project.reference);
+    if (!parameters.empty()) {
+        const NativePath path = project.folder / nativePath(parameters);
+        // Hashed first: if the file changes in between, the next run sees that.
+        key.add("parameters", parameters);
+        add(key, "bytes", hashOfFile(path));
+        try {
+            settings.conversion.axes = loadParameterFile(narrowPath(path), options.limits);
+        } catch (const std::runtime_error& error) {
+            settings.fault = error.what();
+        }
+    }
+    settings.key = key.key();
+    return settings;
+}
+
+}  // namespace
+
+SettingsOfMachines settingsOfMachines(const Project& project, const Discovery& discovery,
+                                      const RunOptions& options) {
+    SettingsOfMachines all;
+    for (const FoundProgram& program : discovery.programs) {
+        if (!all.contains(program.parameters)) {
+            all.emplace(program.parameters, settingsOf(project, program.parameters, options));
+        }
+    }
+    return all;
+}
+
+ContentHash keyOfProgram(const FoundProgram& program, const MachineSettings& settings,
+                         const std::vector<Input>& inputs) {
+    KeyBuilder key;
+    key.add("settings", bytesOf(settings.key));
+    key.add("program", program.program);
+    key.add("output", program.output);
+    key.add("machine", program.machine);
+    for (const std::string& other : program.collidesWith) {
+        key.add("collides", other);
+    }
+    for (const Input& input : inputs) {
+        key.add(input.hash ? "input" : "missing", input.path);
+        add(key, "hash", input.hash);
+    }
+    return key.key();
+}
+
+}  // namespace torvel::migrate

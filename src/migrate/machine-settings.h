@@ -1,0 +1,31 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "src/migrate/discovery.h"
+#include "src/migrate/program-conversion.h"
+#include "src/migrate/run.h"
+
+namespace torvel::migrate {
+
+/// What the programs of a machine are converted with.
+struct MachineSettings {
+    ConversionSettings conversion;
+    /// Why they cannot be: its parameter file cannot be read. Empty: they can.
+    std::string fault;
+    /// Made of all of it, and of the version of the converter.
+    ContentHash key{};
+};
+
+/// The settings by the key of the parameter file; an empty one: without such a file.
+using SettingsOfMachines = std::map<std::string, MachineSettings>;
+
+SettingsOfMachines settingsOfMachines(const Project& project, const Discovery& discovery,
+                                      const RunOptions& options);
+
+/// The hash of everything that the result of a program depends on.
+ContentHash keyOfProgram(const FoundProgram& program, const MachineSettings& settings,
+                         const std::vector<Input>& inputs);
+
+}  // namespace torvel::migrate

@@ -1,0 +1,80 @@
+#include "src/migrate/output-records.h"
+
+#include "src/migrate/file-hashes.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+bool hasHash(const NativePath& path, const std::optional<ContentHash>& hash) {
+    return hash && hashOfFile(path) == hash;
+}
+
+NativePath conflictFile(const NativePath& output) {
+    NativePath path = output;
+    path += ".conflict";
+    return path;
+}
+
+void forgetPending(OutputRecord& record) {
+    record.pending.reset();
+    record.placed.reset();
+    record.placedConflict.reset();
+}
+
+void makePendingTheBase(OutputRecord& record) {
+    record.base = record.pending;
+    record.conflict.reset();
+    record.conflictFile.reset();
+    forgetPending(record);
+}
+
+void makePendingTheConflict(OutputRecord& record) {
+    record.conflict = record.pending;
+    record.conflictFile = record.placedConflict;
+    forgetPending(record);
+}
+
+}  // namespace
+
+void settleRecord(OutputRecord& record, const NativePath& output) {
+    if (!record.pending) {
+        return;
+    }
+    if (hasHash(output, record.placed)) {
+        makePendingTheBase(record);
+    } else if (hasHash(conflictFile(output), record.placedConflict)) {
+        makePendingTheConflict(record);
+    }
+}
+
+OutputTexts textsOf(const OutputRecord& record, const Store& store) {
+    const auto text = [&](const std::optional<ContentHash>& hash) {
+        return hash ? std::optional(store.text(*hash)) : std::nullopt;
+    };
+    return {text(record.base), text(record.pending), text(record.conflict)};
+}
+
+void notePlanned(OutputRecord& record, const ContentHash& generated, const PlannedOutput& plan) {
+    if (plan.isConflictOver) {
+        record.base = record.conflict;
+        record.conflict.reset();
+        record.conflictFile.reset();
+    }
+    record.pending = generated;
+    record.placed = plan.placed;
+    record.placedConflict = plan.placedConflict;
+    record.leftAlone = plan.leftAlone;
+}
+
+void noteDone(OutputRecord& record) {
+    if (record.placed) {
+        makePendingTheBase(record);
+    } else if (record.placedConflict) {
+        makePendingTheConflict(record);
+    } else {
+        forgetPending(record);
+    }
+}
+
+}  // namespace torvel::migrate

@@ -1,0 +1,341 @@
+#include "src/migrate/run.h"
+
+#include <algorithm>
+#include <chrono>
+#include <mutex>
+#include <thread>
+#include <unordered_map>
+#include <utility>
+
+#include "src/migrate/changed-programs.h"
+#include "src/migrate/known-texts.h"
+#include "src/migrate/machine-settings.h"
+#include "src/migrate/ordered-work.h"
+#include "src/migrate/output-records.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+std::int64_t now() {
+    return std::chrono::duration_cast<std::chrono::seconds>(
+               std::chrono::system_clock::now().time_since_epoch())
+        .count();
+}
+
+/// A program between its conversion and the place of its output.
+struct ConvertedProgram {
+    const FoundProgram* found = nullptr;
+    PackedProgram packed;
+    std::string generated;
+    std::string log;
+    std::optional<OutputRecord> record;
+    PlannedOutput plan;
+    std::size_t size = 0;
+};
+
+FindingRow findingOfWhole(const FoundProgram& found, std::string_view code, std::string text) {
+    FindingRow row;
+    row.file = found.program;
+    row.code = code;
+    row.origin = FindingOrigin::message;
+    row.todo = FindingTodo::fixSource;
+    row.text = std::move(text);
+    return row;
+}
+
+std::string sentenceOnCollision(const FoundProgram& found) {
+    std::string others;
+    for (const std::string& other : found.collidesWith) {
+        others += (others.empty() ? "\"" : ", \"") + other + '"';
+    }
+    return "Its output \"" + found.output + "\" would be that of " + others +
+           " too, so none of them was converted. Rename one, or set keep_extension.";
+}
+
+std::unordered_map<std::string, OutputRecord> outputsOf(const Store& store) {
+    std::unordered_map<std::string, OutputRecord> outputs;
+    store.forEachOutput(
+        [&](const OutputRecord& record) { outputs.emplace(record.output, record); });
+    return outputs;
+}
+
+class Run {
+public:
+    Run(const Project& project, const Discovery& discovery, Store& store, const RunOptions& options,
+        const RunObserver& observer)
+        : project_(project),
+          discovery_(discovery),
+          store_(store),
+          options_(options),
+          observer_(observer),
+          threads_(options.threads != 0 ? options.threads
+                                        : std::max(std::thread::hardware_concurrency(), 1U)),
+          settings_(settingsOfMachines(project, discovery, options)),
+          known_(knownPrograms(store)),
+          texts_(store.textHashes()),
+          outputs_(outputsOf(store)) {}
+
+    RunSummary run();
+
+private:
+    void step() const {
+        if (options_.onStep) {
+            options_.onStep();
+        }
+    }
+    NativePath outputPath(const std::string& output) const {
+        return project_.folder / nativePath(output);
+    }
+    void begin();
+    void removeVanished();
+    std::unique_ptr<ConvertedProgram> convert(const FoundProgram& found);
+    ProgramResult resultOf(const FoundProgram& found, const MachineSettings& settings) const;
+    void planOutput(ConvertedProgram& program, const ContentHash& generated);
+    void place(ConvertedProgram& program);
+    void convertAll(const std::vector<std::size_t>& changed);
+    std::vector<OutputRecord> takePlaced();
+    std::vector<Notice> noticesOfLeftOutputs();
+    void end();
+    void tell(const FoundProgram& found, std::string message);
+
+    const Project& project_;
+    const Discovery& discovery_;
+    Store& store_;
+    const RunOptions& options_;
+    const RunObserver& observer_;
+    unsigned threads_;
+    SettingsOfMachines settings_;
+    KnownProgramSet known_;
+    KnownTexts texts_;
+    /// What is known of outputs, by their keys: a program may have got that of another one.
+    const std::unordered_map<std::string, OutputRecord> outputs_;
+    RunSummary summary_;
+    bool needsSweep_ = false;
+
+    std::mutex placedMutex_;
+    /// Records of outputs that were put in place, which the store does not know yet.
+    std::vector<OutputRecord> placed_;
+    std::vector<std::pair<const FoundProgram*, std::string>> told_;
+};
+
+RunSummary Run::run() {
+    begin();
+    removeVanished();
+    const std::vector<std::size_t> changed =
+        changedPrograms(project_, discovery_, known_, settings_, options_, threads_);
+    summary_.unchanged = discovery_.programs.size() - changed.size();
+    convertAll(changed);
+    end();
+    return std::move(summary_);
+}
+
+void Run::begin() {
+    needsSweep_ = store_.wasCutOff();
+    summary_.row.version = TORVEL_VERSION;
+    summary_.row.began = now();
+    step();
+    store_.beginRun(summary_.row);
+    step();
+}
+
+void Run::removeVanished() {
+    if (options_.isPartial) {
+        return;
+    }
+    std::vector<std::int64_t> numbers;
+    for (const StoredProgram& program : vanishedPrograms(discovery_, known_)) {
+        numbers.push_back(program.number);
+    }
+    summary_.removed = numbers.size();
+    if (!numbers.empty()) {
+        needsSweep_ = true;
+        step();
+        store_.removePrograms(numbers);
+        step();
+    }
+}
+
+ProgramResult Run::resultOf(const FoundProgram& found, const MachineSettings& settings) const {
+    ProgramResult result;
+    if (!found.collidesWith.empty()) {
+        result.status = ProgramStatus::collides;
+        result.findings = {findingOfWhole(found, "output-collides", sentenceOnCollision(found))};
+    } else if (!settings.fault.empty()) {
+        result.status = ProgramStatus::unreadable;
+        result.findings = {findingOfWhole(found, "parameters-unreadable", settings.fault)};
+    } else {
+        result = convertOne(found.path, settings.conversion);
+    }
+    result.program = found.program;
+    result.output = found.output;
+    return result;
+}
+
+std::unique_ptr<ConvertedProgram> Run::convert(const FoundProgram& found) {
+    const MachineSettings& settings = settings_.at(found.parameters);
+    ProgramResult result = resultOf(found, settings);
+    auto program = std::make_unique<ConvertedProgram>();
+    program->found = &found;
+    program->packed = packedProgram(result);
+    program->packed.machine = found.machine;
+    program->packed.key = keyOfProgram(found, settings, result.inputs);
+    for (const ConvertedFile& file : result.files) {
+        texts_.add(file.hash, file.text, program->packed.texts);
+    }
+    program->generated = std::move(result.outputText);
+    program->log = std::move(result.logText);
+    if (result.status == ProgramStatus::converted) {
+        const ContentHash generated = hashOf(program->generated);
+        texts_.add(generated, program->generated, program->packed.texts);
+        program->packed.generated = generated;
+        planOutput(*program, generated);
+    }
+    program->size =
+        program->generated.size() + program->log.size() + program->packed.findings.size();
+    for (const PackedText& text : program->packed.texts) {
+        program->size += text.bytes->size();
+    }
+    return program;
+}
+
+void Run::planOutput(ConvertedProgram& program, const ContentHash& generated) {
+    if (!options_.planOutput) {
+        return;
+    }
+    const FoundProgram& found = *program.found;
+    OutputRecord record;
+    record.output = found.output;
+    if (const auto known = outputs_.find(found.output); known != outputs_.end()) {
+        record = known->second;
+    }
+    record.program = found.program;
+    const NativePath path = outputPath(found.output);
+    settleRecord(record, path);
+    const OutputTexts texts = textsOf(record, store_);
+    program.plan =
+        options_.planOutput({found, path, record, texts, program.generated, program.log});
+    notePlanned(record, generated, program.plan);
+    program.packed.outputRecord = record;
+    program.record = std::move(record);
+}
+
+void Run::place(ConvertedProgram& program) {
+    if (!program.record) {
+        return;
+    }
+    tell(*program.found, std::move(program.plan.message));
+    PlacedOutput placed{true, {}};
+    if (program.plan.place) {
+        step();
+        placed = program.plan.place();
+        step();
+    }
+    tell(*program.found, std::move(placed.message));
+    if (placed.isDone) {
+        noteDone(*program.record);
+        const std::lock_guard lock(placedMutex_);
+        placed_.push_back(std::move(*program.record));
+    }
+}
+
+void Run::tell(const FoundProgram& found, std::string message) {
+    if (!message.empty()) {
+        const std::lock_guard lock(placedMutex_);
+        told_.emplace_back(&found, std::move(message));
+    }
+}
+
+std::vector<OutputRecord> Run::takePlaced() {
+    const std::lock_guard lock(placedMutex_);
+    return std::exchange(placed_, {});
+}
+
+void Run::convertAll(const std::vector<std::size_t>& changed) {
+    if (changed.empty()) {
+        return;
+    }
+    needsSweep_ = true;
+    OrderedWork<ConvertedProgram> work(
+        changed.size(), threads_,
+        {[&](std::size_t i) { return convert(discovery_.programs[changed[i]]); },
+         [&](ConvertedProgram& program) { place(program); },
+         [](const ConvertedProgram& program) { return program.size; }});
+    while (std::unique_ptr<ConvertedProgram> program = work.next()) {
+        step();
+        store_.write(program->packed, takePlaced());
+        step();
+        texts_.markStored(program->packed.texts);
+        work.finish(std::move(program));
+        ++summary_.convertedNow;
+        if (observer_.onProgress) {
+            observer_.onProgress(summary_.convertedNow, changed.size());
+        }
+        if (!summary_.isCancelled && options_.isCancelled != nullptr && *options_.isCancelled) {
+            summary_.isCancelled = true;
+            work.beginNoMore();
+        }
+    }
+    work.waitForAll();
+    step();
+    store_.writeOutputs(takePlaced());
+    step();
+}
+
+std::vector<Notice> Run::noticesOfLeftOutputs() {
+    std::vector<Notice> notices;
+    std::vector<std::string> gone;
+    for (const OutputRecord& record : store_.leftOutputs()) {
+        if (fileKind(outputPath(record.output)) == FileKind::missing) {
+            gone.push_back(record.output);
+        } else {
+            notices.push_back({record.output, "Its program \"" + record.program +
+                                                  "\" is not there any more, or has another output "
+                                                  "now. Delete it if it is of no more use."});
+        }
+    }
+    if (!gone.empty()) {
+        needsSweep_ = true;
+        step();
+        store_.removeOutputs(gone);
+    }
+    return notices;
+}
+
+void Run::end() {
+    std::vector<Notice> notices = discovery_.notices;
+    for (Notice& notice : noticesOfLeftOutputs()) {
+        notices.push_back(std::move(notice));
+    }
+    step();
+    store_.replaceNotices(notices);
+    if (needsSweep_) {
+        step();
+        store_.removeUnusedTexts();
+    }
+    const RunRow totals = store_.totals();
+    RunRow& row = summary_.row;
+    row.programs = totals.programs;
+    row.converted = totals.converted;
+    row.lines = totals.lines;
+    row.convertedLines = totals.convertedLines;
+    row.ended = now();
+    step();
+    store_.endRun(row);
+    step();
+    std::stable_sort(told_.begin(), told_.end(), [](const auto& left, const auto& right) {
+        return left.first < right.first;  // in the order of the programs
+    });
+    for (auto& [found, message] : told_) {
+        summary_.outputNotices.push_back({found->output, std::move(message)});
+    }
+}
+
+}  // namespace
+
+RunSummary runConversion(const Project& project, const Discovery& discovery, Store& store,
+                         const RunOptions& options, const RunObserver& observer) {
+    return Run(project, discovery, store, options, observer).run();
+}
+
+}  // namespace torvel::migrate

@@ -1,0 +1,369 @@
+// What a run converts, and what it leaves as it was.
+
+#include "src/migrate/run.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "src/migrate/database.h"
+#include "tests/migrate/plant.h"
+
+namespace torvel::migrate::test {
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+/// Four programs: two reach the part by way of each other, one looks for a file in vain, one cannot be read.
+void fill(Plant& plant) {
+    plant.write("shared/part.inc", "DVAR $a\n");
+    plant.write("shared/outer.inc", "#include \"part.inc\"\n");
+    plant.add("a.pgm", "#include \"shared/outer.inc\"\nG1 X1\n");
+    plant.add("b.pgm", "#include \"shared/part.inc\"\n$a = 1e3\n");
+    plant.add("c.pgm", "G1 X2\n");
+    plant.add("sub/d.pgm", "G1 X3\n");
+}
+
+std::string parameterFile(const std::string& axis) {
+    return "<Parameters><Axes><Axis><P n=\"AxisName\">" + axis + "</P></Axis></Axes></Parameters>";
+}
+
+}  // namespace
+
+TEST(Run, ConvertsWhatIsNewAndNothingTwice) {
+    Plant plant;
+    fill(plant);
+    RunSummary summary = plant.run();
+    EXPECT_EQ(plant.convertedNow, (Names{"a.pgm", "b.pgm", "c.pgm", "sub/d.pgm"}));
+    EXPECT_EQ(summary.convertedNow, 4U);
+    EXPECT_EQ(summary.unchanged, 0U);
+    EXPECT_EQ(summary.row.programs, 4U);
+    EXPECT_EQ(summary.row.converted, 4U);
+    // a: the two lines with #include, DVAR and G1; b: #include, DVAR, the assignment; c and d: a line each.
+    EXPECT_EQ(summary.row.lines, 9U);
+    EXPECT_EQ(plant.read("out/c.torvel"), "G1 X2\n\n");
+    EXPECT_EQ(plant.read("out/sub/d.torvel"), "G1 X3\n\n");
+    EXPECT_TRUE(plant.has("out/c.log"));
+    ASSERT_EQ(summary.outputNotices.size(), 4U);
+    EXPECT_EQ(summary.outputNotices[3].path, "out/sub/d.torvel");
+    EXPECT_EQ(summary.outputNotices[3].text, "wrote d.torvel");
+
+    const std::string dump = plant.dump();
+    summary = plant.run();
+    EXPECT_EQ(plant.convertedNow, Names());
+    EXPECT_EQ(summary.unchanged, 4U);
+    EXPECT_EQ(summary.row.lines, 9U);
+    EXPECT_EQ(plant.dump(), dump);
+    EXPECT_EQ(Store(plant.store(), StoreUse::read).runs().size(), 2U);
+}
+
+TEST(Run, ChangedIncludeConvertsThoseThatReachIt) {
+    Plant plant;
+    fill(plant);
+    plant.run();
+    plant.write("shared/part.inc", "DVAR $a, $c\n");
+    plant.run();
+    EXPECT_EQ(plant.convertedNow, (Names{"a.pgm", "b.pgm"}));
+    EXPECT_NE(plant.read("out/a.torvel").find("var $c"), std::string::npos);
+    plant.write("shared/outer.inc", "#include \"part.inc\"\n\n");
+    plant.run();
+    EXPECT_EQ(plant.convertedNow, (Names{"a.pgm"}));
+    // Written again with the same bytes.
+    plant.write("shared/outer.inc", "#include \"part.inc\"\n\n");
+    plant.run();
+    EXPECT_EQ(plant.convertedNow, Names());
+}
+
+TEST(Run, FileThatWasLookedForInVain) {
+    Plant plant;
+    fill(plant);
+    plant.add("e.pgm", "#include \"late.inc\"\nG1 X4\n");
+    RunSummary summary = plant.run();
+    EXPECT_EQ(summary.row.programs, 5U);
+    EXPECT_EQ(summary.row.converted, 4U);
+    EXPECT_FALSE(plant.has("out/e.torvel"));
+    summary = plant.run();
+    EXPECT_EQ(summary.convertedNow, 0U);
+    plant.write("late.inc", "G1 X5\n");
+    summary = plant.run();
+    EXPECT_EQ(plant.convertedNow, (Names{"e.pgm"}));
+    EXPECT_EQ(summary.convertedNow, 1U);
+    EXPECT_EQ(summary.row.converted, 5U);
+    EXPECT_TRUE(plant.has("out/e.torvel"));
+    // And it goes again: the output stays as it was.
+    plant.remove("late.inc");
+    summary = plant.run();
+    EXPECT_EQ(summary.row.converted, 4U);
+    EXPECT_TRUE(plant.has("out/e.torvel"));
+}
+
+TEST(Run, ParameterFileOfOneMachine) {
+    Plant plant;
+    plant.write("m1.xml", parameterFile("STAGE"));
+    plant.write("m2.xml", parameterFile("LIFT"));
+    plant.add("1/a.pgm", "HOME STAGE\n").parameters = "m1.xml";
+    plant.add("2/b.pgm", "HOME LIFT\n").parameters = "m2.xml";
+    plant.add("c.pgm", "HOME X\n");
+    RunSummary summary = plant.run();
+    EXPECT_EQ(summary.row.convertedLines, 3U);
+    const std::string converted = plant.read("out/2/b.torvel");
+
+    plant.write("m2.xml", parameterFile("TABLE"));
+    summary = plant.run();
+    EXPECT_EQ(plant.convertedNow, (Names{"2/b.pgm"}));
+    EXPECT_EQ(summary.row.convertedLines, 2U);
+    EXPECT_NE(plant.read("out/2/b.torvel"), converted);
+
+    plant.write("m2.xml", "<Parameters>");
+    summary = plant.run();
+    EXPECT_EQ(summary.convertedNow, 1U);
+    EXPECT_EQ(summary.row.converted, 2U);
+    const Store store(plant.store(), StoreUse::read);
+    store.forEachProgram([&](const StoredProgram& program) {
+        const bool isBroken = program.program == "2/b.pgm";
+        EXPECT_EQ(program.status, isBroken ? ProgramStatus::unreadable : ProgramStatus::converted);
+        const std::vector<FindingRow> findings = store.findings(program);
+        EXPECT_EQ(findings.size(), isBroken ? 1U : 0U);
+        if (isBroken && !findings.empty()) {
+            EXPECT_EQ(findings[0].code, "parameters-unreadable");
+            EXPECT_EQ(findings[0].todo, FindingTodo::fixSource);
+            EXPECT_NE(findings[0].text.find("m2.xml"), std::string::npos) << findings[0].text;
+        }
+    });
+}
+
+TEST(Run, ReferenceRowsAndMachineCount) {
+    Plant plant;
+    fill(plant);
+    plant.run();
+    plant.project.reference.axisParameters[11] = "Gain";
+    RunSummary summary = plant.run();
+    EXPECT_EQ(summary.convertedNow, 4U);
+    // The same number and name in another table are another key.
+    plant.project.reference.axisParameters.clear();
+    plant.project.reference.taskParameters[11] = "Gain";
+    EXPECT_EQ(plant.run().convertedNow, 4U);
+    plant.discovery.programs[2].machine = "c";
+    EXPECT_EQ(plant.run().convertedNow, 1U);
+    EXPECT_EQ(plant.convertedNow, (Names{"c.pgm"}));
+}
+
+TEST(Run, ResultsOfAnotherVersionAreMadeAgain) {
+    Plant plant;
+    fill(plant);
+    plant.run();
+    const std::string dump = plant.dump();
+    {
+        // What another version, another schema or a damage would leave: keys that nothing has now.
+        Database database(plant.store(), DatabaseUse::write);
+        database.execute("UPDATE program SET key = x'00112233445566778899aabbccddeeff'");
+    }
+    EXPECT_EQ(plant.run().convertedNow, 4U);
+    EXPECT_EQ(plant.dump(), dump);
+}
+
+TEST(Run, ProgramThatVanishedLeavesItsOutput) {
+    Plant plant;
+    fill(plant);
+    plant.run();
+    plant.discovery.programs.erase(plant.discovery.programs.begin());
+    RunSummary summary = plant.run();
+    EXPECT_EQ(summary.removed, 1U);
+    EXPECT_EQ(summary.row.programs, 3U);
+    EXPECT_TRUE(plant.has("out/a.torvel"));
+    const std::string notice =
+        "notice out/a.torvel: Its program \"a.pgm\" is not there any more, or has another output "
+        "now. "
+        "Delete it if it is of no more use.\n";
+    EXPECT_TRUE(plant.dump().starts_with(notice)) << plant.dump();
+    plant.run();
+    EXPECT_TRUE(plant.dump().starts_with(notice));
+
+    // It comes back, and its output is still known as one that was generated.
+    plant.add("a.pgm", "G1 X100\n");
+    plant.run();
+    EXPECT_EQ(plant.read("out/a.torvel"), "G1 X100\n\n");
+    EXPECT_FALSE(plant.dump().starts_with("notice"));
+
+    plant.discovery.programs.erase(plant.discovery.programs.begin());
+    plant.run();
+    plant.remove("out/a.torvel");
+    plant.run();
+    EXPECT_EQ(plant.dump().find("a.torvel"), std::string::npos) << plant.dump();
+}
+
+TEST(Run, RenamedProgramTakesOverItsOutput) {
+    Plant plant;
+    plant.add("a.pgm", "G1 X1\n");
+    plant.run();
+    plant.write("out/a.torvel", plant.read("out/a.torvel") + "// mine\n");
+    plant.discovery.programs.clear();
+    plant.add("a.prg", "G1 X2\n");
+    plant.run();
+    EXPECT_EQ(plant.read("out/a.torvel"), "G1 X2\n\n// mine\n");
+}
+
+TEST(Run, PartialRunLeavesTheOthers) {
+    Plant plant;
+    fill(plant);
+    plant.run();
+    plant.discovery.programs.erase(plant.discovery.programs.begin(),
+                                   plant.discovery.programs.begin() + 3);
+    plant.options.isPartial = true;
+    const RunSummary summary = plant.run();
+    EXPECT_EQ(summary.removed, 0U);
+    EXPECT_EQ(summary.row.programs, 4U);
+}
+
+TEST(Run, CollidingProgramsAreResultsWithoutOutput) {
+    Plant plant;
+    FoundProgram& first = plant.add("a.pgm", "G1 X1\n");
+    first.collidesWith = {"a.prg"};
+    plant.add("a.prg", "G1 X2\n").collidesWith = {"a.pgm"};
+    plant.add("b.pgm", "G1 X3\n");
+    const RunSummary summary = plant.run();
+    EXPECT_EQ(summary.row.programs, 3U);
+    EXPECT_EQ(summary.row.converted, 1U);
+    EXPECT_FALSE(plant.has("out/a.torvel"));
+    EXPECT_NE(
+        plant.dump().find("finding a.pgm:0 output-collides: Its output \"out/a.torvel\" would "
+                          "be that of \"a.prg\" too, so none of them was converted. Rename "
+                          "one, or set keep_extension."),
+        std::string::npos)
+        << plant.dump();
+    EXPECT_EQ(plant.run().convertedNow, 0U);
+}
+
+TEST(Run, EditedDeletedAndForeignOutputs) {
+    Plant plant;
+    fill(plant);
+    plant.write("out/sub/d.torvel", "somebody else's\n");
+    RunSummary summary = plant.run();
+    EXPECT_EQ(plant.read("out/sub/d.torvel"), "somebody else's\n");
+    EXPECT_EQ(plant.run().convertedNow, 0U);
+    // It becomes what is generated: nothing is left to be done, and from now on it is known.
+    plant.write("out/sub/d.torvel", "G1 X3\n\n");
+    EXPECT_EQ(plant.run().convertedNow, 1U);
+    EXPECT_EQ(plant.run().convertedNow, 0U);
+
+    plant.remove("out/c.torvel");
+    plant.write("c.pgm", "G1 X20\n");
+    EXPECT_EQ(plant.run().convertedNow, 1U);
+    EXPECT_FALSE(plant.has("out/c.torvel"));
+    EXPECT_EQ(plant.run().convertedNow, 0U);
+    plant.write("out/c.torvel", "G1 X2\n\n");
+    EXPECT_EQ(plant.run().convertedNow, 1U);
+    EXPECT_EQ(plant.read("out/c.torvel"), "G1 X20\n\n");
+
+    plant.write("out/c.torvel", "G1 X20\n\n// mine\n");
+    EXPECT_EQ(plant.run().convertedNow, 0U);
+    plant.write("c.pgm", "G1 X21\n");
+    plant.run();
+    EXPECT_EQ(plant.read("out/c.torvel"), "G1 X21\n\n// mine\n");
+    plant.write("out/c.torvel", "mine\nG1 X21\n\n");
+    plant.write("c.pgm", "G1 X22\n");
+    plant.run();
+    EXPECT_EQ(plant.read("out/c.torvel"), "mine\nG1 X21\n\n");
+    EXPECT_TRUE(plant.has("out/c.torvel.conflict"));
+    // A conflict is looked at each time, until it is none.
+    EXPECT_EQ(plant.run().convertedNow, 1U);
+    plant.write("out/c.torvel", "G1 X22\n\n");
+    EXPECT_EQ(plant.run().convertedNow, 1U);
+    EXPECT_EQ(plant.run().convertedNow, 0U);
+}
+
+TEST(Run, NewStoreKnowsNothingOfTheOutputs) {
+    Plant plant;
+    fill(plant);
+    plant.run();
+    const std::string dump = plant.dump();
+    plant.write("out/b.torvel", "edited\n");
+    const RunSummary summary = plant.run(StoreUse::anew);
+    EXPECT_EQ(summary.convertedNow, 4U);
+    EXPECT_EQ(plant.read("out/b.torvel"), "edited\n");
+    ASSERT_EQ(summary.outputNotices.size(), 1U);
+    EXPECT_EQ(summary.outputNotices[0].text, "left out/b.torvel");
+    EXPECT_TRUE(plant.has("out/migration.sqlite.old"));
+    EXPECT_EQ(Store(plant.store(), StoreUse::read).runs().size(), 1U);
+}
+
+TEST(Run, OutputThatCannotBeWrittenIsTriedAgain) {
+    Plant plant;
+    fill(plant);
+    const PlanOutput placing = plant.options.planOutput;
+    plant.options.planOutput = [&](const OutputTask& task) {
+        PlannedOutput plan = placing(task);
+        if (task.program.program == "b.pgm") {
+            plan.place = [] { return PlacedOutput{false, "no room"}; };
+        }
+        return plan;
+    };
+    const RunSummary summary = plant.run();
+    EXPECT_EQ(summary.convertedNow, 4U);
+    ASSERT_EQ(summary.outputNotices.size(), 4U);
+    EXPECT_EQ(summary.outputNotices[1].text, "no room");
+    EXPECT_FALSE(plant.has("out/b.torvel"));
+    plant.options.planOutput = placing;
+    plant.run();
+    EXPECT_EQ(plant.convertedNow, (Names{"b.pgm"}));
+    EXPECT_TRUE(plant.has("out/b.torvel"));
+    EXPECT_EQ(plant.run().convertedNow, 0U);
+}
+
+TEST(Run, ResultsAreTheSameForAnyNumberOfThreads) {
+    std::string dump;
+    std::string outputs;
+    for (const unsigned threads : {1U, 2U, 16U}) {
+        Plant plant;
+        fill(plant);
+        for (int i = 0; i < 60; ++i) {
+            const std::string number = std::to_string(i);
+            plant.add("many/" + number + ".pgm", "#include \"../shared/part.inc\"\n$a = 1e" +
+                                                     number + "\nG1 X" + number + "\n");
+        }
+        plant.options.threads = threads;
+        EXPECT_EQ(plant.run().convertedNow, 64U);
+        if (dump.empty()) {
+            dump = plant.dump();
+            outputs = plant.outputs();
+        }
+        EXPECT_EQ(plant.dump(), dump) << threads;
+        EXPECT_EQ(plant.outputs(), outputs) << threads;
+    }
+}
+
+TEST(Run, CancelledRunGoesOnLater) {
+    Plant plant;
+    fill(plant);
+    for (int i = 0; i < 200; ++i) {
+        plant.add("many/" + std::to_string(i) + ".pgm", "G1 X" + std::to_string(i) + "\n");
+    }
+    std::atomic<bool> isCancelled = false;
+    plant.options.isCancelled = &isCancelled;
+    {
+        Store store(plant.store(), StoreUse::write);
+        std::uint64_t total = 0;
+        const RunObserver observer{[&](std::uint64_t done, std::uint64_t all) {
+            total = all;
+            isCancelled = done == 5;
+        }};
+        const RunSummary summary =
+            runConversion(plant.project, plant.discovery, store, plant.options, observer);
+        EXPECT_EQ(total, 204U);
+        EXPECT_TRUE(summary.isCancelled);
+        EXPECT_GE(summary.convertedNow, 5U);
+        EXPECT_LT(summary.convertedNow, 100U);
+        EXPECT_EQ(summary.row.programs, summary.convertedNow);
+        EXPECT_FALSE(store.wasCutOff());
+    }
+    isCancelled = false;
+    plant.run();
+    const std::string dump = plant.dump();
+    const std::string outputs = plant.outputs();
+    plant.run(StoreUse::anew);
+    EXPECT_EQ(plant.dump(), dump);
+    EXPECT_EQ(plant.outputs(), outputs);
+}
+
+}  // namespace torvel::migrate::test
