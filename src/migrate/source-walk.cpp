@@ -20,6 +20,8 @@ namespace torvel::migrate {
 
 namespace {
 
+constexpr std::string_view noRegularFile = "It is left out, because it is no regular file.";
+
 /// A source of the project, or what the command line names outside of them.
 struct Root {
     NativePath path;
@@ -140,8 +142,7 @@ void considerEntry(Walk& walk, const Pending& folder, const FolderEntry& entry) 
         case EntryKind::link: walk.links.push_back(std::move(inside)); break;
         case EntryKind::other:
             if (mayBeProgram(walk, inside)) {
-                walk.notices.push_back(
-                    {inside.key, "It is left out, because it is no regular file."});
+                walk.notices.push_back({inside.key, std::string(noRegularFile)});
             }
             break;
     }
@@ -212,7 +213,11 @@ void followLink(Walk& walk, Pending link) {
                 walk.notices.push_back({link.place, "It is a link that leads nowhere."});
             }
             break;
-        case FileKind::other: break;
+        case FileKind::other:
+            if (mayBeProgram(walk, link)) {
+                walk.notices.push_back({link.place, std::string(noRegularFile)});
+            }
+            break;
     }
 }
 

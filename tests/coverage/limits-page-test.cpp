@@ -85,6 +85,71 @@ bool isInSources(const std::string& test) {
     return false;
 }
 
+/// A row of what comes of a tree of programs.
+struct TreeRow {
+    std::string tree;
+    /// Empty if nothing is told.
+    std::string told;
+    /// "folder/Suite.Name"
+    std::string test;
+};
+
+std::vector<TreeRow> readTreeRows() {
+    std::vector<TreeRow> rows;
+    for (const std::vector<std::string>& cells : tableRows(
+             readFile(root / "docs/limits.md"), "| tree | what happens | what is told | test |")) {
+        rows.push_back({cells[0], unquoted(cells[2]), unquoted(cells[3])});
+    }
+    return rows;
+}
+
+/// The literals of the sources of tests/<folder> without what stands between them, so that a sentence over several
+/// lines is one.
+std::string joinedSources(const std::string& folder) {
+    std::string all;
+    for (const auto& entry : fs::directory_iterator(root / "tests" / folder)) {
+        if (entry.path().extension() == ".cpp") {
+            all += readFile(entry.path());
+        }
+    }
+    std::string joined;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const std::size_t next = all[i] == '"' ? all.find_first_not_of(" \n", i + 1) : i;
+        if (next > i + 1 && next != std::string::npos && all[next] == '"') {
+            i = next;
+        } else {
+            joined += all[i];
+        }
+    }
+    return joined;
+}
+
+/// Whether the pieces between "…" stand in `text`, each behind the one before it and in its line.
+bool tells(const std::string& text, const std::string& sentence) {
+    std::vector<std::string> pieces;
+    std::size_t begin = 0;
+    const std::string hole = "…";
+    for (std::size_t at = sentence.find(hole); at != std::string::npos;
+         at = sentence.find(hole, begin)) {
+        pieces.push_back(sentence.substr(begin, at - begin));
+        begin = at + hole.size();
+    }
+    pieces.push_back(sentence.substr(begin));
+    std::erase(pieces, "");
+    for (std::size_t at = text.find(pieces.front()); at != std::string::npos;
+         at = text.find(pieces.front(), at + 1)) {
+        const std::string line = text.substr(at, text.find('\n', at) - at);
+        std::size_t in = 0;
+        if (std::all_of(pieces.begin(), pieces.end(), [&](const std::string& piece) {
+                in = line.find(piece, in);
+                return in != std::string::npos;
+            })) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// The symbol of the message that a cell shows; its own text if it is none.
 std::string symbolOf(const std::string& text) {
     for (const MessageRow& row : messageRows()) {
@@ -160,6 +225,17 @@ TEST(LimitsPage, EveryRowNamesATestThatExists) {
     for (const PageRow& row : readRows()) {
         EXPECT_TRUE(!casePath(row.test).empty() || isInSources(row.test))
             << row.input << ": no test is called " << row.test;
+    }
+}
+
+TEST(LimitsPage, EveryTreeNamesATestThatTellsTheSame) {
+    const std::vector<TreeRow> rows = readTreeRows();
+    EXPECT_GT(rows.size(), 20U);
+    const std::string sources = joinedSources("migrate");
+    for (const TreeRow& row : rows) {
+        EXPECT_TRUE(isInSources(row.test)) << row.tree << ": no test is called " << row.test;
+        EXPECT_TRUE(row.told.empty() || tells(sources, row.told))
+            << row.tree << ": no test expects " << row.told;
     }
 }
 
