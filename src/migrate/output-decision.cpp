@@ -93,6 +93,9 @@ OutputHistory settled(const OutputHistory& history, OutputFiles& files) {
     if (files.output && history.placed == hashOf(whole) && isTorn(*files.output, whole)) {
         files.output.reset();
         before.base.reset();
+    } else if (files.output && history.placed && !history.base) {
+        // Nothing was there before, so a person has edited what was put there.
+        before.base = history.pending;
     }
     return before;
 }

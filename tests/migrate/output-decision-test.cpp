@@ -234,6 +234,19 @@ TEST(OutputDecision, ARunThatWasCutOff) {
     EXPECT_EQ(settled(history, files).base, second);
 }
 
+TEST(OutputDecision, TheFirstRunWasCutOff) {
+    OutputHistory history;
+    history.pending = first;
+    history.placed = hashOf(first);
+    OutputFiles files;
+    expectPlaced(decideOutput(settled(history, files), files, second), OutputAction::writeGenerated,
+                 second, second);
+    // Behind the renaming, and a person edited it.
+    files = file(apart);
+    expectPlaced(decideOutput(settled(history, files), files, second), OutputAction::writeMerged,
+                 "a\nB\nc\nD\n", second);
+}
+
 TEST(OutputDecision, AConflictThatWasCutOff) {
     OutputHistory history = generatedFrom(first);
     history.pending = second;
