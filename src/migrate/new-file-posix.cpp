@@ -34,6 +34,23 @@ bool flushFile(int descriptor) {
     return ::fsync(descriptor) == 0;
 }
 
+bool canFlushFolder() {
+    return true;
+}
+
+void flushFolder(const NativePath& folder) {
+#ifdef __linux__
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) {
+        ::syncfs(descriptor);
+        ::close(descriptor);
+    }
+#else
+    static_cast<void>(folder);
+    ::sync();
+#endif
+}
+
 bool replaceFile(const NativePath& from, const NativePath& to) {
     return std::rename(from.c_str(), to.c_str()) == 0;
 }

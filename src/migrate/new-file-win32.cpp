@@ -49,6 +49,12 @@ bool flushFile(int descriptor) {
     return _commit(descriptor) == 0;
 }
 
+bool canFlushFolder() {
+    return false;
+}
+
+void flushFolder(const NativePath& /*folder*/) {}
+
 bool replaceFile(const NativePath& from, const NativePath& to) {
     const NativePath source = unboundedPath(from);
     const NativePath target = unboundedPath(to);

@@ -37,6 +37,13 @@ private:
     std::string error_;
 };
 
+/// Whether the system can flush all files below a folder at once. Where it cannot, each file is flushed.
+bool canFlushFolder();
+
+/// Waits until all that was written on the file system of a folder is on the disk. A run calls it before it confirms
+/// outputs, some thousand at a time.
+void flushFolder(const NativePath& folder);
+
 /// The name, in the same folder, under which a file is written before it is put in place. It is always the same one,
 /// so that nothing piles up when a run is killed; two runs at once are kept apart by the lock of the store.
 NativePath temporaryPath(const NativePath& path);

@@ -224,9 +224,9 @@ CarriedOut carryOut(const OutputPlan& plan) {
     const OutputDecision& decision = plan.decision;
     CarriedOut result{decision.action != OutputAction::refuse, {}};
     if (writesOutput(decision.action)) {
-        const bool isMerged = decision.action == OutputAction::writeMerged;
+        const bool flushes = decision.action == OutputAction::writeMerged || !canFlushFolder();
         result = replaceBytes(plan.output, plan.outputHash, decision.bytes,
-                              isMerged ? Flush::yes : Flush::no);
+                              flushes ? Flush::yes : Flush::no);
     } else if (decision.action == OutputAction::writeConflict &&
                plan.conflictHash != decision.history.placedConflict) {
         result = replaceBytes(plan.conflict, plan.conflictHash, decision.bytes, Flush::yes);

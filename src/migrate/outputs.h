@@ -14,8 +14,9 @@
 //   leads nowhere is refused. Of a file with several names (hard links) only the output's name gets the new text.
 // - The permissions of a file that is replaced are kept; one that nobody may write is left as it is.
 // - No source is ever replaced.
-// - A merged output is flushed to the disk before it takes its place, since it holds what a person wrote. A generated
-//   one is not, which would take longer than converting it: `settled` finds what a power cut left of it.
+// - A merged output is flushed to the disk before it takes its place, since it holds what a person wrote. Flushing each
+//   generated one would take longer than converting it: `settled` finds what a power cut left of those that are not
+//   confirmed, and a run flushes the folder (new-file.h) before it confirms.
 
 namespace torvel::migrate {
 

@@ -293,6 +293,14 @@ TEST_F(Outputs, KilledBetweenStoreAndFileAndBetweenFileAndConfirmation) {
     EXPECT_EQ(confirmed(next.decision.history).base, second);
 }
 
+TEST_F(Outputs, FoldersAreFlushed) {
+    place(first);
+    flushFolder(path("out"));
+    flushFolder(path("missing"));
+    EXPECT_TRUE(canFlushFolder());
+    EXPECT_EQ(readFile(output()), first);
+}
+
 TEST_F(Outputs, TextsThatNobodyEdits) {
     EXPECT_TRUE(placeText(path("logs/part.log"), first, sources).isDone);
     EXPECT_EQ(readFile(path("logs/part.log")), first);
