@@ -63,6 +63,11 @@ std::string whatToDo(int code, const std::string& path) {
                    "cannot grow: there is no more room. Make room and run the command again; what "
                    "was done "
                    "so far is kept.";
+        case SQLITE_IOERR:
+            return store +
+                   "could not be read or written. See that its disk works and has room, and run "
+                   "the "
+                   "command again; what was done so far is kept.";
         case SQLITE_CORRUPT:
             return store +
                    "is damaged. Make it anew with --rebuild; outputs that were edited are left as "

@@ -60,7 +60,8 @@ MachineSettings settingsOf(const Project& project, const std::string& parameters
         try {
             settings.conversion.axes = loadParameterFile(narrowPath(path), options.limits);
         } catch (const std::runtime_error& error) {
-            settings.fault = error.what();
+            settings.fault =
+                "The parameter file \"" + parameters + "\" cannot be used: " + error.what();
         }
     }
     settings.key = key.key();

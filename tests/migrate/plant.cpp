@@ -73,9 +73,18 @@ FoundProgram& Plant::add(const std::string& name, std::string_view text) {
     return *programs.insert(place, program);
 }
 
+void Plant::takeOver(const Plant& other) {
+    std::filesystem::copy(other.project.folder, project.folder,
+                          std::filesystem::copy_options::recursive |
+                              std::filesystem::copy_options::overwrite_existing);
+    discovery = other.discovery;
+    for (FoundProgram& program : discovery.programs) {
+        program.path = path(program.program);
+    }
+}
+
 RunSummary Plant::run(StoreUse use) {
     Store opened(store(), use);
-    std::vector<std::pair<std::string, ContentHash>> before;
     RunOptions told = options;
     std::mutex mutex;
     convertedNow.clear();

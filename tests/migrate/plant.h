@@ -25,6 +25,8 @@ public:
     void remove(const std::string& name) const;
     /// A program of the folder, with an output in "out".
     FoundProgram& add(const std::string& name, std::string_view text);
+    /// Makes this folder like that of another plant.
+    void takeOver(const Plant& other);
     /// Opens the store, runs, closes it.
     RunSummary run(StoreUse use = StoreUse::write);
     /// Everything that the store has but its runs, as text.

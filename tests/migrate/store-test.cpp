@@ -313,6 +313,22 @@ TEST(Store, TextThatIsMissingOrDamaged) {
     });
 }
 
+TEST(Store, FullDisk) {
+    const TemporaryDirectory folder;
+    const NativePath path = folder.path() / "s";
+    Database database(path, DatabaseUse::write);
+    database.execute("CREATE TABLE a (x); PRAGMA max_page_count = 4");
+    try {
+        database.execute("INSERT INTO a VALUES (zeroblob(100000))");
+        FAIL() << "there was room";
+    } catch (const StoreError& error) {
+        EXPECT_EQ(
+            without(error.what(), path),
+            "The store \"STORE\" cannot grow: there is no more room. Make room and run the command "
+            "again; what was done so far is kept. (database or disk is full)");
+    }
+}
+
 TEST(Store, NobodyReadsWhileACommandWrites) {
     const TemporaryDirectory folder;
     const NativePath path = folder.path() / "s";
