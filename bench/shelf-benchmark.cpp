@@ -53,8 +53,12 @@ Discovery programsOf(const Project& project) {
     Discovery discovery;
     for (const auto& entry : std::filesystem::directory_iterator(project.folder)) {
         const std::string name = entry.path().filename().string();
-        discovery.programs.push_back({name + "/main.pgm", entry.path() / "main.pgm",
-                                      "../converted/" + name + ".torvel", {}, {}, {}});
+        discovery.programs.push_back({name + "/main.pgm",
+                                      entry.path() / "main.pgm",
+                                      "../converted/" + name + ".torvel",
+                                      {},
+                                      {},
+                                      {}});
     }
     std::sort(discovery.programs.begin(), discovery.programs.end(),
               [](const FoundProgram& left, const FoundProgram& right) {

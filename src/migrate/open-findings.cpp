@@ -240,7 +240,8 @@ bool isOpen(const FindingRow& row, const Side& generated, const std::vector<bool
 
 }  // namespace
 
-std::vector<bool> openFindings(const OutputTexts& texts, const std::vector<FindingRow>& findings) {
+std::vector<bool> openFindings(const ComparedTexts& texts,
+                               const std::vector<FindingRow>& findings) {
     std::vector<bool> open(findings.size(), true);
     if (findings.empty() || haveSameLines(texts.generated, texts.current)) {
         return open;

@@ -8,7 +8,7 @@
 namespace torvel::migrate {
 
 /// The texts that tell which findings are open. Line ends make no difference.
-struct OutputTexts {
+struct ComparedTexts {
     /// What was generated last, of which the findings' output lines tell.
     std::string_view generated;
     /// What the output on the disk was made from: the same, unless there is a conflict.
@@ -21,6 +21,6 @@ struct OutputTexts {
 /// whatever its position and its indentation. A complete is open while there is a placeholder in its line, or in what
 /// the line became. Of equal lines those are open that stand where the current output has them. The others (look,
 /// fixSource) are always open, and so is what has no line in the output, and what a conflict keeps out of it.
-std::vector<bool> openFindings(const OutputTexts& texts, const std::vector<FindingRow>& findings);
+std::vector<bool> openFindings(const ComparedTexts& texts, const std::vector<FindingRow>& findings);
 
 }  // namespace torvel::migrate

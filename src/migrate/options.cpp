@@ -224,7 +224,8 @@ void applyOptions(const Options& options, const NativePath& directory, Project& 
             path = keyOfArgument(*given, directory, project);
         }
     };
-    overrideList(keysOf(options.sources), project.sources);
+    // Beside a project file they choose among its programs.
+    overrideList(keysOf(options.sources), project.file.empty() ? project.sources : project.named);
     overridePath(options.output, project.output);
     overridePath(options.parameters, project.parameters);
     overridePath(options.store, project.store);

@@ -3,6 +3,7 @@
 // Paths are keys (program-result.h), and they and all texts are bytes, so they are blobs. Hashes are those of
 // content-hash.h, 16 bytes. Numbers of enumerations are their places in program-result.h and findings.h.
 //
+//   project       one row: the way from the store's folder to the project's, where paths begin
 //   run           one row a run; `ended` is 0 while it is under way, and stays so if it was cut off
 //   notice        what the last run told about the files as a whole
 //   program       one row a program, as it was last converted. `key` is made of everything that its result depends on.
@@ -33,6 +34,10 @@ namespace {
 constexpr std::array steps{
     R"(
         PRAGMA application_id = 0x546f7276;
+        CREATE TABLE project (
+            number INTEGER PRIMARY KEY CHECK (number = 1),
+            folder BLOB NOT NULL
+        );
         CREATE TABLE run (
             number INTEGER PRIMARY KEY,
             version BLOB NOT NULL,

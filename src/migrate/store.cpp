@@ -275,6 +275,22 @@ Store::~Store() {
 Store::Store(Store&&) noexcept = default;
 Store& Store::operator=(Store&&) noexcept = default;
 
+std::string Store::projectFolder() const {
+    std::string folder;
+    Query query(tables_->database(), "SELECT folder FROM project");
+    while (query.step()) {
+        folder = textAt(query, 0);
+    }
+    return folder;
+}
+
+void Store::setProjectFolder(std::string_view folder) {
+    if (projectFolder() != folder) {
+        Query query(tables_->database(), "INSERT OR REPLACE INTO project VALUES (1, ?)");
+        query.bind(0, folder).run();
+    }
+}
+
 std::vector<RunRow> Store::runs() const {
     std::vector<RunRow> runs;
     Query query(tables_->database(),

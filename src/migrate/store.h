@@ -124,6 +124,8 @@ public:
     Store& operator=(Store&&) noexcept;
 
     // What there is. `take` may ask for more of the store.
+    /// The way from the store's folder to that of its project, where keys begin; empty: nobody has said it yet.
+    std::string projectFolder() const;
     std::vector<RunRow> runs() const;
     std::vector<Notice> notices() const;
     /// In the order of the programs' keys.
@@ -142,6 +144,7 @@ public:
     std::vector<OutputRecord> leftOutputs() const;
 
     // What a run writes, each in a transaction of its own.
+    void setProjectFolder(std::string_view folder);
     /// A run that is under way. Runs before it that have no end were cut off.
     void beginRun(const RunRow& run);
     /// Replaces what `beginRun` wrote.

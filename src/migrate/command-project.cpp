@@ -1,0 +1,60 @@
+#include "src/migrate/command-project.h"
+
+#include "src/migrate/database.h"
+#include "src/migrate/recorded-source.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+constexpr std::string_view storeName = "migration.sqlite";
+
+std::shared_ptr<const Store> openedStore(const NativePath& path) {
+    return std::make_shared<const Store>(path, StoreUse::read);
+}
+
+}  // namespace
+
+NativePath workingDirectory() {
+    return canonicalPath(nativePath("."));
+}
+
+Project projectOf(const Options& options) {
+    Project project = readProject(options.project ? nativePath(*options.project) : NativePath());
+    applyOptions(options, workingDirectory(), project);
+    return project;
+}
+
+NativePath storePath(const Project& project) {
+    return project.store ? projectPath(project, *project.store)
+                         : projectPath(project, project.output) / storeName;
+}
+
+NativePath baselinePath(const Project& project) {
+    return projectPath(project, project.baseline.value_or("migration-baseline.json"));
+}
+
+std::vector<ReportedStore> storesOf(const Options& options, const Project& project) {
+    if (options.outputs.empty()) {
+        return {{openedStore(storePath(project)), project.folder}};
+    }
+    std::vector<ReportedStore> stores;
+    for (const std::string& output : options.outputs) {
+        NativePath path = canonicalPath(nativePath(output));
+        if (fileKind(path) != FileKind::regular) {
+            path /= storeName;
+        }
+        std::shared_ptr<const Store> store = openedStore(path);
+        const NativePath folder =
+            canonicalPath(path.parent_path() / nativePath(store->projectFolder()));
+        stores.push_back({std::move(store), folder});
+    }
+    return stores;
+}
+
+std::string pathFrom(const NativePath& folder, const NativePath& path) {
+    const std::string key = keyOf(path, folder);
+    return key.empty() ? "." : key;
+}
+
+}  // namespace torvel::migrate

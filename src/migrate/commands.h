@@ -1,0 +1,27 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "src/migrate/terminal.h"
+#include "src/migrate/text-sink.h"
+
+namespace torvel::migrate {
+
+/// What commands talk to.
+struct Console {
+    TextSink output;
+    TextSink error;
+    std::function<Terminal()> outputTerminal;
+    std::function<Terminal()> errorTerminal;
+    /// Set when the user wants a run to end. Null: nobody can.
+    const std::atomic<bool>* isInterrupted = nullptr;
+};
+
+/// Runs torvel-migrate on the arguments behind its name. 0: done; 1: the run could not be done, or was interrupted;
+/// 2: wrong use; 3: findings that are not accepted. Throws nothing but std::bad_alloc.
+int runMigrate(const std::vector<std::string>& arguments, const Console& console);
+
+}  // namespace torvel::migrate

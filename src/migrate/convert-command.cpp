@@ -1,0 +1,149 @@
+// torvel-migrate convert: finds the programs, converts what changed, puts the outputs in place, and tells what is left.
+
+#include "src/migrate/convert-command.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+
+#include "src/migrate/any-case-source.h"
+#include "src/migrate/command-project.h"
+#include "src/migrate/gate.h"
+#include "src/migrate/output-placing.h"
+#include "src/migrate/progress.h"
+#include "src/migrate/reporting.h"
+#include "src/migrate/run.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+std::shared_ptr<const ReferenceRows> rowsOf(const ReferenceEntries& entries) {
+    const std::pair<ReferenceKind, const std::map<std::uint32_t, std::string>*> kinds[] = {
+        {ReferenceKind::axisParameter, &entries.axisParameters},
+        {ReferenceKind::taskParameter, &entries.taskParameters},
+        {ReferenceKind::systemParameter, &entries.systemParameters},
+        {ReferenceKind::axisItem, &entries.axisItems},
+        {ReferenceKind::taskItem, &entries.taskItems},
+        {ReferenceKind::systemItem, &entries.systemItems},
+    };
+    auto rows = std::make_shared<ReferenceRows>();
+    for (const auto& [kind, names] : kinds) {
+        for (const auto& [number, name] : *names) {
+            rows->add(kind, number, name);
+        }
+    }
+    return rows->empty() ? nullptr : rows;
+}
+
+std::shared_ptr<const SiteConstants> constantsOf(const ReferenceEntries& entries) {
+    return entries.constants.empty() ? nullptr
+                                     : std::make_shared<const SiteConstants>(entries.constants);
+}
+
+/// A store that is written lies in a folder that there may not be yet.
+Store openForWriting(const Project& project, bool isRebuilt) {
+    const NativePath path = storePath(project);
+    std::error_code ignored;  // opening the store tells what is wrong
+    std::filesystem::create_directories(path.parent_path(), ignored);
+    Store store(path, isRebuilt ? StoreUse::anew : StoreUse::write);
+    store.setProjectFolder(pathFrom(canonicalPath(path.parent_path()), project.folder));
+    return store;
+}
+
+/// What a run takes with it.
+struct Work {
+    Project project;
+    Discovery discovery;
+    FolderListings listings;
+    RunOptions options;
+};
+
+void prepare(Work& work, const Options& options, const Console& console) {
+    work.project = projectOf(options);
+    RunOptions& run = work.options;
+    run.threads = options.threads;
+    run.isCancelled = console.isInterrupted;
+    run.reference = rowsOf(work.project.reference);
+    run.constants = constantsOf(work.project.reference);
+    run.isPartial = !work.project.named.empty();
+    run.source = anyCaseSource(fileSystemSource(), work.listings, [](const OtherCase&) {});
+    work.discovery = findPrograms(work.project, options.threads);
+    run.planOutput = placingOutputs(sourceFilesOf(work.project, work.discovery));
+}
+
+RunSummary runTold(Work& work, Store& store, const Options& options, const Console& console) {
+    const Clock::time_point began = Clock::now();
+    ProgressTeller teller(console.errorTerminal, console.error);
+    RunObserver observer;
+    if (!options.isQuiet) {
+        observer.onProgress = [&](std::uint64_t done, std::uint64_t total) {
+            teller.tell({done, total, Clock::now() - began});
+        };
+    }
+    RunSummary summary = runConversion(work.project, work.discovery, store, work.options, observer);
+    teller.clear();
+    return summary;
+}
+
+/// "Converted 12 programs in 0.3 s (40 a second); 28 had not changed."
+std::string runText(const RunSummary& summary, Seconds elapsed) {
+    std::string text =
+        fmt::format("Converted {} in {:.1f} s",
+                    counted(summary.convertedNow, "program", "programs"), elapsed.count());
+    if (summary.convertedNow > 0 && elapsed.count() > 0) {
+        text += fmt::format(" ({:.0f} a second)",
+                            static_cast<double>(summary.convertedNow) / elapsed.count());
+    }
+    if (summary.unchanged > 0) {
+        text += fmt::format("; {} had not changed", grouped(summary.unchanged));
+    }
+    if (summary.removed > 0) {
+        text += fmt::format("; {} not there any more",
+                            summary.removed == 1 ? "1 is" : grouped(summary.removed) + " are");
+    }
+    return text + ".\n";
+}
+
+void tellNotices(const std::vector<Notice>& notices, const Console& console) {
+    std::string text;
+    for (const Notice& notice : notices) {
+        text += noticeLine(notice);
+    }
+    if (!text.empty()) {
+        console.error(text);
+    }
+}
+
+}  // namespace
+
+int convertCommand(const Options& options, const Console& console) {
+    const Clock::time_point began = Clock::now();
+    Work work;
+    prepare(work, options, console);
+    const auto store = std::make_shared<Store>(openForWriting(work.project, options.rebuild));
+    RunSummary summary = runTold(work, *store, options, console);
+    tellNotices(summary.outputNotices, console);
+    if (summary.isCancelled) {
+        console.error(
+            "Interrupted. What was converted is kept; the next run goes on from there.\n");
+        store->close();
+        return 1;
+    }
+
+    const Reporting reporting({{store, work.project.folder}}, workingDirectory(), work.project);
+    summary.row.openFindings = reporting.totals().allOpen().places;
+    store->endRun(summary.row);
+    if (!options.isQuiet) {
+        console.output(runText(summary, Clock::now() - began));
+        console.output(summaryText(reporting.report(), reporting.totals(),
+                                   summaryViewOf(console.outputTerminal())));
+    }
+    const int status = gateStatus(reporting, work.project, console);
+    store->close();
+    return status;
+}
+
+}  // namespace torvel::migrate

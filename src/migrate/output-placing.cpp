@@ -1,0 +1,100 @@
+#include "src/migrate/output-placing.h"
+
+#include <utility>
+
+namespace torvel::migrate {
+
+namespace {
+
+OutputHistory historyOf(const OutputTask& task) {
+    OutputHistory history;
+    history.base = task.texts.base;
+    if (task.texts.conflict) {
+        history.conflict = {*task.texts.conflict, task.record.conflictFile.value_or(ContentHash{})};
+    }
+    history.pending = task.texts.pending;
+    history.placed = task.record.placed;
+    history.placedConflict = task.record.placedConflict;
+    return history;
+}
+
+/// Whether the text of the conflict has become the base.
+bool isConflictOver(const OutputHistory& before, const OutputHistory& after) {
+    return before.conflict && !after.conflict && after.base &&
+           after.base->data() == before.conflict->generated.data();
+}
+
+/// What an output is that is left as it is until it changes.
+std::optional<ContentHash> leftAlone(const OutputPlan& plan) {
+    switch (plan.decision.action) {
+        case OutputAction::leaveDeleted:
+        case OutputAction::leaveForeign: return plan.outputHash.value_or(noFile);
+        default: return std::nullopt;
+    }
+}
+
+NativePath logPath(const NativePath& output) {
+    NativePath path = output;
+    return path.replace_extension(".log");
+}
+
+PlacedOutput placeBoth(const OutputPlan& plan, const NativePath& log, std::string_view logText,
+                       const SourceFiles& sources) {
+    const CarriedOut logDone = placeText(log, logText, sources);
+    const CarriedOut done = carryOut(plan);
+    std::string message = done.message;
+    if (!message.empty() && !logDone.message.empty()) {
+        message += ' ';
+    }
+    return {done.isDone && logDone.isDone, message + logDone.message};
+}
+
+}  // namespace
+
+SourceFiles sourceFilesOf(const Project& project, const Discovery& discovery) {
+    SourceFiles files;
+    const auto add = [&](const std::string& key) {
+        if (!key.empty()) {
+            files.insert(fileIdentity(projectPath(project, key)));
+        }
+    };
+    for (const auto& [key, hash] : discovery.hashes) {
+        add(key);
+    }
+    for (const FoundProgram& program : discovery.programs) {
+        files.insert(fileIdentity(program.path));
+    }
+    add(project.parameters.value_or(""));
+    for (const MachineFolder& folder : project.folders) {
+        add(folder.parameters.value_or(""));
+    }
+    if (!project.file.empty()) {
+        files.insert(fileIdentity(project.file));
+    }
+    files.erase(FileIdentity());
+    return files;
+}
+
+PlanOutput placingOutputs(SourceFiles sources) {
+    const auto shared = std::make_shared<const SourceFiles>(std::move(sources));
+    return [shared](const OutputTask& task) {
+        const OutputHistory history = historyOf(task);
+        auto plan = std::make_shared<const OutputPlan>(
+            planOutput(task.path, history, task.generated, *shared));
+        const OutputHistory& after = plan->decision.history;
+        PlannedOutput planned;
+        planned.isConflictOver = isConflictOver(history, after);
+        planned.placed = after.placed;
+        planned.placedConflict = after.placedConflict;
+        planned.leftAlone = leftAlone(*plan);
+        planned.message = plan->message;
+        if (plan->decision.action != OutputAction::refuse) {
+            planned.place = [shared, plan, log = logPath(task.path), text = task.log] {
+                return placeBoth(*plan, log, text, *shared);
+            };
+        }
+        return planned;
+    };
+}
+
+}  // namespace torvel::migrate

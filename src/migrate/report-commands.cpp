@@ -1,0 +1,131 @@
+#include "src/migrate/report-commands.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <functional>
+
+#include "src/migrate/command-project.h"
+#include "src/migrate/explain.h"
+#include "src/migrate/gate.h"
+#include "src/migrate/report-csv.h"
+#include "src/migrate/report-file.h"
+#include "src/migrate/report-json.h"
+#include "src/migrate/report-junit.h"
+#include "src/migrate/report-sarif.h"
+#include "src/migrate/reporting.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+constexpr int wrongUse = 2;
+constexpr std::size_t usualWidth = 80;
+
+Reporting reportingOf(const Options& options, const Project& project) {
+    return {storesOf(options, project), workingDirectory(), project};
+}
+
+std::size_t widthOf(const Console& console) {
+    const Terminal terminal = console.outputTerminal();
+    return terminal.width == 0 ? usualWidth : terminal.width;
+}
+
+/// A format and the file that it was asked for.
+struct Format {
+    const std::optional<std::string>& path;
+    std::function<void(const Reporting&, const TextSink&)> write;
+};
+
+std::vector<Format> formatsOf(const Options& options) {
+    return {
+        {options.json,
+         [](const Reporting& reporting, const TextSink& sink) {
+             writeJsonReport(reporting.report(), reporting.places(), reporting.totals(), sink);
+         }},
+        {options.csv,
+         [](const Reporting& reporting, const TextSink& sink) {
+             writeFindingsCsv(reporting.report(), reporting.places(), sink);
+         }},
+        {options.programsCsv,
+         [](const Reporting& reporting, const TextSink& sink) {
+             writeProgramsCsv(reporting.report(), sink);
+         }},
+        {options.sarif,
+         [](const Reporting& reporting, const TextSink& sink) {
+             writeSarif(reporting.report(), reporting.places(), reporting.totals(), sink);
+         }},
+        {options.junit, [](const Reporting& reporting,
+                           const TextSink& sink) { writeJUnit(reporting.report(), sink); }},
+    };
+}
+
+}  // namespace
+
+int statusCommand(const Options& options, const Console& console) {
+    const Reporting reporting = reportingOf(options, projectOf(options));
+    console.output(statusText(reporting.report(), reporting.totals(),
+                              summaryViewOf(console.outputTerminal())));
+    return 0;
+}
+
+int reportCommand(const Options& options, const Console& console) {
+    const std::vector<Format> formats = formatsOf(options);
+    if (options.html) {
+        console.error("This torvel-migrate was built without the page of --html.\n");
+        return 1;
+    }
+    if (std::none_of(formats.begin(), formats.end(),
+                     [](const Format& format) { return format.path.has_value(); })) {
+        console.error(
+            "No report was asked for: name a file with --json, --csv, --programs-csv, --sarif or "
+            "--junit.\n");
+        return wrongUse;
+    }
+    const Reporting reporting = reportingOf(options, projectOf(options));
+    for (const Format& format : formats) {
+        if (format.path) {
+            writeReportFile(*format.path, console.output,
+                            [&](const TextSink& sink) { format.write(reporting, sink); });
+        }
+    }
+    return 0;
+}
+
+int explainCommand(const Options& options, const Console& console) {
+    if (options.listCodes) {
+        console.output(listOfCodes(widthOf(console)));
+        return 0;
+    }
+    if (const auto text = explainedCode(options.code, widthOf(console))) {
+        console.output(*text);
+        return 0;
+    }
+    console.error(unknownCodeMessage(options.code) + '\n');
+    return wrongUse;
+}
+
+int acceptCommand(const Options& options, const Console& console) {
+    const Project project = projectOf(options);
+    const Reporting reporting = reportingOf(options, project);
+    const NativePath path = baselinePath(project);
+    bool isThere = false;
+    const Baseline before = readBaseline(path, isThere);
+    const Baseline after = accepted(reporting.report(), reporting.places(), before,
+                                    {options.acceptedCodes, options.acceptedPrograms});
+    writeBaseline(path, after);
+    const auto findingsOf = [](const Baseline& baseline) {
+        std::uint64_t count = 0;
+        for (const BaselineEntry& entry : baseline.entries) {
+            count += entry.count;
+        }
+        return count;
+    };
+    console.output(fmt::format("{} {} in the baseline {} now; {} before.\n",
+                               counted(findingsOf(after), "finding", "findings"),
+                               findingsOf(after) == 1 ? "is" : "are", narrowPath(path),
+                               grouped(findingsOf(before))));
+    return 0;
+}
+
+}  // namespace torvel::migrate

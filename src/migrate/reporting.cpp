@@ -1,0 +1,64 @@
+#include "src/migrate/reporting.h"
+
+#include "src/migrate/command-project.h"
+#include "src/migrate/gate.h"
+#include "src/migrate/text-decoding.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+constexpr int notAccepted = 3;
+constexpr std::size_t mostToldOfGate = 50;
+
+/// What fails a run; names were checked before. "any" is everything.
+std::vector<FailOn> failOnOf(const Project& project) {
+    std::vector<FailOn> failOn;
+    for (const std::string& name : project.failOn) {
+        if (name == "any") {
+            for (const FindingTodo todo : todos) {
+                failOn.push_back({todo, std::nullopt});
+            }
+        } else if (const auto named = failOnNamed(name)) {
+            failOn.push_back(*named);
+        }
+    }
+    return failOn;
+}
+
+}  // namespace
+
+Reporting::Reporting(std::vector<ReportedStore> stores, const NativePath& directory,
+                     const Project& project)
+    : report_(reportOf(std::move(stores), directory, project.effort)),
+      places_(report_),
+      totals_(totalsOf(report_, places_)) {}
+
+SummaryView summaryViewOf(const Terminal& terminal) {
+    SummaryView view;
+    if (terminal.width != 0) {
+        view.width = terminal.width;
+    }
+    view.hasColour = terminal.hasColour;
+    return view;
+}
+
+std::string noticeLine(const Notice& notice) {
+    const std::string text = notice.path.empty() ? notice.text : notice.path + ": " + notice.text;
+    return visibleText(decodedText(text)) + '\n';
+}
+
+int gateStatus(const Reporting& reporting, const Project& project, const Console& console) {
+    bool isThere = false;
+    Baseline baseline = readBaseline(baselinePath(project), isThere);
+    const GateResult result =
+        gate(reporting.report(), reporting.places(),
+             isThere ? std::optional(std::move(baseline)) : std::nullopt, failOnOf(project));
+    const std::string text = gateText(result, mostToldOfGate);
+    if (!text.empty()) {
+        console.error(text);
+    }
+    return result.fails() ? notAccepted : 0;
+}
+
+}  // namespace torvel::migrate

@@ -1,0 +1,208 @@
+#include "src/migrate/store-report.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "src/migrate/open-findings.h"
+#include "src/migrate/output-decision.h"
+#include "src/migrate/outputs.h"
+#include "src/migrate/recorded-source.h"
+
+namespace torvel::migrate {
+
+namespace {
+
+/// What became of a program's output.
+struct OutputNow {
+    OutputState state = OutputState::none;
+    /// By finding; empty: all are open.
+    std::vector<bool> isOpen;
+};
+
+/// The texts that the store has of an output, as long as they are looked at.
+class StoredHistory {
+public:
+    StoredHistory(const Store& store, const OutputRecord& record)
+        : base_(text(store, record.base)),
+          pending_(text(store, record.pending)),
+          conflict_(text(store, record.conflict)) {
+        history_.base = base_;
+        history_.pending = pending_;
+        history_.placed = record.placed;
+        history_.placedConflict = record.placedConflict;
+        if (conflict_) {
+            history_.conflict = {*conflict_, record.conflictFile.value_or(ContentHash{})};
+        }
+    }
+    StoredHistory(const StoredHistory&) = delete;
+    StoredHistory& operator=(const StoredHistory&) = delete;
+
+    const OutputHistory& history() const { return history_; }
+
+private:
+    static std::optional<std::string> text(const Store& store,
+                                           const std::optional<ContentHash>& hash) {
+        return hash ? std::optional(store.text(*hash)) : std::nullopt;
+    }
+
+    std::optional<std::string> base_;
+    std::optional<std::string> pending_;
+    std::optional<std::string> conflict_;
+    OutputHistory history_;
+};
+
+/// Whether the bytes are what the program was converted to last, on any system.
+bool isAsGenerated(const StoredProgram& program, const std::optional<std::string>& bytes) {
+    const OutputRecord& record = *program.outputRecord;
+    if (!bytes || record.pending || record.conflict || record.base != program.generated) {
+        return false;
+    }
+    if (hashOf(*bytes) == *record.base) {
+        return true;
+    }
+    std::string text = *bytes;
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\r' || i + 1 == text.size() || text[i + 1] != '\n') {
+            text[length++] = text[i];
+        }
+    }
+    text.resize(length);
+    return hashOf(text) == *record.base;
+}
+
+OutputNow outputNow(const ReportedStore& source, const StoredProgram& program,
+                    const std::vector<FindingRow>& findings) {
+    if (program.status != ProgramStatus::converted || !program.outputRecord || !program.generated) {
+        return {};
+    }
+    std::string ignored;
+    std::optional<OutputFiles> files =
+        readOutputFiles(source.folder / nativePath(program.output), ignored);
+    if (!files) {
+        return {OutputState::foreign, {}};
+    }
+    if (!files->conflict && isAsGenerated(program, files->output)) {
+        return {OutputState::asGenerated, {}};
+    }
+    const StoredHistory stored(*source.store, *program.outputRecord);
+    const OutputHistory history = settled(stored.history(), *files);
+    const std::string generated = source.store->text(*program.generated);
+    OutputNow now;
+    now.state = outputStateOf(history, *files);
+    now.isOpen = openFindings(
+        {generated, history.base.value_or(generated), files->output.value_or("")}, findings);
+    return now;
+}
+
+/// Keys as the report has them.
+class Keys {
+public:
+    /// Those of the folder, seen from the directory; or as they are.
+    explicit Keys(std::string prefix) : prefix_(std::move(prefix)) {}
+
+    std::string operator()(const std::string& key) const {
+        if (prefix_.empty() || key.empty()) {
+            return key;
+        }
+        const NativePath path = nativePath(prefix_) / nativePath(key);
+        std::string text = narrowPath(path.lexically_normal());
+        std::replace(text.begin(), text.end(), '\\', '/');
+        return text;
+    }
+
+    void operator()(FindingRow& row) const {
+        row.file = (*this)(row.file);
+        for (IncludedFrom& from : row.includedFrom) {
+            from.file = (*this)(from.file);
+        }
+    }
+
+private:
+    std::string prefix_;
+};
+
+struct Entry {
+    std::size_t source = 0;
+    std::string key;
+    StoredProgram program;
+    std::optional<OutputNow> output;
+};
+
+/// What all readings of a report share.
+struct Sources {
+    std::vector<ReportedStore> stores;
+    std::vector<Keys> keys;
+    std::vector<Entry> entries;
+
+    void read(Entry& entry, const ReportProgramTaker& take) const;
+};
+
+void Sources::read(Entry& entry, const ReportProgramTaker& take) const {
+    const ReportedStore& source = stores[entry.source];
+    const Keys& toKey = keys[entry.source];
+    const StoredProgram& stored = entry.program;
+    std::vector<FindingRow> findings = source.store->findings(stored);
+    if (!entry.output) {
+        entry.output = outputNow(source, stored, findings);
+    }
+    ReportProgram program;
+    program.program = entry.key;
+    program.output = toKey(stored.output);
+    program.machine = toKey(stored.machine);
+    program.status = stored.status;
+    program.outputState = entry.output->state;
+    program.lines = stored.lines;
+    program.convertedLines = stored.convertedLines;
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        toKey(findings[i]);
+        const bool isOpen = entry.output->isOpen.empty() || entry.output->isOpen[i];
+        program.findings.push_back({std::move(findings[i]), isOpen});
+    }
+    take(program);
+}
+
+std::vector<Entry> entriesOf(const Sources& sources) {
+    std::vector<Entry> entries;
+    for (std::size_t i = 0; i < sources.stores.size(); ++i) {
+        sources.stores[i].store->forEachProgram([&](const StoredProgram& program) {
+            entries.push_back({i, sources.keys[i](program.program), program, std::nullopt});
+        });
+    }
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const Entry& a, const Entry& b) { return a.key < b.key; });
+    return entries;
+}
+
+}  // namespace
+
+Report reportOf(std::vector<ReportedStore> stores, const NativePath& directory,
+                const Effort& effort) {
+    const auto sources = std::make_shared<Sources>();
+    sources->stores = std::move(stores);
+    const bool isSingle = sources->stores.size() == 1;
+    Report report;
+    report.effort = effort;
+    for (const ReportedStore& source : sources->stores) {
+        sources->keys.emplace_back(isSingle ? std::string() : keyOf(source.folder, directory));
+        for (RunRow& run : source.store->runs()) {
+            report.runs.push_back(std::move(run));
+        }
+        for (const Notice& notice : source.store->notices()) {
+            const std::string path = sources->keys.back()(notice.path);
+            report.notices.push_back((path.empty() ? "" : path + ": ") + notice.text);
+        }
+    }
+    std::stable_sort(report.runs.begin(), report.runs.end(),
+                     [](const RunRow& a, const RunRow& b) { return a.began < b.began; });
+    sources->entries = entriesOf(*sources);
+    report.forEachProgram = [sources](const ReportProgramTaker& take) {
+        for (Entry& entry : sources->entries) {
+            sources->read(entry, take);
+        }
+    };
+    return report;
+}
+
+}  // namespace torvel::migrate

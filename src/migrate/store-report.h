@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "src/migrate/report.h"
+#include "src/migrate/store.h"
+
+namespace torvel::migrate {
+
+/// A store that is reported.
+struct ReportedStore {
+    std::shared_ptr<const Store> store;
+    /// The folder of its project, canonical: where its keys begin.
+    NativePath folder;
+};
+
+/// The report of several stores, their programs in one order. The keys of a single one stay as they are; those of
+/// several begin at `directory`, canonical. What the outputs are is found out when the report is read for the first
+/// time, and stays so. Reading throws StoreError.
+Report reportOf(std::vector<ReportedStore> stores, const NativePath& directory,
+                const Effort& effort);
+
+}  // namespace torvel::migrate
