@@ -212,7 +212,7 @@ TEST(MergeProperties, AnEditOfLinesThatTheConverterLeftSurvives) {
 TEST(MergeProperties, MergesAsGitDoes) {
     Random random(5);
     std::size_t conflicts = 0;
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < 150; ++i) {
         const Lines base = distinctLines(random.below(40));
         const Lines edited = changed(base, "edited", random);
         const Lines generated = changed(base, "generated", random);
@@ -225,7 +225,7 @@ TEST(MergeProperties, MergesAsGitDoes) {
         conflicts += merged.hasConflicts ? 1 : 0;
     }
     EXPECT_GT(conflicts, 50U);
-    EXPECT_LT(conflicts, 290U);
+    EXPECT_LT(conflicts, 145U);
 }
 
 TEST(LineChangeProperties, TheyMakeTheNewLinesOfTheOld) {
@@ -288,7 +288,7 @@ TEST(LineChangeProperties, LargeAndVeryDifferentTexts) {
         std::ranges::generate(side, [&] { return std::uint32_t(random.below(50)); });
         return side;
     };
-    for (const auto& [old, young] : {std::pair(20'000, 20'000), {40'000, 1'000}, {1'000, 40'000}}) {
+    for (const auto& [old, young] : {std::pair(6'000, 6'000), {20'000, 1'000}, {1'000, 20'000}}) {
         const std::vector<std::uint32_t> before = make(old);
         const std::vector<std::uint32_t> after = make(young);
         const std::vector<LineChange> changes = changesBetween(before, after);
