@@ -125,7 +125,8 @@ void breakCircles(Search& search) {
 /// A pattern of programs that matches nothing is a slip.
 void tellNamesOfNothing(Search& search) {
     for (const std::string& pattern : search.unmatched) {
-        search.tell(pattern, "'programs_always' names it, and there is no such file.");
+        search.tell(pattern,
+                    "'programs_always' names it, and no file that is not excluded is called so.");
     }
 }
 

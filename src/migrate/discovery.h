@@ -13,7 +13,7 @@ namespace torvel::migrate {
 struct FoundProgram {
     /// Its key, and where it is.
     std::string program;
-    NativePath path;
+    NativePath::string_type path;
     /// The key of its output.
     std::string output;
     /// The parameter file of its machine; empty: none. A key.

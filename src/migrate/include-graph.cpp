@@ -120,7 +120,8 @@ ScannedFile scanFile(const GraphFile& file, IncludePaths& paths, FileBytes& room
     }
     scanned.hash = hashOf(*bytes);
     scanned.includes = includesOf(*bytes);
-    const NativePath directory = scanned.includes.empty() ? NativePath() : file.path.parent_path();
+    const NativePath directory =
+        scanned.includes.empty() ? NativePath() : NativePath(file.path).parent_path();
     for (const WrittenInclude& include : scanned.includes) {
         scanned.leads.push_back(paths.find(directory, include.path));
     }
@@ -153,7 +154,7 @@ IncludeGraph readIncludeGraph(IncludeGraph files, const NativePath& folder, unsi
                     const auto [known, isNew] =
                         numbers.emplace(lead.key, static_cast<std::uint32_t>(files.size()));
                     if (isNew) {
-                        files.push_back({lead.key, lead.path, {}, {}});
+                        files.push_back({lead.key, lead.path.native(), {}, {}});
                     }
                     edge.file = known->second;
                 }

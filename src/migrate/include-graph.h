@@ -24,7 +24,7 @@ struct IncludeEdge {
 
 struct GraphFile {
     std::string key;
-    NativePath path;
+    NativePath::string_type path;
     /// None: it could not be read.
     std::optional<ContentHash> hash;
     std::vector<IncludeEdge> includes;

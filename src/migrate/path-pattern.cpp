@@ -96,6 +96,17 @@ struct Names {
 
 }  // namespace
 
+std::string tidyPattern(std::string written) {
+    std::replace(written.begin(), written.end(), '\\', '/');
+    while (written.starts_with("./")) {
+        written.erase(0, 2);
+    }
+    while (written.size() > 1 && written.ends_with('/')) {
+        written.pop_back();
+    }
+    return written;
+}
+
 std::optional<std::string> faultOfPattern(std::string_view pattern) {
     if (pattern.empty()) {
         return "is empty";

@@ -17,6 +17,9 @@
 
 namespace torvel::migrate {
 
+/// A pattern as it was written, with "/" as the separator and without "./" in front and "/" behind.
+std::string tidyPattern(std::string written);
+
 /// What is wrong with a pattern: the end of a sentence that begins with it. Nothing: it can be used.
 std::optional<std::string> faultOfPattern(std::string_view pattern);
 

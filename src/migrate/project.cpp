@@ -127,7 +127,7 @@ std::vector<std::string> readPatterns(const Entry& entry) {
     constexpr std::string_view allowed = "a list of patterns in quotes, such as [\"**/*.pgm\"]";
     std::vector<std::string> patterns;
     readList(entry, allowed, [&](const Entry& element) {
-        patterns.push_back(withSlashes(narrow(readText(element, allowed))));
+        patterns.push_back(tidyPattern(narrow(readText(element, allowed))));
         if (const auto fault = faultOfPattern(patterns.back())) {
             element.place.fail("The pattern '" + patterns.back() + "' " + *fault + ".");
         }

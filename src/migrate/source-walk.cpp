@@ -104,7 +104,7 @@ void addFile(Walk& walk, const Pending& entry, bool isAlways) {
     FoundFile found;
     found.isExtra = entry.root->isNamed;
     found.isBehindLink = walk.isBehindLink;
-    found.file = {entry.path, entry.key, entry.place, entry.root->base, isAlways, true};
+    found.file = {entry.path.native(), entry.key, entry.place, entry.root->base, isAlways, true};
     walk.files.push_back(std::move(found));
 }
 

@@ -11,8 +11,8 @@ namespace torvel::migrate {
 
 /// A file of the sources that may be a program.
 struct WalkedFile {
-    /// Canonical.
-    NativePath path;
+    /// Canonical. Text, since a NativePath takes ten times the room and there may be very many.
+    NativePath::string_type path;
     std::string key;
     /// Its key as the folders were walked through; another one than `key` behind a link.
     std::string place;

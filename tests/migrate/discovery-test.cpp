@@ -120,6 +120,16 @@ TEST(Discovery, WhatIsIncludedIsAPart) {
     EXPECT_EQ(found.hashes.at("shared/b.inc"), hashOf("G1 X1\n"));
 }
 
+TEST(Discovery, SpellingsOfBothSystemsLeadToOneFile) {
+    Plant plant;
+    plant.write("programs/a.pgm", "#include \"..\\shared\\x.pgm\"\n#include \"inc\\..\\y.pgm\"\n");
+    plant.write("programs/b.pgm", "#include \"./../shared//x.pgm\"\n#include \"y.pgm\"\n");
+    plant.write("programs/y.pgm").write("shared/x.pgm").write("programs/inc/z.pgm");
+    EXPECT_EQ(plant.find().parts, (List{"programs/y.pgm", "shared/x.pgm"}));
+    EXPECT_EQ(plant.programs().size(), 3U);
+    EXPECT_EQ(plant.notices(), List{});
+}
+
 TEST(Discovery, APartThatIsAlwaysAProgram) {
     Plant plant;
     plant.write("programs/main.pgm", "#include \"tests/main.pgm\"\n");
@@ -131,7 +141,8 @@ TEST(Discovery, APartThatIsAlwaysAProgram) {
     plant.project.programsAlways = {"programs/tests/*", "no/such.pgm"};
     EXPECT_EQ(plant.programs().size(), 2U);
     EXPECT_EQ(plant.notices(),
-              List{"no/such.pgm: 'programs_always' names it, and there is no such file."});
+              List{"no/such.pgm: 'programs_always' names it, and no file that is not excluded is "
+                   "called so."});
 }
 
 TEST(Discovery, NamedOnTheCommandLine) {

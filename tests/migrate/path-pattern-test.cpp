@@ -54,6 +54,13 @@ INSTANTIATE_TEST_SUITE_P(
                         true},
                     Row{"\xE4", "\xC4", false}));
 
+TEST(PathPatterns, AsTheyAreWritten) {
+    EXPECT_EQ(tidyPattern("./a\\*.pgm"), "a/*.pgm");
+    EXPECT_EQ(tidyPattern("archive/"), "archive");
+    EXPECT_EQ(tidyPattern("/"), "/");
+    EXPECT_EQ(tidyPattern(""), "");
+}
+
 TEST(PathPatterns, Faults) {
     EXPECT_EQ(faultOfPattern(""), "is empty");
     EXPECT_EQ(faultOfPattern("a/[b"), "has a '[' that no ']' closes");

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sstream>
 #include <stdexcept>
 
 #include "tests/support/temporary-directory.h"
@@ -270,6 +271,25 @@ TEST(ProjectFile, NoTomlIsToldWithItsLine) {
     // A comment in the code page of Windows.
     EXPECT_TRUE(refusal("# f\xFCr\n").starts_with("'migration.toml', line 1: This is no TOML"));
     EXPECT_TRUE(refusal(std::string(100000, '[')).starts_with("'migration.toml', line 1: "));
+}
+
+/// The page about the file has every key that a message offers.
+TEST(ProjectFile, EveryKeyHasItsPlaceOnThePage) {
+    const std::string page =
+        torvel::test::readFile(std::filesystem::path(TORVEL_SOURCE_DIR) / "docs/project-file.md");
+    unsigned count = 0;
+    for (const char* const text :
+         {"x = 1", "[effort]\nx = 1", "[[folder]]\nx = 1", "[reference]\nx = 1"}) {
+        const std::string message = refusal(text);
+        const std::string_view front = "Allowed here: ";
+        ASSERT_NE(message.find(front), std::string::npos);
+        std::istringstream keys(message.substr(message.find(front) + front.size()));
+        for (std::string key; keys >> key; ++count) {
+            key.pop_back();
+            EXPECT_NE(page.find("`" + key + "`"), std::string::npos) << key;
+        }
+    }
+    EXPECT_EQ(count, 13U + 4U + 2U + 7U);
 }
 
 /// Whatever is cut off or changed: a project or a message.
