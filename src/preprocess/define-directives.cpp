@@ -1,9 +1,8 @@
 #include "src/preprocess/define-directives.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
-#include <unordered_set>
-#include <vector>
 
 #include "src/base/characters.h"
 #include "src/preprocess/classification.h"
@@ -132,57 +131,62 @@ void runDefine(PreprocessorRun& run, DirectiveLine& directive) {
 
 namespace {
 
-/// The arguments of a macro in order, and the same as a set.
-struct Arguments {
-    std::vector<std::string_view> list;
-    std::unordered_set<std::string_view> words;
-};
-
-/// ($a, $b): "(" or "[" opens the list, ")" closes it.
-Arguments readArguments(DirectiveLine& directive) {
+/// ($a, $b): "(" or "[" opens the list, ")" closes it. Reads up to the fault that is returned, if there is one.
+std::optional<Message> readArgumentList(DirectiveLine& directive, MacroArguments& arguments) {
     directive.skipBlanks();
     if (directive.atEnd() || (directive.current() != '(' && directive.current() != '[')) {
-        directive.fail(Message::MacroArgumentListExpected);
+        return Message::MacroArgumentListExpected;
     }
     directive.advance();
     directive.skipBlanks();
-    Arguments arguments;
     if (!directive.atEnd() && directive.current() == ')') {
         directive.advance();
-        return arguments;
+        return std::nullopt;
     }
     while (true) {
         directive.skipBlanks();
         if (directive.atEnd() || directive.current() != '$') {
-            directive.fail(Message::MacroArgumentExpected);
+            return Message::MacroArgumentExpected;
         }
-        arguments.list.push_back(directive.readUntil(",)\\"));
-        if (!arguments.words.insert(arguments.list.back()).second) {
-            directive.fail(Message::MacroArgumentRepeated);
-        }
+        arguments.add(directive.readUntil(",)\\"));
         directive.skipBlanks();
         const char separator = directive.atEnd() ? '\0' : directive.current();
         if (separator != ',' && separator != ')') {
-            directive.fail(Message::MacroParenthesisExpected);
+            return Message::MacroParenthesisExpected;
         }
         directive.advance();
         if (separator == ')') {
-            return arguments;
+            return std::nullopt;
         }
     }
+}
+
+MacroArguments readArguments(DirectiveLine& directive) {
+    MacroArguments arguments;
+    const std::optional<Message> fault = readArgumentList(directive, arguments);
+    // An argument that stands there twice comes before whatever is wrong behind it.
+    if (!arguments.index()) {
+        directive.fail(Message::MacroArgumentRepeated);
+    }
+    if (fault) {
+        directive.fail(*fault);
+    }
+    return arguments;
 }
 
 }  // namespace
 
 void runMacro(PreprocessorRun& run, DirectiveLine& directive) {
     const std::string_view name = directive.readName("\\(");
-    const Arguments arguments = readArguments(directive);
+    const MacroArguments arguments = readArguments(directive);
     const DirectiveLine::Body body = directive.readBody();
 
     std::string head = "#macro " + std::string(name) + "(";
-    for (std::size_t i = 0; i < arguments.list.size(); ++i) {
-        head += i == 0 ? "" : ", ";
-        head += arguments.list[i];
+    const char* separator = "";
+    for (const std::string_view argument : arguments.list()) {
+        head += separator;
+        head += argument;
+        separator = ", ";
     }
     head += ')';
 
@@ -195,7 +199,7 @@ void runMacro(PreprocessorRun& run, DirectiveLine& directive) {
     for (std::size_t start = 0; start <= text.size();) {
         const std::size_t end = std::min(text.find('\n', start), text.size());
         const TextSpan code = body.text.subspan(start, end - start);
-        prepareBodyLine(run, macro.lines, code, directive.position(), arguments.words);
+        prepareBodyLine(run, macro.lines, code, directive.position(), arguments);
         start = end + 1;
     }
 

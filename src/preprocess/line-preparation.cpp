@@ -100,11 +100,10 @@ void noteUses(PreprocessorRun& run, const SourcePosition& position, TextSpan lin
     }
 }
 
-/// A macro's argument in a line of its body: a "$" and the letters, digits and "_" behind it.
-using Arguments = std::unordered_set<std::string_view>;
-
-/// The first word in `text` from `from` on, outside strings, that is one of the arguments.
-std::string_view nextArgument(std::string_view text, std::size_t from, const Arguments& arguments) {
+/// The first word in `text` from `from` on, a "$" and the letters, digits and "_" behind it, that stands outside
+/// strings and is one of the macro's arguments.
+std::string_view nextArgument(std::string_view text, std::size_t from,
+                              const MacroArguments& arguments) {
     bool inString = false;
     for (std::size_t at = from; at < text.size(); ++at) {
         inString = inString != (text[at] == '"');
@@ -158,7 +157,7 @@ void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosi
 }
 
 void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
-                     const SourcePosition& position, const Arguments& arguments) {
+                     const SourcePosition& position, const MacroArguments& arguments) {
     list.append(position, code, {});
     const std::string_view text = run.program.text.view(code);
     const auto placeOf = [&](std::string_view part) {

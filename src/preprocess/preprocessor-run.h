@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "src/base/check-record.h"
@@ -13,6 +12,7 @@
 #include "src/limits.h"
 #include "src/preprocess/defines.h"
 #include "src/preprocess/line-splitter.h"
+#include "src/preprocess/macro-arguments.h"
 #include "src/preprocess/source-files.h"
 
 namespace torvel {
@@ -74,8 +74,7 @@ void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosi
 /// Appends a line of a macro's body to `list`: as an ordinary line, but that its words which are
 /// `arguments` of the macro are variables.
 void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
-                     const SourcePosition& position,
-                     const std::unordered_set<std::string_view>& arguments);
+                     const SourcePosition& position, const MacroArguments& arguments);
 
 /// Carries out the directive that begins `line`; its body may take further lines from `splitter`.
 /// False if the line begins with "#" but is no directive of the preprocessor.
