@@ -1,5 +1,7 @@
 #include "src/preprocess/define-table.h"
 
+#include <utility>
+
 #include "src/base/hash.h"
 
 namespace torvel {
@@ -40,51 +42,95 @@ std::uint32_t DefineTable::intern(std::string_view name) {
     return slot - 1;
 }
 
+std::uint32_t DefineTable::addScope() {
+    const auto number = static_cast<std::uint32_t>(scopes_.size());
+    scopes_.push_back({number});
+    return number;
+}
+
 /// The scope that `scope` has become part of.
-std::uint32_t DefineTable::rootOf(std::uint32_t scope) const {
-    while (mergedInto_[scope] != scope) {
-        mergedInto_[scope] = mergedInto_[mergedInto_[scope]];
-        scope = mergedInto_[scope];
+std::uint32_t DefineTable::rootOf(std::uint32_t scope) {
+    while (scopes_[scope].mergedInto != scope) {
+        scopes_[scope].mergedInto = scopes_[scopes_[scope].mergedInto].mergedInto;
+        scope = scopes_[scope].mergedInto;
     }
     return scope;
 }
 
-void DefineTable::push(std::uint32_t name, std::uint32_t entry, std::uint32_t scope) {
-    Name& target = names_[name];
-    entries_[entry].scope_ = scope;
-    entries_[entry].below_ = target.top;
-    if (target.top != none && rootOf(entries_[target.top].scope_) == scope) {
-        entries_[entry].below_ = entries_[target.top].below_;
-    }
-    target.top = entry;
-}
-
 void DefineTable::enter(std::string_view name, Kind kind, const Expansion& expansion) {
     const std::uint32_t number = intern(name);
-    const auto entry = static_cast<std::uint32_t>(entries_.size());
-    entries_.emplace_back();
-    entries_.back().kind = kind;
-    entries_.back().expansion = expansion;
-    push(number, entry, scopes_.empty() ? 0 : scopes_.back().label);
-    if (!scopes_.empty()) {
-        scopes_.back().names.push_back(number);
+    const std::uint32_t scope = conditionals_.empty() ? 0 : conditionals_.back().scope;
+    std::uint32_t& top = names_[number].top;
+    Entry entry;
+    entry.expansion = expansion;
+    entry.kind = kind;
+    entry.scope_ = scope;
+    entry.below_ = isOf(top, scope) ? entries_[top].below_ : top;
+    entry.name_ = number;
+    top = static_cast<std::uint32_t>(entries_.size());
+    entries_.push_back(entry);
+    if (!conditionals_.empty()) {
+        conditionals_.back().names.push_back(number);
     }
 }
 
-const DefineTable::Entry* DefineTable::find(std::string_view name, std::uint64_t hash) const {
+/// Takes the entries of `scope` off the name's stack, as far as they are on top. The newest is returned.
+std::uint32_t DefineTable::takeOff(Name& name, std::uint32_t scope) {
+    const std::uint32_t newest = name.top;
+    while (isOf(name.top, scope)) {
+        name.top = entries_[name.top].below_;
+    }
+    return newest;
+}
+
+/// Takes hidden entries off the name's stack, until one is on top that can be seen.
+void DefineTable::takeOffHidden(Name& name) {
+    while (name.top != none) {
+        const std::uint32_t number = rootOf(entries_[name.top].scope_);
+        Scope& scope = scopes_[number];
+        if (!scope.isHidden) {
+            return;
+        }
+        const std::uint32_t newest = takeOff(name, number);
+        entries_[newest].below_ = scope.takenOff;
+        scope.takenOff = newest;
+    }
+}
+
+/// Ends the hiding of a scope: what was taken off the stacks comes back.
+void DefineTable::show(std::uint32_t scope) {
+    std::uint32_t next = scopes_[scope].takenOff;
+    while (next != none) {
+        Entry& entry = entries_[next];
+        std::uint32_t& top = names_[entry.name_].top;
+        const std::uint32_t shown = next;
+        next = entry.below_;
+        entry.below_ = top;
+        top = shown;
+    }
+    scopes_[scope].takenOff = none;
+    scopes_[scope].isHidden = false;
+    hiddenScopes_ -= 1;
+}
+
+const DefineTable::Entry* DefineTable::find(std::string_view name, std::uint64_t hash) {
     if (names_.empty()) {
         return nullptr;
     }
     const std::uint32_t number = slots_[slotOf(name, hash)];
-    if (number == 0 || names_[number - 1].top == none) {
+    if (number == 0) {
         return nullptr;
     }
-    return &entries_[names_[number - 1].top];
+    Name& found = names_[number - 1];
+    if (hiddenScopes_ != 0) {
+        takeOffHidden(found);
+    }
+    return found.top == none ? nullptr : &entries_[found.top];
 }
 
 const DefineTable::Entry* DefineTable::findUntaken(std::string_view name,
                                                    std::uint64_t hash) const {
-    if (inactiveScopes_ == 0 || names_.empty()) {
+    if (inactiveConditionals_ == 0 || names_.empty()) {
         return nullptr;
     }
     const std::uint32_t number = slots_[slotOf(name, hash)];
@@ -95,67 +141,66 @@ const DefineTable::Entry* DefineTable::findUntaken(std::string_view name,
 }
 
 void DefineTable::openScope(bool active) {
-    const auto label = static_cast<std::uint32_t>(mergedInto_.size());
-    mergedInto_.push_back(label);
-    scopes_.push_back({label, active, {}, {}});
-    inactiveScopes_ += active ? 0 : 1;
+    conditionals_.push_back({addScope(), active, none, {}, {}});
+    inactiveConditionals_ += active ? 0 : 1;
 }
 
-/// Takes the branch's entries off their names' stacks: into `ofTakenBranch` if the branch was taken, else into
-/// the names of branches not taken.
-void DefineTable::takeOff(Scope& scope) {
-    for (const std::uint32_t number : scope.names) {
+/// Takes the branch's entries off their names' stacks, for good: into the names of branches not taken.
+void DefineTable::endUntakenBranch(Conditional& conditional) {
+    for (const std::uint32_t number : conditional.names) {
         Name& name = names_[number];
-        const std::uint32_t newest = name.top;
-        bool found = false;
-        while (name.top != none && rootOf(entries_[name.top].scope_) == scope.label) {
-            name.top = entries_[name.top].below_;
-            found = true;
-        }
-        if (!found) {
-            continue;
-        }
-        if (scope.active) {
-            scope.ofTakenBranch.emplace_back(number, newest);
-        } else if (entries_[newest].kind != Kind::undefined) {
-            name.untaken = newest;
+        if (isOf(name.top, conditional.scope)) {
+            const std::uint32_t newest = takeOff(name, conditional.scope);
+            if (entries_[newest].kind != Kind::undefined) {
+                name.untaken = newest;
+            }
         }
     }
-    scope.names.clear();
+    conditional.names.clear();
 }
 
 void DefineTable::endBranch() {
-    takeOff(scopes_.back());
+    Conditional& conditional = conditionals_.back();
+    if (!conditional.active) {
+        endUntakenBranch(conditional);
+        return;
+    }
+    conditional.taken = conditional.scope;
+    conditional.namesOfTaken.swap(conditional.names);
+    conditional.scope = addScope();
+    scopes_[conditional.taken].isHidden = true;
+    hiddenScopes_ += 1;
 }
 
 void DefineTable::beginBranch(bool active) {
-    Scope& scope = scopes_.back();
-    inactiveScopes_ -= scope.active ? 0 : 1;
-    inactiveScopes_ += active ? 0 : 1;
-    scope.active = active;
+    Conditional& conditional = conditionals_.back();
+    inactiveConditionals_ -= conditional.active ? 0 : 1;
+    inactiveConditionals_ += active ? 0 : 1;
+    conditional.active = active;
 }
 
 void DefineTable::closeScope() {
-    Scope scope = std::move(scopes_.back());
-    scopes_.pop_back();
-    if (!scope.active) {
-        takeOff(scope);
-        inactiveScopes_ -= 1;
+    Conditional ended = std::move(conditionals_.back());
+    conditionals_.pop_back();
+    if (!ended.active) {
+        endUntakenBranch(ended);
+        inactiveConditionals_ -= 1;
     }
-    for (const auto& [name, entry] : scope.ofTakenBranch) {
-        push(name, entry, scope.label);
-        scope.names.push_back(name);
+    if (ended.taken != none) {
+        show(ended.taken);
+        ended.scope = ended.taken;
+        ended.names.swap(ended.namesOfTaken);
     }
-    if (scopes_.empty()) {
-        mergedInto_[scope.label] = 0;
+    if (conditionals_.empty()) {
+        scopes_[ended.scope].mergedInto = 0;
         return;
     }
-    mergedInto_[scope.label] = scopes_.back().label;
-    std::vector<std::uint32_t>& outer = scopes_.back().names;
-    if (outer.size() < scope.names.size()) {
-        outer.swap(scope.names);
+    scopes_[ended.scope].mergedInto = conditionals_.back().scope;
+    std::vector<std::uint32_t>& outer = conditionals_.back().names;
+    if (outer.size() < ended.names.size()) {
+        outer.swap(ended.names);
     }
-    outer.insert(outer.end(), scope.names.begin(), scope.names.end());
+    outer.insert(outer.end(), ended.names.begin(), ended.names.end());
 }
 
 }  // namespace torvel

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "src/base/program.h"
@@ -73,8 +72,10 @@ struct NameLengths {
 /// branch hides a name in the same way. When the conditional ends, what it kept becomes the
 /// enclosing branch's, or the program's.
 ///
-/// Each name has a stack of the entries that are seen now, the innermost on top, so a look-up costs
-/// the same however deep the conditionals are.
+/// Each name has a stack of entries, the innermost on top, so a look-up costs the same however deep the
+/// conditionals are. When a branch that was taken ends, its entries stay where they are and its scope is
+/// hidden; a look-up takes hidden entries that it meets off the stack, and the end of the conditional puts
+/// those back. So an `#else` costs the same however many names it hides.
 class DefineTable {
 public:
     /// `lengths` are those of the names that are found elsewhere when the table has none.
@@ -89,7 +90,9 @@ public:
     private:
         friend class DefineTable;
         std::uint32_t scope_ = 0;
+        /// What was entered before under the same name, or among entries that were taken off the one before.
         std::uint32_t below_ = none;
+        std::uint32_t name_ = 0;
     };
 
     /// Enters `name`, not empty, in the innermost open branch. The newest entry of a branch counts.
@@ -98,10 +101,10 @@ public:
 
     /// What `name`, whose FNV-1a hash is `hash`, is here; null if no `#define`, `#macro` or `#undef`
     /// that can be seen has named it.
-    const Entry* find(std::string_view name, std::uint64_t hash) const;
+    const Entry* find(std::string_view name, std::uint64_t hash);
 
     /// Whether an entry counts everywhere, not only in a branch that is open.
-    bool isProgramWide(const Entry& entry) const { return rootOf(entry.scope_) == 0; }
+    bool isProgramWide(const Entry& entry) { return rootOf(entry.scope_) == 0; }
 
     /// What the latest branch not taken made of `name`; null unless a branch that is not taken is open.
     const Entry* findUntaken(std::string_view name, std::uint64_t hash) const;
@@ -128,30 +131,46 @@ private:
         std::uint32_t top = none;
         std::uint32_t untaken = none;
     };
+    /// The entries of one branch.
     struct Scope {
-        std::uint32_t label = 0;
+        /// The scope that it has become part of, or itself.
+        std::uint32_t mergedInto = 0;
+        bool isHidden = false;
+        /// If it is hidden: the last entry that was taken off its name's stack.
+        std::uint32_t takenOff = none;
+    };
+    struct Conditional {
+        /// The scope of the branch that is open.
+        std::uint32_t scope = 0;
         bool active = false;
-        /// Names with an entry of the current branch; one may stand here twice.
+        /// The hidden scope of the branch that was taken, once that branch has ended.
+        std::uint32_t taken = none;
+        /// Names with an entry of the open branch, and of the branch that was taken; one may stand here twice.
         std::vector<std::uint32_t> names;
-        /// Name and entry of what the taken branch defined, once that branch has ended.
-        std::vector<std::pair<std::uint32_t, std::uint32_t>> ofTakenBranch;
+        std::vector<std::uint32_t> namesOfTaken;
     };
 
     std::size_t slotOf(std::string_view name, std::uint64_t hash) const;
     std::uint32_t intern(std::string_view name);
     void growSlots();
-    void push(std::uint32_t name, std::uint32_t entry, std::uint32_t scope);
-    std::uint32_t rootOf(std::uint32_t scope) const;
-    void takeOff(Scope& scope);
+    std::uint32_t addScope();
+    std::uint32_t rootOf(std::uint32_t scope);
+    bool isOf(std::uint32_t entry, std::uint32_t scope) {
+        return entry != none && rootOf(entries_[entry].scope_) == scope;
+    }
+    std::uint32_t takeOff(Name& name, std::uint32_t scope);
+    void takeOffHidden(Name& name);
+    void show(std::uint32_t scope);
+    void endUntakenBranch(Conditional& conditional);
 
     std::vector<Name> names_;
     std::vector<std::uint32_t> slots_;  // number of the name + 1 by hash, open addressing; 0: free
     std::vector<Entry> entries_;
-    std::vector<Scope> scopes_;
-    std::size_t inactiveScopes_ = 0;
-    /// By scope label: the scope that it has become part of, or itself. Label 0 is the program.
-    /// Looking up a root shortens the ways to it.
-    mutable std::vector<std::uint32_t> mergedInto_ = {0};
+    /// By number; 0 is the program. Looking up a root shortens the ways to it.
+    std::vector<Scope> scopes_ = {Scope{}};
+    std::vector<Conditional> conditionals_;
+    std::size_t inactiveConditionals_ = 0;
+    std::size_t hiddenScopes_ = 0;
     NameLengths lengths_;
     LongNames longNames_;
 };

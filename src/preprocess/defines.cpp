@@ -218,7 +218,7 @@ private:
 };
 
 /// What the program has made of `name`, a branch that was not taken if nothing else; null: nothing.
-const DefineTable::Entry* Defines::findInProgram(std::string_view name, std::uint64_t hash) const {
+const DefineTable::Entry* Defines::findInProgram(std::string_view name, std::uint64_t hash) {
     const DefineTable::Entry* entry = table_.find(name, hash);
     if (entry != nullptr &&
         !(entry->kind == DefineTable::Kind::undefined && table_.isProgramWide(*entry))) {
@@ -315,7 +315,7 @@ bool Defines::isPredefined(std::string_view name) const {
     return findPredefined(predefined_, name, hashText(name)).has_value();
 }
 
-bool Defines::isDefined(std::string_view name) const {
+bool Defines::isDefined(std::string_view name) {
     const std::uint64_t hash = hashText(name);
     if (const DefineTable::Entry* entry = table_.find(name, hash)) {
         return entry->kind != DefineTable::Kind::undefined;
@@ -323,7 +323,7 @@ bool Defines::isDefined(std::string_view name) const {
     return findPredefined(predefined_, name, hash).has_value();
 }
 
-bool Defines::isMacro(std::string_view name) const {
+bool Defines::isMacro(std::string_view name) {
     const DefineTable::Entry* entry = findInProgram(name, hashText(name));
     return entry != nullptr && entry->kind == DefineTable::Kind::macro;
 }

@@ -93,12 +93,12 @@ public:
     /// Whether the controller defines the name by itself.
     bool isPredefined(std::string_view name) const;
     /// Whether `name` counts as defined for a conditional: names of branches not taken do not.
-    bool isDefined(std::string_view name) const;
+    bool isDefined(std::string_view name);
     /// Whether `name` is a macro that can be called here.
-    bool isMacro(std::string_view name) const;
+    bool isMacro(std::string_view name);
 
 private:
-    const DefineTable::Entry* findInProgram(std::string_view name, std::uint64_t hash) const;
+    const DefineTable::Entry* findInProgram(std::string_view name, std::uint64_t hash);
     const Expansion* find(std::string_view name, std::uint64_t hash, std::size_t rowLimit,
                           bool withProgramNames);
     const Expansion& predefinedExpansion(std::size_t row);

@@ -10,7 +10,7 @@ namespace torvel {
 namespace {
 
 /// The length of the word that `code` begins with if it is a macro's name and "(" follows.
-std::size_t callLength(const PreprocessorRun& run, std::string_view code) {
+std::size_t callLength(PreprocessorRun& run, std::string_view code) {
     std::size_t length = 0;
     while (length < code.size() && !isWhiteSpace(code[length]) && code[length] != '(') {
         ++length;
@@ -68,7 +68,7 @@ bool mayHavePrologue(std::string_view code) {
 
 }  // namespace
 
-CallPlace findMacroCall(const PreprocessorRun& run, std::string_view code) {
+CallPlace findMacroCall(PreprocessorRun& run, std::string_view code) {
     if (!run.substitutes || run.program.macros.empty()) {
         return {};
     }

@@ -17,7 +17,7 @@ struct CallPlace {
 
 /// A line calls a macro if its first word, at its front or behind a block delete, a label or an N-code, is the
 /// name of one and "(" follows. With substitution switched off no line does.
-CallPlace findMacroCall(const PreprocessorRun& run, std::string_view code);
+CallPlace findMacroCall(PreprocessorRun& run, std::string_view code);
 
 /// Whether a call may stand behind `tokens`: nothing, or a block delete, a label or an N-code. Defines can make
 /// something else of what was written there; the name is then a word like any other.
