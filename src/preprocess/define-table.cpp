@@ -36,7 +36,7 @@ std::uint32_t DefineTable::intern(std::string_view name) {
         slot = static_cast<std::uint32_t>(names_.size());
         lengths_.add(name);
         if (name.size() >= LongNames::shortest) {
-            longNames_.add(name);
+            longNames_.add({name, hash});
         }
     }
     return slot - 1;

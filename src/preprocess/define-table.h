@@ -120,7 +120,7 @@ public:
 
     /// The lengths of the table's names and of those found elsewhere.
     const NameLengths& lengths() const { return lengths_; }
-    const LongNames& longNames() const { return longNames_; }
+    LongNames& longNames() { return longNames_; }
 
 private:
     static constexpr std::uint32_t none = UINT32_MAX;

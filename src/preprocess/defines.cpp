@@ -14,6 +14,7 @@
 
 #include "src/base/characters.h"
 #include "src/base/hash.h"
+#include "src/preprocess/name-cuts.h"
 
 namespace torvel {
 
@@ -66,10 +67,13 @@ bool isGap(char c) {
     return cutClassesOf(c).own == gapCut;
 }
 
-/// Whether a name may end behind `a` and begin at `b`.
+}  // namespace
+
 bool isCut(char a, char b) {
     return (cutClassesOf(a).joined & cutClassesOf(b).own) == 0;
 }
+
+namespace {
 
 /// Where the first cut behind `at` is, or `limit`.
 const char* findCut(const char* at, const char* limit) {
@@ -104,7 +108,7 @@ public:
           rowLimit_(rowLimit),
           withProgramNames_(withProgramNames),
           lengths_(withProgramNames ? defines.table_.lengths() : *defines.predefined_.lengths),
-          hasLongNames_(withProgramNames && !defines.table_.longNames().lengths().empty()) {}
+          hasLongNames_(withProgramNames && !defines.table_.longNames().empty()) {}
 
     /// The first name at or behind `at`, which is a cut; its place is then `at`. No expansion: there is
     /// none.
@@ -140,14 +144,9 @@ public:
     }
 
 private:
-    /// Whether a name may end in front of the character `at`, which is not the first.
-    bool isCutAt(std::size_t at) const {
-        return at == text_.size() || isCut(text_[at - 1], text_[at]);
-    }
-
     /// `cut` is the first place behind `start` where a name may end.
     Match longestAt(std::size_t start, const char* cut) {
-        if (hasLongNames_) {
+        if (hasLongNames_) [[unlikely]] {
             if (const Match match = longName(start); match.expansion != nullptr) {
                 return match;
             }
@@ -184,18 +183,22 @@ private:
 
     /// A name that is longer than the lengths tell.
     Match longName(std::size_t start) {
-        if (start >= windowsEnd_) {
-            windowsStart_ = start;
-            windowsEnd_ = start + wordLength(text_.substr(start));
-            windows_.emplace(defines_.table_.longNames(), text_.substr(start, windowsEnd_ - start));
+        if (start >= wordEnd_) {
+            wordStart_ = start;
+            wordEnd_ = start + wordLength(text_.substr(start));
+            longNames_.reset();
         }
-        windows_->moveTo(start - windowsStart_);
-        for (const std::size_t length : windows_->candidates()) {
-            const std::string_view span = text_.substr(start, length);
-            if (isCutAt(start + length)) {
-                if (const Expansion* expansion = find(span, hashText(span))) {
-                    return {length, expansion};
-                }
+        if (wordEnd_ - start < LongNames::shortest) {
+            return {};
+        }
+        if (!longNames_) {
+            longNames_.emplace(defines_.table_.longNames(),
+                               text_.substr(wordStart_, wordEnd_ - wordStart_));
+        }
+        longNames_->moveTo(start - wordStart_);
+        while (const LongName* name = longNames_->next()) {
+            if (const Expansion* expansion = find(name->text, name->hash)) {
+                return {name->text.size(), expansion};
             }
         }
         return {};
@@ -211,10 +214,10 @@ private:
     bool withProgramNames_;
     const NameLengths& lengths_;
     bool hasLongNames_;
-    /// The long names' windows over the word from `windowsStart_` to `windowsEnd_`.
-    std::optional<LongNameWindows> windows_;
-    std::size_t windowsStart_ = 0;
-    std::size_t windowsEnd_ = 0;
+    /// The long names in the word from `wordStart_` to `wordEnd_`.
+    std::optional<LongNameSearch> longNames_;
+    std::size_t wordStart_ = 0;
+    std::size_t wordEnd_ = 0;
 };
 
 /// What the program has made of `name`, a branch that was not taken if nothing else; null: nothing.
