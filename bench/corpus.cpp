@@ -193,6 +193,13 @@ constexpr std::string_view unconvertible[] = {
     "CALLBACK 1015, {i}",
 };
 
+/// What the largest programs are made of: a path, point by point.
+constexpr std::string_view points[] = {
+    "G1 X{r} Y{r}", "G1 X{r} Y{r}",       "G1 X{r} Y{r} Z{r}", "X{r} Y{r}",
+    "X{r} Y-{r}",   "G1 X-{r} Y{r} F{i}", "N{i} G1 X{r} Y{r}", "G2 X{r} Y{r} I{r} J{r}",
+    "G0 X{r} Y{r}",
+};
+
 constexpr Block flowBlocks[] = {
     {"IF {c} THEN", "ELSE", "ENDIF"}, {"IF {c}", "ELSEIF {c} THEN", "ENDIF"},
     {"WHILE {c}", "", "ENDWHILE"},    {"FOR {v} = {i} TO {e} STEP {i}", "", "NEXT {v}"},
@@ -231,6 +238,7 @@ constexpr Family families[] = {
     {"unconvertible", true, 17, unconvertible},
     // Names that get another meaning on the way. They would grow in number with the program.
     {"defines", false, 6, defines},
+    {"points", false, 1, points},
 };
 
 constexpr std::string_view words[] = {

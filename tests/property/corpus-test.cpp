@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "bench/corpus-shares.h"
+#include "bench/include-tree.h"
 #include "src/app/command.h"
 #include "tests/support/temporary-directory.h"
 
@@ -61,6 +62,22 @@ TEST(GeneratedProgram, LinesOfOtherFamiliesAreConverted) {
         // One define in eight stands for an expression, which Torvel's cannot.
         EXPECT_EQ(refusedLines(corpus), hasDefines ? 25U : 0U) << family;
     }
+}
+
+TEST(GeneratedProgram, EveryLineOfTheUnconvertibleOnesIsRefused) {
+    const bench::Corpus corpus = bench::generateCorpus({50'000, 1, {"unconvertible"}});
+    EXPECT_EQ(refusedLines(corpus), bench::countShares(corpus).lines);
+}
+
+TEST(IncludeTree, IsDeepAndHasFilesThatComeAgain) {
+    const bench::Corpus corpus = bench::generateIncludeTree({300'000, 1, {}});
+    EXPECT_EQ(refusedLines(corpus), 0U);
+    const std::string text = bench::inOneText(corpus);
+    const std::size_t bytesOfFiles = bench::countShares(corpus).bytes;
+    EXPECT_GT(text.size(), bytesOfFiles * 11 / 10);
+    // Two rows of 23 files and the beginning of a third, and eight files for all of them.
+    EXPECT_GT(corpus.size(), 1U + 8U + 2U * 23U);
+    EXPECT_EQ(text.find("#include"), std::string::npos);
 }
 
 }  // namespace
