@@ -153,7 +153,7 @@ void convertEnd(Statement& statement) {
         return;
     }
     const Token* const block = statement.cursor.place();
-    if (statement.cursor.is(TokenType::DFS)) {
+    if (statement.cursor.is(TokenType::DFS) || statement.cursor.is(TokenType::SUB)) {
         noteFact(statement, Fact::Kind::functionEnd, {}, block);
     }
     expectToken(statement, {TokenType::IF, TokenType::WHILE, TokenType::REPEAT, TokenType::DFS,
