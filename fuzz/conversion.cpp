@@ -16,6 +16,7 @@
 #include "src/base/parse-exception.h"
 #include "src/preprocess/preprocessor.h"
 #include "tests/support/case-file.h"
+#include "tests/support/case-run.h"
 #include "tests/support/escapes.h"
 #include "tests/support/line-by-line.h"
 #include "tests/support/temporary-directory.h"
@@ -75,6 +76,8 @@ struct Result {
     CommandResult command;
     std::string output;
     std::string log;
+    /// What needs a look, a line each.
+    std::string checks;
 };
 
 /// A folder for the files of one input at a time.
@@ -127,6 +130,12 @@ public:
         checkLines(first);
         const Result second = convert();
         requireSame(first, second, "a second run differs");
+        Result unasked = convert(false);
+        unasked.checks = first.checks;
+        requireSame(first, unasked, "who asks for checks gets another result");
+        if (first.command.status == 0) {
+            checkSharing(first);
+        }
         for (const test::CaseEntry& file : files_) {
             require(test::readFile(Folder::root() / file.path) == file.content,
                     "a source file was changed: " + file.path);
@@ -135,14 +144,20 @@ public:
     }
 
 private:
-    Result convert() const {
+    Result convert(bool asksForChecks = true) const {
         std::vector<std::string> arguments = {"-o", Folder::pathOf("out")};
         if (!parameterFile_.empty()) {
             arguments.insert(arguments.end(), {"-p", Folder::pathOf(parameterFile_)});
         }
         arguments.push_back(Folder::pathOf(program_));
         Result result;
-        result.command = runCommand(arguments, lowLimits());
+        if (asksForChecks) {
+            test::ConverterRun run = test::runForChecks(arguments, lowLimits());
+            result.checks = *run.checks;
+            result.command = std::move(run);
+        } else {
+            result.command = runCommand(arguments, lowLimits());
+        }
         const std::string stem(fileStem(lastComponent(program_)));
         const fs::path output = Folder::root() / "out" / (stem + ".torvel");
         const fs::path log = Folder::root() / "out" / (stem + ".log");
@@ -160,8 +175,9 @@ private:
         require(a.command.status == b.command.status &&
                     a.command.standardError == b.command.standardError,
                 fault + ": " + a.command.standardError + b.command.standardError);
-        const std::string difference =
-            test::textDifference(a.output, b.output) + test::textDifference(a.log, b.log);
+        const std::string difference = test::textDifference(a.output, b.output) +
+                                       test::textDifference(a.log, b.log) +
+                                       test::textDifference(a.checks, b.checks);
         require(difference.empty(), fault + ":\n" + difference);
     }
 
@@ -172,15 +188,45 @@ private:
                 "the status does not fit the message: " + command.standardError);
     }
 
+    AxisNames axisNames() const {
+        return parameterFile_.empty() ? AxisNames()
+                                      : loadParameterFile(Folder::pathOf(parameterFile_));
+    }
+
+    /// However the lines are shared out, output and checks are the same.
+    void checkSharing(const Result& expected) const {
+        const Limits limits = lowLimits();
+        const AxisNames axes = axisNames();
+        Program program;
+        CheckRecord read;
+        preprocessProgram(program, Folder::pathOf(program_), axes, limits, predefinedConstants(),
+                          fileSystemSource(), &read);
+        for (const WorkSharing& sharing : {WorkSharing{1, 0}, WorkSharing{3, 1}}) {
+            MessageLog log;
+            CheckRecord record = read;
+            ConversionContext context{program, axes, limits, log, {}, 0, &record};
+            OutputFile output;
+            const fs::path path = Folder::root() / "out" / "shared";
+            require(output.open(path), "no output");
+            convertProgram(context, output, sharing);
+            require(output.close(), "no output");
+            std::string checks;
+            for (const Finding& finding : record.findings) {
+                checks += finding.origin == FindingOrigin::check ? test::checkLine(finding) : "";
+            }
+            requireNone(test::textDifference(test::readFile(path), expected.output));
+            requireNone(test::textDifference(checks, expected.checks));
+            fs::remove(path);
+        }
+    }
+
     /// Converts the program once more, with another one in turns, and checks line by line.
     void checkLines(const Result& expected) const {
         const Limits limits = lowLimits();
         Program program;
         AxisNames axes;
         try {
-            if (!parameterFile_.empty()) {
-                axes = loadParameterFile(Folder::pathOf(parameterFile_));
-            }
+            axes = axisNames();
             preprocessProgram(program, Folder::pathOf(program_), axes, limits);
         } catch (const std::exception& error) {
             require(expected.command.standardError == error.what() + std::string("\n"),

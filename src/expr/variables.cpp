@@ -269,12 +269,12 @@ void translateIndex(Statement& statement, std::string_view digits, ExpressionTex
     } else if (digits.empty()) {
         translateBracketed(statement, out);
     } else {
-        const Token* const place = statement.cursor.place();
+        const Token* const variable = statement.cursor.place() - 1;
         const ExpressionText bracket = translateBracketedAddend(statement);
         const auto first = parseIntegerText(digits);
         const auto second = parseIntegerText(bracket);
         if (first && second) {
-            checkOctal(statement, decimalReading(digits) ? digits : bracket, place);
+            checkOctal(statement, decimalReading(digits) ? digits : bracket, variable);
             out += std::to_string(std::int64_t{*first} + *second);
         } else {
             out += digits;
