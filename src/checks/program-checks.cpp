@@ -9,9 +9,19 @@
 
 namespace torvel {
 
-namespace {
-
 using Kind = Fact::Kind;
+
+/// The text says which name it is about. A block has none.
+void addFinding(CheckRecord& record, Check check, const Fact& fact) {
+    Finding finding = makeFinding(check, fact.position, fact.columns);
+    finding.programLine = fact.programLine;
+    if (check != Check::BlockShape) {
+        finding.text += ' ' + fact.name;
+    }
+    record.findings.push_back(std::move(finding));
+}
+
+namespace {
 
 /// Follows a directive of a conditional; false: the fact is none.
 bool followConditional(Ways& ways, const std::vector<Fact>& facts, std::size_t number) {
@@ -66,10 +76,27 @@ std::unordered_set<std::uint32_t> markedLines(const std::vector<Fact>& facts) {
     return lines;
 }
 
+/// The uses of names in a line of which the columns are not known: those of one name are one finding.
+class UsesWithoutPlace {
+public:
+    bool isFirst(const Fact& fact) {
+        if (fact.programLine != line_) {
+            line_ = fact.programLine;
+            names_.clear();
+        }
+        return fact.columns != ColumnRange() || names_.insert(fact.name).second;
+    }
+
+private:
+    std::uint32_t line_ = 0;
+    std::unordered_set<std::string_view> names_;
+};
+
 }  // namespace
 
 void checkDefines(CheckRecord& record) {
     const std::unordered_set<std::uint32_t> marked = markedLines(record.facts);
+    UsesWithoutPlace uses;
     Ways ways;
     for (std::size_t number = 0; number < record.facts.size(); ++number) {
         const Fact& fact = record.facts[number];
@@ -88,7 +115,8 @@ void checkDefines(CheckRecord& record) {
             case Kind::macro:
             case Kind::lostMacro: ways.set(fact.name, reachingOf(fact, number)); break;
             case Kind::valueUse:
-                if (ways.at(fact.name).hasSeveralValues && !marked.contains(fact.programLine)) {
+                if (ways.at(fact.name).hasSeveralValues && !marked.contains(fact.programLine) &&
+                    uses.isFirst(fact)) {
                     addFinding(record, Check::ConditionFrozen, fact);
                 }
                 break;

@@ -24,10 +24,6 @@ void checkBlocks(CheckRecord& record);
 void checkNames(CheckRecord& record);
 
 /// Appends a finding at the place of a fact.
-inline void addFinding(CheckRecord& record, Check check, const Fact& fact) {
-    Finding finding = makeFinding(check, fact.position, fact.columns);
-    finding.programLine = fact.programLine;
-    record.findings.push_back(std::move(finding));
-}
+void addFinding(CheckRecord& record, Check check, const Fact& fact);
 
 }  // namespace torvel

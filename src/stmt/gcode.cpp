@@ -156,6 +156,20 @@ void writeRecordedWord(Statement& statement, std::string_view name) {
     }
 }
 
+/// Whether the E at `letter`, behind a number, reads as its exponent: no blank stands on either side.
+bool isExponent(const Token* letter, const Token* end) {
+    const auto isDirectlyBehind = [](const Token* token) {
+        return token[-1].text.offset + token[-1].text.length == token->text.offset;
+    };
+    const Token* digits = letter + 1;
+    if (digits != end && (digits->type == TokenType::MINUS || digits->type == TokenType::PLUS) &&
+        isDirectlyBehind(digits)) {
+        ++digits;
+    }
+    return isDirectlyBehind(letter) && digits != end &&
+           digits->type == TokenType::INTEGER_LITERAL && isDirectlyBehind(digits);
+}
+
 /// name [=] value
 void writeWord(Statement& statement, std::string_view name) {
     if (statement.context.record != nullptr) [[unlikely]] {
@@ -195,6 +209,8 @@ void writeAxisWord(Statement& statement, std::string_view axis) {
 /// An address letter; in the place of a dwell's argument F is P.
 void writeLetter(Statement& statement, TokenType letter, bool isDwell) {
     const char name = isDwell ? 'P' : upperCase(statement.cursor.text()[0]);
+    const Token* const place = statement.cursor.place();
+    const TokenType before = statement.cursor.previous();
     statement.cursor.advance();
     const bool isIndexed = statement.cursor.is(TokenType::LEFT_BRACKET);
     switch (letter) {
@@ -213,6 +229,12 @@ void writeLetter(Statement& statement, TokenType letter, bool isDwell) {
             }
             [[fallthrough]];
         default: writeWord(statement, std::string_view(&name, 1)); break;
+    }
+    const bool isBehindNumber =
+        before == TokenType::INTEGER_LITERAL || before == TokenType::FLOAT_LITERAL;
+    if (letter == TokenType::LETTER_E && isBehindNumber && statement.context.record != nullptr &&
+        isExponent(place, statement.cursor.place())) {
+        noteCheck(statement, Check::ExponentWord, place - 1);
     }
 }
 

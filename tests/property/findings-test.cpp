@@ -97,6 +97,17 @@ TEST(Findings, AProgramReadUpToANulCharacterIsToLookAt) {
               List{"2 nul-character message look"});
 }
 
+TEST(Findings, OfTheWholeProgramSayWhichNameTheyAreAbout) {
+    const TemporaryDirectory directory;
+    writeFile(directory.path() / "main.pgm", "GOTO N7\nIF $a\n");
+    std::vector<std::string> texts;
+    runCommandForFindings(
+        {"-o", directory.path().string(), (directory.path() / "main.pgm").string()}, {},
+        [&](const Finding& finding) { texts.push_back(finding.text); });
+    EXPECT_EQ(texts, (List{"A jump or call has no target in the output, or two. N7",
+                           "A block is not closed, or closed without being opened."}));
+}
+
 /// The ways through the conditionals are more than can be counted; the passes follow all of them at once.
 TEST(Findings, AnyNumberOfConditionals) {
     constexpr std::size_t conditionals = 20'000;
