@@ -23,6 +23,8 @@ struct Fact {
         macro,        // a #macro that Torvel keeps; the facts of its body stand in front of it
         lostMacro,    // a #macro whose body could not be converted
         macroCall,    // the name of a macro that is called
+        argumentUse,  // what a macro's body does with an argument, the name being "MACRO 1"
+        argument,     // what became of an argument of a call
         label,        // a label or N-code as the output has it
         jump,         // GOTO
         function,     // DFS
@@ -36,7 +38,14 @@ struct Fact {
         refused,      // a line that could not be converted
     };
 
+    /// Of an argument: a sum that was added up on that side, or an operator there that would take a part of a sum;
+    /// a variable that is read by a call, or an argument that the body sets.
+    static constexpr std::uint8_t leftSide = 1;
+    static constexpr std::uint8_t rightSide = 2;
+    static constexpr std::uint8_t isSet = 4;
+
     Kind kind{};
+    std::uint8_t sides = 0;
     /// It belongs to the body of a macro.
     bool isInBody = false;
     std::uint32_t programLine = 0;

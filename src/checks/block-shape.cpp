@@ -214,12 +214,12 @@ private:
         } else if (closes) {
             body_.opens.pop_back();
         }
+        endsFunction_ = endsFunction_ && !closes;
         if (fact.kind == Kind::opens) {
             body_.opens.push_back(takeKind(fact));
         } else if (fact.kind == Kind::continues) {
             body_.opens.push_back(BlockKind::branch);
         }
-        endsFunction_ = false;
     }
 
     void endBody(const std::string& name) {

@@ -180,6 +180,7 @@ void finishRecord(const Program& program, CheckRecord& record) {
     std::stable_sort(record.facts.begin(), record.facts.end(),
                      [](const Fact& a, const Fact& b) { return a.programLine < b.programLine; });
     checkDefines(record);
+    checkArguments(record);
     checkJumps(record);
     checkBlocks(record);
     checkNames(record);

@@ -130,6 +130,29 @@ void checkDefines(CheckRecord& record) {
     }
 }
 
+/// A macro of several definitions may be any of them where it is called.
+void checkArguments(CheckRecord& record) {
+    std::unordered_map<std::string_view, std::uint8_t> uses;
+    for (const Fact& fact : record.facts) {
+        if (fact.kind == Kind::argumentUse) {
+            uses[fact.name] |= fact.sides;
+        }
+    }
+    for (const Fact& fact : record.facts) {
+        const auto use = uses.find(fact.name);
+        if (fact.kind != Kind::argument || use == uses.end()) {
+            continue;
+        }
+        const unsigned met = fact.sides & use->second;
+        if ((met & (Fact::leftSide | Fact::rightSide)) != 0) {
+            addFinding(record, Check::ArgumentSum, fact);
+        }
+        if ((met & Fact::isSet) != 0) {
+            addFinding(record, Check::ArgumentSet, fact);
+        }
+    }
+}
+
 namespace {
 
 /// The labels and functions that the output has.

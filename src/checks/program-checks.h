@@ -14,6 +14,9 @@ namespace torvel {
 /// condition-lost, condition-frozen, macro-kept-out
 void checkDefines(CheckRecord& record);
 
+/// argument-sum, argument-set
+void checkArguments(CheckRecord& record);
+
 /// jump-target
 void checkJumps(CheckRecord& record);
 

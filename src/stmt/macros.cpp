@@ -4,19 +4,15 @@
 #include "src/expr/expressions.h"
 #include "src/expr/strings.h"
 #include "src/lex/lexer.h"
+#include "src/stmt/macro-arguments.h"
 
 namespace torvel {
 
 namespace {
 
-/// The macro's name: what stands between "#macro " and "(".
-std::string_view nameOf(std::string_view head) {
-    constexpr std::size_t lead = std::string_view("#macro ").size();
-    return head.substr(lead, head.find('(') - lead);
-}
-
 /// Notes the macro behind the facts of its body, which those of a body that is not kept are not.
-void noteMacro(Statement& statement, const Macro& macro, bool isKept, const RecordMark& mark) {
+void noteMacro(Statement& statement, std::string_view name, const Macro& macro, bool isKept,
+               const RecordMark& mark) {
     CheckRecord& record = *statement.context.record;
     if (!isKept) {
         takeOff(record, mark);
@@ -24,10 +20,9 @@ void noteMacro(Statement& statement, const Macro& macro, bool isKept, const Reco
     for (std::size_t fact = mark.facts; fact < record.facts.size(); ++fact) {
         record.facts[fact].isInBody = true;
     }
-    const std::string_view head = statement.context.program.text.view(macro.head);
-    noteFact(statement, isKept ? Fact::Kind::macro : Fact::Kind::lostMacro, nameOf(head),
+    noteFact(statement, isKept ? Fact::Kind::macro : Fact::Kind::lostMacro, name,
              statement.cursor.place());
-    record.facts.back().value = head;
+    record.facts.back().value = statement.context.program.text.view(macro.head);
 }
 
 }  // namespace
@@ -41,6 +36,10 @@ void convertMacroDefinition(Statement& statement, const Macro& macro) {
     GrowingArray<Token> room;
     CheckRecord* const record = statement.context.record;
     const RecordMark mark = record == nullptr ? RecordMark() : markOf(*record);
+    std::optional<MacroArguments> arguments;
+    if (record != nullptr) {
+        arguments.emplace(program.text.view(macro.head));
+    }
     for (std::size_t line = 0; line < macro.lines.lines.size(); ++line) {
         StatementText text;
         BlockEffect effect{};
@@ -53,12 +52,13 @@ void convertMacroDefinition(Statement& statement, const Macro& macro) {
         if (record != nullptr) {
             noteEffect(statement, effect, text);
             noteGluedCode(statement.context, tokens, text);
+            arguments->noteUses(statement, tokens);
         }
         body += line == 0 ? "" : "\n";
         body += text;
     }
     if (record != nullptr) {
-        noteMacro(statement, macro, isConverted, mark);
+        noteMacro(statement, arguments->macro(), macro, isConverted, mark);
     }
     if (!isConverted) {
         statement.text += program.text.view(macro.unconverted);
@@ -77,8 +77,10 @@ void convertMacroDefinition(Statement& statement, const Macro& macro) {
 namespace {
 
 /// An argument is an axis, a string or a number, by the token that begins it.
-void writeArgument(Statement& statement) {
+void writeArgument(Statement& statement, std::string_view macro, std::size_t number) {
     const TokenType type = statement.cursor.type();
+    const Token* const first = statement.cursor.place();
+    const std::size_t start = statement.text.size();
     if (isAxis(type) || type == TokenType::AT) {
         translateSingleAxis(statement, statement.text);
     } else if (beginsString(statement.cursor)) {
@@ -86,23 +88,29 @@ void writeArgument(Statement& statement) {
     } else {
         writeExpression(statement);
     }
+    if (statement.context.record != nullptr) {
+        noteArgument(statement, macro, number, first,
+                     std::string_view(statement.text).substr(start));
+    }
 }
 
 }  // namespace
 
 void convertMacroCall(Statement& statement) {
-    const Token* const name = statement.cursor.place();
-    statement.text += statement.cursor.text();
+    const Token* const place = statement.cursor.place();
+    const std::string_view name = statement.cursor.text();
+    statement.text += name;
     statement.text += '(';
     statement.cursor.advance();
-    noteFact(statement, Fact::Kind::macroCall, statement.context.program.textOf(*name), name);
+    noteFact(statement, Fact::Kind::macroCall, name, place);
     expectToken(statement, TokenType::LEFT_PAREN);
+    std::size_t number = 1;
     if (!statement.cursor.is(TokenType::RIGHT_PAREN)) {
-        writeArgument(statement);
+        writeArgument(statement, name, number);
     }
     while (acceptToken(statement, TokenType::COMMA)) {
         statement.text += ", ";
-        writeArgument(statement);
+        writeArgument(statement, name, ++number);
     }
     statement.text += ')';
     expectToken(statement, TokenType::RIGHT_PAREN);
