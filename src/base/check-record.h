@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -62,8 +63,8 @@ struct CheckRecord {
     TextSpan lineText{};
     std::vector<Finding> findings;
     std::vector<Fact> facts;
-    /// Variables of which a fact is there.
-    std::unordered_set<std::string> variables;
+    /// Variables of which a fact is there, as they stand in the program's text.
+    std::unordered_set<std::string_view> variables;
 };
 
 /// Records a comment that the output does not have, on that line.

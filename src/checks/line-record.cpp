@@ -37,7 +37,7 @@ void recordVariables(const ConversionContext& context, TextSpan lineText,
         if (token.type != TokenType::VARIABLE) {
             continue;
         }
-        std::string name(context.program.textOf(token));
+        const std::string_view name = context.program.textOf(token);
         const std::size_t argument = except.find(name);
         if (argument != std::string_view::npos &&
             !isWordCharacter(except[argument + name.size()])) {
@@ -48,7 +48,7 @@ void recordVariables(const ConversionContext& context, TextSpan lineText,
             fact.kind = Fact::Kind::variable;
             fact.position = context.position;
             fact.columns = columnsOf(context.program, context.position, lineText, token.text);
-            fact.name = std::move(name);
+            fact.name = name;
             record.facts.push_back(std::move(fact));
         }
     }
@@ -128,11 +128,13 @@ void recordLine(ConversionContext& context, const LineMark& mark, std::size_t nu
         finding.origin = FindingOrigin::define;
         record.findings.push_back(std::move(finding));
     }
-    const FindingTodo todo = todoOf(isConverted, text);
     const auto line = static_cast<std::uint32_t>(number);
-    for (std::size_t i = mark.record.findings; i < record.findings.size(); ++i) {
-        record.findings[i].programLine = line;
-        record.findings[i].todo = todo;
+    if (record.findings.size() != mark.record.findings) {
+        const FindingTodo todo = todoOf(isConverted, text);
+        for (std::size_t i = mark.record.findings; i < record.findings.size(); ++i) {
+            record.findings[i].programLine = line;
+            record.findings[i].todo = todo;
+        }
     }
     for (std::size_t i = mark.record.facts; i < record.facts.size(); ++i) {
         record.facts[i].programLine = line;
@@ -173,12 +175,18 @@ void joinDroppedComments(std::vector<Finding>& findings) {
     findings = std::move(joined);
 }
 
+/// The facts of the preprocessor stand in front of those of the conversion, both in order.
+void sortFacts(std::vector<Fact>& facts) {
+    const auto isBefore = [](const Fact& a, const Fact& b) { return a.programLine < b.programLine; };
+    const auto behind = std::is_sorted_until(facts.begin(), facts.end(), isBefore);
+    std::inplace_merge(facts.begin(), behind, facts.end(), isBefore);
+}
+
 }  // namespace
 
 void finishRecord(const Program& program, CheckRecord& record) {
     joinDroppedComments(record.findings);
-    std::stable_sort(record.facts.begin(), record.facts.end(),
-                     [](const Fact& a, const Fact& b) { return a.programLine < b.programLine; });
+    sortFacts(record.facts);
     checkDefines(record);
     checkArguments(record);
     checkJumps(record);
