@@ -8,20 +8,24 @@ namespace torvel {
 
 std::size_t DefineTable::slotOf(std::string_view name, std::uint64_t hash) const {
     std::size_t slot = hash & (slots_.size() - 1);
-    while (slots_[slot] != 0) {
-        const Name& entry = names_[slots_[slot] - 1];
-        if (entry.hash == hash && entry.text == name) {
-            break;
-        }
+    while (slots_[slot].number != 0 && (slots_[slot].hash != static_cast<std::uint32_t>(hash) ||
+                                        names_[slots_[slot].number - 1].text != name)) {
         slot = (slot + 1) & (slots_.size() - 1);
     }
     return slot;
 }
 
 void DefineTable::growSlots() {
-    slots_.assign(slots_.empty() ? 64 : slots_.size() * 2, 0);
-    for (std::uint32_t name = 0; name < names_.size(); ++name) {
-        slots_[slotOf(names_[name].text, names_[name].hash)] = name + 1;
+    std::vector<Slot> old(slots_.empty() ? 64 : slots_.size() * 2);
+    old.swap(slots_);
+    for (const Slot& entry : old) {
+        if (entry.number != 0) {
+            std::size_t slot = entry.hash & (slots_.size() - 1);
+            while (slots_[slot].number != 0) {
+                slot = (slot + 1) & (slots_.size() - 1);
+            }
+            slots_[slot] = entry;
+        }
     }
 }
 
@@ -30,16 +34,16 @@ std::uint32_t DefineTable::intern(std::string_view name) {
         growSlots();
     }
     const std::uint64_t hash = hashText(name);
-    std::uint32_t& slot = slots_[slotOf(name, hash)];
-    if (slot == 0) {
-        names_.push_back({name, hash, none, none});
-        slot = static_cast<std::uint32_t>(names_.size());
+    Slot& slot = slots_[slotOf(name, hash)];
+    if (slot.number == 0) {
+        names_.push_back({name, none, none});
+        slot = {static_cast<std::uint32_t>(hash), static_cast<std::uint32_t>(names_.size())};
         lengths_.add(name);
         if (name.size() >= LongNames::shortest) {
             longNames_.add({name, hash});
         }
     }
-    return slot - 1;
+    return slot.number - 1;
 }
 
 std::uint32_t DefineTable::addScope() {
@@ -117,7 +121,7 @@ const DefineTable::Entry* DefineTable::find(std::string_view name, std::uint64_t
     if (names_.empty()) {
         return nullptr;
     }
-    const std::uint32_t number = slots_[slotOf(name, hash)];
+    const std::uint32_t number = slots_[slotOf(name, hash)].number;
     if (number == 0) {
         return nullptr;
     }
@@ -133,7 +137,7 @@ const DefineTable::Entry* DefineTable::findUntaken(std::string_view name,
     if (inactiveConditionals_ == 0 || names_.empty()) {
         return nullptr;
     }
-    const std::uint32_t number = slots_[slotOf(name, hash)];
+    const std::uint32_t number = slots_[slotOf(name, hash)].number;
     if (number == 0 || names_[number - 1].untaken == none) {
         return nullptr;
     }

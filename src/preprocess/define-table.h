@@ -127,7 +127,6 @@ private:
 
     struct Name {
         std::string_view text;
-        std::uint64_t hash = 0;
         std::uint32_t top = none;
         std::uint32_t untaken = none;
     };
@@ -150,6 +149,12 @@ private:
         std::vector<std::uint32_t> namesOfTaken;
     };
 
+    /// So much of the hash stands beside a name's number that names are looked at only where they are found.
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t number = 0;  // of the name + 1; 0: free
+    };
+
     std::size_t slotOf(std::string_view name, std::uint64_t hash) const;
     std::uint32_t intern(std::string_view name);
     void growSlots();
@@ -164,7 +169,7 @@ private:
     void endUntakenBranch(Conditional& conditional);
 
     std::vector<Name> names_;
-    std::vector<std::uint32_t> slots_;  // number of the name + 1 by hash, open addressing; 0: free
+    std::vector<Slot> slots_;  // by hash, open addressing
     std::vector<Entry> entries_;
     /// By number; 0 is the program. Looking up a root shortens the ways to it.
     std::vector<Scope> scopes_ = {Scope{}};
