@@ -177,7 +177,9 @@ void joinDroppedComments(std::vector<Finding>& findings) {
 
 /// The facts of the preprocessor stand in front of those of the conversion, both in order.
 void sortFacts(std::vector<Fact>& facts) {
-    const auto isBefore = [](const Fact& a, const Fact& b) { return a.programLine < b.programLine; };
+    const auto isBefore = [](const Fact& a, const Fact& b) {
+        return a.programLine < b.programLine;
+    };
     const auto behind = std::is_sorted_until(facts.begin(), facts.end(), isBefore);
     std::inplace_merge(facts.begin(), behind, facts.end(), isBefore);
 }

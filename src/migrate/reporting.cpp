@@ -1,5 +1,7 @@
 #include "src/migrate/reporting.h"
 
+#include <algorithm>
+
 #include "src/migrate/command-project.h"
 #include "src/migrate/gate.h"
 #include "src/migrate/text-decoding.h"
@@ -14,7 +16,8 @@ constexpr std::size_t mostToldOfGate = 50;
 /// What fails a run; names were checked before. "any" is everything.
 std::vector<FailOn> failOnOf(const Project& project) {
     std::vector<FailOn> failOn;
-    for (const std::string& name : project.failOn) {
+    for (std::string name : project.failOn) {
+        std::replace(name.begin(), name.end(), '_', '-');  // as the project file has it
         if (name == "any") {
             for (const FindingTodo todo : todos) {
                 failOn.push_back({todo, std::nullopt});

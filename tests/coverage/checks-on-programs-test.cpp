@@ -77,16 +77,15 @@ std::string codeOf(std::string_view line) {
 
 Findings findingsOfExamples() {
     Findings findings;
-    visitCases(fs::path(TORVEL_SOURCE_DIR) / "tests/golden/examples",
-               [&](const std::string&, const std::string&, const fs::path& path) {
-                   const Case test = readCase(path);
-                   const std::string checks =
-                       runCase(test, test.files, runForChecks).checks.value_or("");
-                   for (const std::string_view line : splitLines(checks)) {
-                       findings.insert(path.stem().string() + ' ' + placeOf(line) + ' ' +
-                                       codeOf(line));
-                   }
-               });
+    visitCases(
+        fs::path(TORVEL_SOURCE_DIR) / "tests/golden/examples",
+        [&](const std::string&, const std::string&, const fs::path& path) {
+            const Case test = readCase(path);
+            const std::string checks = runCase(test, test.files, runForChecks).checks.value_or("");
+            for (const std::string_view line : splitLines(checks)) {
+                findings.insert(path.stem().string() + ' ' + placeOf(line) + ' ' + codeOf(line));
+            }
+        });
     return findings;
 }
 

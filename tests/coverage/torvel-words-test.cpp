@@ -37,7 +37,8 @@ std::string codeOf(std::string_view line) {
 }
 
 void insertMatches(const std::string& text, const std::regex& pattern, Words& words) {
-    for (std::sregex_iterator match(text.begin(), text.end(), pattern), end; match != end; ++match) {
+    for (std::sregex_iterator match(text.begin(), text.end(), pattern), end; match != end;
+         ++match) {
         words.insert((*match)[1].str());
     }
 }

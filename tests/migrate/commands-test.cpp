@@ -1,0 +1,305 @@
+// The commands of torvel-migrate from the arguments to what the user sees and the files that there are.
+
+#include "src/migrate/commands.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "src/app/command.h"
+#include "src/migrate/store-lock.h"
+#include "tests/support/temporary-directory.h"
+
+namespace torvel::migrate::test {
+
+namespace {
+
+using torvel::test::readFile;
+using torvel::test::writeFile;
+
+struct Outcome {
+    int status = 0;
+    std::string output;
+    std::string error;
+};
+
+/// A folder that is the working directory while it lives.
+class CommandTest : public ::testing::Test {
+protected:
+    CommandTest() : before_(std::filesystem::current_path()) {
+        std::filesystem::current_path(directory_.path());
+    }
+    ~CommandTest() override { std::filesystem::current_path(before_); }
+
+    NativePath path(const std::string& name) const { return directory_.path() / name; }
+    void write(const std::string& name, std::string_view text) const {
+        writeFile(path(name), text);
+    }
+    std::string read(const std::string& name) const { return readFile(path(name)); }
+
+    Outcome run(const std::vector<std::string>& arguments) const {
+        Outcome outcome;
+        const Console console{[&](std::string_view text) { outcome.output += text; },
+                              [&](std::string_view text) { outcome.error += text; },
+                              [] { return Terminal(); }, [] { return Terminal(); },
+                              &isInterrupted_};
+        outcome.status = runMigrate(arguments, console);
+        return outcome;
+    }
+
+    nlohmann::json report(const std::vector<std::string>& outputs = {}) const {
+        std::vector<std::string> arguments{"report", "--json", "-"};
+        arguments.insert(arguments.end(), outputs.begin(), outputs.end());
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 0) << outcome.error;
+        return nlohmann::json::parse(outcome.output);
+    }
+
+    std::atomic<bool> isInterrupted_ = false;
+
+private:
+    torvel::test::TemporaryDirectory directory_;
+    NativePath before_;
+};
+
+/// Whether a text begins with another one; the rest tells of times.
+bool begins(const std::string& text, std::string_view beginning) {
+    return text.starts_with(beginning);
+}
+
+}  // namespace
+
+TEST_F(CommandTest, ConvertWithoutAProjectFile) {
+    write("programs/a.pgm", "#include \"inc/b.pgm\"\nG1 X1\nPROBE X\n");
+    write("programs/inc/b.pgm", "DVAR $a\n");
+    write("programs/sub/c.prg", "HOME Spindle\n");
+    write("machine.xml",
+          "<Parameters><Axes><Axis><P n=\"AxisName\">Spindle</P></Axis></Axes></Parameters>");
+    const Outcome outcome = run({"convert", "programs", "-o", "converted", "-p", "machine.xml"});
+
+    EXPECT_EQ(outcome.status, 0) << outcome.error;
+    EXPECT_EQ(outcome.error, "");
+    EXPECT_TRUE(begins(outcome.output, "Converted 2 programs in ")) << outcome.output;
+    EXPECT_EQ(read("converted/a.torvel"),
+              "// #include \"inc/b.pgm\" // start\n"
+              "var $a\n"
+              "\n"
+              "// #include \"inc/b.pgm\" // end\n"
+              "#error_unconvertible (a.pgm:2): G1 X1\n"
+              "#error_unconvertible (a.pgm:3): PROBE X\n"
+              "\n");
+    EXPECT_EQ(read("converted/sub/c.torvel"), "Home(Spindle)\n\n");
+    EXPECT_EQ(read("converted/sub/c.log"), "");
+    EXPECT_FALSE(std::filesystem::exists(path("converted/inc/b.torvel")));
+}
+
+TEST_F(CommandTest, OutputsAreThoseOfTheConverter) {
+    std::filesystem::copy(NativePath(TORVEL_SOURCE_DIR) / "examples/plant", path("."),
+                          std::filesystem::copy_options::recursive);
+    EXPECT_EQ(run({"convert", "-q"}).status, 0);
+    const nlohmann::json plant = report();
+    ASSERT_EQ(plant["programs"].size(), 40U);
+    std::size_t compared = 0;
+    for (const nlohmann::json& program : plant["programs"]) {
+        const std::string source = program["path"];
+        std::vector<std::string> arguments{"-o", path("alone").string(), path(source).string()};
+        if (const std::string machine = program["machine"]; !machine.empty()) {
+            arguments.insert(arguments.begin(), {"-p", path(machine + "/machine.xml").string()});
+        }
+        std::filesystem::create_directories(path("alone"));
+        if (program["status"] != "converted" || runCommand(arguments).status != 0) {
+            continue;  // an include in another case
+        }
+        const std::string stem = NativePath(source).stem().string();
+        const std::string output = program["output"];
+        if (stem != "labels") {  // it uses a name of the site
+            EXPECT_EQ(read("alone/" + stem + ".torvel"), read(output)) << source;
+            EXPECT_EQ(read("alone/" + stem + ".log"),
+                      read(output.substr(0, output.size() - 6) + "log"))
+                << source;
+            ++compared;
+        }
+    }
+    EXPECT_GE(compared, 20U);
+}
+
+TEST_F(CommandTest, ASecondRunHasNothingToDo) {
+    write("programs/a.pgm", "G1 X1\n");
+    write("programs/b.pgm", "G1 X2\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    const Outcome second = run({"convert", "programs"});
+    EXPECT_TRUE(begins(second.output, "Converted 0 programs in "));
+    EXPECT_NE(second.output.find("; 2 had not changed.\n"), std::string::npos) << second.output;
+    write("programs/b.pgm", "G1 X3\n");
+    const Outcome third = run({"convert", "programs", "--quiet"});
+    EXPECT_EQ(third.output, "");
+    EXPECT_EQ(read("converted/b.torvel"), "G1 X3\n\n");
+    std::filesystem::remove(path("programs/a.pgm"));
+    const Outcome fourth = run({"convert", "programs"});
+    EXPECT_NE(fourth.output.find("; 1 had not changed; 1 is not there any more.\n"),
+              std::string::npos)
+        << fourth.output;
+}
+
+TEST_F(CommandTest, TheListGetsShorterAndEditsStay) {
+    write("migration.toml", "sources = [\"programs\"]\n");
+    write("programs/a.pgm", "G1 X1\nPROBE X\nPROBE Y\nG1 X4\n");
+    EXPECT_EQ(run({"convert"}).status, 0);
+    EXPECT_EQ(report()["totals"]["open"]["rewrite"]["inOutputs"], 2);
+    write("converted/a.torvel",
+          "G1 X1\nProbeByHand(X)\n#error_unconvertible (a.pgm:3): PROBE Y\nG1 X4\n\n");
+    EXPECT_EQ(report()["totals"]["open"]["rewrite"]["inOutputs"], 1);
+    EXPECT_EQ(report()["programs"][0]["status"], "edited");
+
+    // A line at the top of the source moves the marker; another one changes in a line of its own.
+    write("programs/a.pgm", "; head\nG1 X1\nPROBE X\nPROBE Y\nG1 X4\n\n\nG1 X5\n");
+    EXPECT_EQ(run({"convert"}).status, 0);
+    EXPECT_EQ(read("converted/a.torvel"),
+              "// head\nG1 X1\nProbeByHand(X)\n#error_unconvertible (a.pgm:4): PROBE Y\nG1 X4\n\n\n"
+              "G1 X5\n\n");
+    EXPECT_EQ(report()["totals"]["open"]["rewrite"]["inOutputs"], 1);
+}
+
+TEST_F(CommandTest, EditsThatCannotBeMergedWaitForAPerson) {
+    write("programs/a.pgm", "G1 X1\nG1 X2\nG1 X3\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    write("converted/a.torvel", "G1 X1\nG1 X2.5\nG1 X3\n\n");
+    write("programs/a.pgm", "G1 X1\nG1 X7\nG1 X3\n");
+    const Outcome outcome = run({"convert", "programs"});
+    EXPECT_NE(outcome.error.find("a.torvel was edited in lines that the converter generates in "
+                                 "another way now."),
+              std::string::npos)
+        << outcome.error;
+    EXPECT_EQ(read("converted/a.torvel"), "G1 X1\nG1 X2.5\nG1 X3\n\n");
+    const std::string conflict = read("converted/a.torvel.conflict");
+    for (const char* const text : {"G1 X2.5\n", "G1 X2\n", "G1 X7\n"}) {
+        EXPECT_NE(conflict.find(text), std::string::npos) << conflict;
+    }
+    EXPECT_EQ(report({"converted"})["programs"][0]["outputState"], "conflict");
+    // A person decides for the new text.
+    write("converted/a.torvel", "G1 X1\nG1 X7\nG1 X3\n\n");
+    std::filesystem::remove(path("converted/a.torvel.conflict"));
+    EXPECT_EQ(run({"convert", "programs"}).error, "");
+    EXPECT_EQ(report({"converted"})["programs"][0]["outputState"], "as-generated");
+}
+
+TEST_F(CommandTest, TheGate) {
+    write("migration.toml", "sources = [\"programs\"]\n");
+    write("programs/a.pgm", "PROBE X\n$a = 1e3\n");
+    EXPECT_EQ(run({"convert"}).status, 0);  // neither a baseline nor --fail-on
+    EXPECT_EQ(run({"convert", "--fail-on", "complete"}).status, 0);
+    EXPECT_EQ(run({"convert", "--fail-on", "rewrite"}).status, 3);
+    EXPECT_EQ(run({"convert", "--fail-on", "moves"}).status, 3);
+    EXPECT_EQ(run({"convert", "--fail-on", "any"}).status, 3);
+
+    const Outcome accepted = run({"accept"});
+    EXPECT_EQ(accepted.status, 0);
+    EXPECT_TRUE(begins(accepted.output, "2 findings are in the baseline ")) << accepted.output;
+    EXPECT_EQ(run({"convert"}).status, 0);
+    EXPECT_EQ(run({"convert", "--fail-on", "any"}).status, 0);
+
+    // Inserted lines make nothing new; another refused line does.
+    write("programs/a.pgm", "G1 X1\n\nPROBE X\n$a = 1e3\n");
+    EXPECT_EQ(run({"convert"}).status, 0);
+    write("programs/a.pgm", "PROBE X\n$a = 1e3\nPROBE Y\n");
+    const Outcome failed = run({"convert"});
+    EXPECT_EQ(failed.status, 3);
+    EXPECT_NE(failed.error.find("programs/a.pgm"), std::string::npos) << failed.error;
+
+    // One was repaired: it is told, and pruned.
+    write("programs/a.pgm", "PROBE X\n");
+    const Outcome repaired = run({"convert"});
+    EXPECT_EQ(repaired.status, 0);
+    EXPECT_NE(repaired.error.find("no longer needed"), std::string::npos) << repaired.error;
+    EXPECT_TRUE(begins(run({"accept"}).output, "1 finding is in the baseline "));
+}
+
+TEST_F(CommandTest, OneRunAtATime) {
+    write("programs/a.pgm", "G1 X1\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    const std::string before = read("converted/migration.sqlite");
+    const StoreLock lock(path("converted/migration.sqlite"));
+    const Outcome outcome = run({"convert", "programs"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.error.find("migration.sqlite"), std::string::npos) << outcome.error;
+    EXPECT_EQ(read("converted/migration.sqlite"), before);
+}
+
+TEST_F(CommandTest, AnInterruptedRunIsGoneOnWith) {
+    for (int i = 0; i < 20; ++i) {
+        write("programs/p" + std::to_string(i) + ".pgm", "G1 X" + std::to_string(i) + "\n");
+    }
+    isInterrupted_ = true;
+    const Outcome first = run({"convert", "programs", "-j", "1"});
+    EXPECT_EQ(first.status, 1);
+    EXPECT_EQ(first.error,
+              "Interrupted. What was converted is kept; the next run goes on from there.\n");
+    EXPECT_LT(report({"converted"})["programs"].size(), 20U);
+    isInterrupted_ = false;
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    EXPECT_EQ(report({"converted"})["programs"].size(), 20U);
+    EXPECT_EQ(read("converted/p19.torvel"), "G1 X19\n\n");
+}
+
+TEST_F(CommandTest, SeveralOutputsAreReportedTogether) {
+    write("line1/programs/a.pgm", "PROBE X\n");
+    write("line2/programs/a.pgm", "PROBE Y\n");
+    for (const std::string line : {"line1", "line2"}) {
+        EXPECT_EQ(run({"convert", line + "/programs", "-o", line + "/converted"}).status, 0);
+    }
+    const nlohmann::json together = report({"line2/converted", "line1/converted"});
+    ASSERT_EQ(together["programs"].size(), 2U);
+    EXPECT_EQ(together["programs"][0]["path"], "line1/programs/a.pgm");
+    EXPECT_EQ(together["programs"][1]["output"], "line2/converted/a.torvel");
+    EXPECT_EQ(together["programs"][1]["findings"][0]["file"], "line2/programs/a.pgm");
+    EXPECT_EQ(together["runs"].size(), 2U);
+    const Outcome status = run({"status", "line1/converted", "line2/converted"});
+    EXPECT_TRUE(begins(status.output, "2 programs in 2 folders\n")) << status.output;
+
+    // The folder is moved as a whole: the outputs are found all the same.
+    std::filesystem::rename(path("line1"), path("old"));
+    EXPECT_EQ(report({"old/converted"})["programs"][0]["outputState"], "as-generated");
+}
+
+TEST_F(CommandTest, ReportsAreWrittenAsAWhole) {
+    write("programs/a.pgm", "PROBE X\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    EXPECT_EQ(run({"report", "converted", "--csv", "f.csv", "--programs-csv", "p.csv", "--sarif",
+                   "s.sarif", "--junit", "j.xml", "--json", "r.json"})
+                  .status,
+              0);
+    for (const char* const name : {"f.csv", "p.csv", "s.sarif", "j.xml", "r.json"}) {
+        EXPECT_NE(read(name), "") << name;
+        EXPECT_FALSE(std::filesystem::exists(path(name + std::string(".part"))));
+    }
+    EXPECT_EQ(nlohmann::json::parse(read("s.sarif"))["version"], "2.1.0");
+    const Outcome refused = run({"report", "converted", "--json", "nowhere/r.json"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.error,
+              "torvel-migrate: The report \"nowhere/r.json\" cannot be written. Name a file in a "
+              "folder that is there and can be written to.\n");
+    EXPECT_EQ(run({"report", "converted"}).status, 2);
+}
+
+TEST_F(CommandTest, WhatCannotBeDone) {
+    const Outcome nothing = run({"convert"});
+    EXPECT_EQ(nothing.status, 1);
+    EXPECT_TRUE(begins(nothing.error, "torvel-migrate: No sources are named.")) << nothing.error;
+    const Outcome missing = run({"convert", "programs"});
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_NE(missing.error.find("programs"), std::string::npos);
+    const Outcome noStore = run({"status", "converted"});
+    EXPECT_EQ(noStore.status, 1);
+    EXPECT_TRUE(begins(noStore.error, "torvel-migrate: There is no store \"")) << noStore.error;
+    write("migration.toml", "sources = 1\n");
+    EXPECT_EQ(run({"convert"}).status, 1);
+    EXPECT_EQ(run({"convert", "--jobs", "x"}).status, 2);
+    const Outcome unknown = run({"explain", "value-cutt"});
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_NE(unknown.error.find("value-cut"), std::string::npos) << unknown.error;
+    const Outcome known = run({"explain", "value-cut"});
+    EXPECT_EQ(known.status, 0);
+    EXPECT_NE(known.output.find("value-cut"), std::string::npos);
+}
+
+}  // namespace torvel::migrate::test
