@@ -30,8 +30,10 @@ Translated translate(MemoryProgram& memory, const Limits& limits, std::span<cons
                      Translate translator) {
     Translated result;
     ConversionContext context{memory.program(), memory.axes(), limits, result.log, {}};
-    Statement statement{context, TokenCursor(memory.program(), tokens), result.text};
-    translator(statement, result.text);
+    StatementText text;
+    Statement statement{context, TokenCursor(memory.program(), tokens), text};
+    translator(statement, text);
+    result.text = text.toString();
     result.succeeded = !statement.isRefused;
     result.tookAll = statement.cursor.atEnd();
     require(context.nesting == 0, "an expression is left open");
@@ -52,7 +54,8 @@ Translated translate(MemoryProgram& memory, const Limits& limits, std::span<cons
 
 void translateTarget(Statement& statement, ExpressionText& out) {
     const VariableReference target = translateAssignmentTarget(statement);
-    out = target.text + (target.isCall ? "0)" : "");
+    out += target.text;
+    out += target.isCall ? "0)" : "";
 }
 
 /// An expression may stand in parentheses, which are kept, unless it is nested as deeply as may be.

@@ -63,8 +63,9 @@ void checkCover(const Program& program, std::span<const Token> tokens, std::stri
     };
     for (const Token& token : tokens) {
         skipBlanks();
-        std::string text;
-        appendTokenText(token.type, program.textOf(token), text);
+        TextBuffer printed;
+        appendTokenText(token.type, program.textOf(token), printed);
+        const std::string text = printed.toString();
         const std::string_view rest = line.substr(at);
         checkKind(token.type, text);
         if (token.type == TokenType::STRING_LITERAL) {

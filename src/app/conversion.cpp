@@ -29,7 +29,7 @@ struct ConvertedLine {
 struct ConvertedPart {
     std::size_t first = 0;
     std::vector<ConvertedLine> lines;
-    std::string text;
+    TextBuffer text;
     MessageLog log;
     /// Null: nobody asks for findings.
     std::unique_ptr<CheckRecord> record;

@@ -8,18 +8,18 @@ namespace torvel {
 
 namespace {
 
-void appendMarker(const Program& program, const SourceLine& line, std::string& out) {
+void appendMarker(const Program& program, const SourceLine& line, TextBuffer& out) {
     out += "#error_unconvertible (";
     out += line.inclusion->file->name;
     out += ':';
-    out += std::to_string(line.lineNumber);
+    appendNumber(line.lineNumber, out);
     out += "): ";
     out += program.text.view(line.text);
 }
 
 /// The text, trimmed, and the comment behind it. False: nothing but white space came of it.
 bool appendConverted(const Program& program, const SourceLine& line, std::string_view text,
-                     std::string& out) {
+                     TextBuffer& out) {
     const std::string_view trimmed = trimBlanks(text);
     const bool isBlankLine = std::all_of(trimmed.begin(), trimmed.end(), isWhiteSpace);
     out += trimmed;
@@ -34,7 +34,7 @@ bool appendConverted(const Program& program, const SourceLine& line, std::string
 
 void OutputLayout::write(const Program& program, const SourceLine& line,
                          std::optional<std::string_view> text, BlockEffect effect,
-                         std::string& out) {
+                         TextBuffer& out) {
     const bool closes = effect == BlockEffect::Closes || effect == BlockEffect::Continues;
     const bool opens = effect == BlockEffect::Opens || effect == BlockEffect::Continues;
     if (closes && level_ > 0) {
@@ -48,7 +48,7 @@ void OutputLayout::write(const Program& program, const SourceLine& line,
     if (!text) {
         appendMarker(program, line, out);
     } else if (!appendConverted(program, line, *text, out)) {
-        out.resize(start);  // an empty line has no tabs
+        out.truncate(start);  // an empty line has no tabs
     }
     out += '\n';
 }

@@ -15,7 +15,7 @@ public:
     /// Appends the line, with its line end, to `out`. `text` is its converted text; none: it could not
     /// be converted.
     void write(const Program& program, const SourceLine& line, std::optional<std::string_view> text,
-               BlockEffect effect, std::string& out);
+               BlockEffect effect, TextBuffer& out);
 
 private:
     unsigned level_ = 0;

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "src/base/text-buffer.h"
+
 // What the program needs of the operating system's files. Paths are byte strings in the system's code
 // page where users see or write them, and the system's own form (NativePath) for opening.
 // file-system.cpp holds what is the same everywhere; file-system-posix.cpp what is not.
@@ -95,7 +97,7 @@ public:
     bool open(const NativePath& path);
     void write(std::string_view text) { buffer() += text; }
     /// The text that is not written yet, for appending to it.
-    std::string& buffer() {
+    TextBuffer& buffer() {
         if (buffer_.size() >= bufferSize) {
             flush();
         }
@@ -117,7 +119,7 @@ private:
 
     int descriptor_ = -1;
     bool failed_ = false;
-    std::string buffer_;
+    TextBuffer buffer_;
 };
 
 }  // namespace torvel

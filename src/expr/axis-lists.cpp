@@ -28,8 +28,8 @@ void translateAxisAtRunTime(Statement& statement,
 
 }  // namespace
 
-std::vector<std::string> translateAxisList(Statement& statement) {
-    std::vector<std::string> axes;
+std::vector<ExpressionText> translateAxisList(Statement& statement) {
+    std::vector<ExpressionText> axes;
     while (!statement.isRefused) {
         if (isAxis(statement.cursor.type())) {
             axes.emplace_back(statement.cursor.text());
@@ -45,10 +45,10 @@ std::vector<std::string> translateAxisList(Statement& statement) {
     return axes;
 }
 
-std::vector<std::string> translateAxes(Statement& statement) {
+std::vector<ExpressionText> translateAxes(Statement& statement) {
     static constexpr TokenType accepted[] = {TokenType::AXIS_NAME, TokenType::AXIS_DEFINE,
                                              TokenType::AT};
-    std::vector<std::string> axes = translateAxisList(statement);
+    std::vector<ExpressionText> axes = translateAxisList(statement);
     if (axes.empty()) {
         reportUnexpectedToken(statement, accepted);
     }
@@ -64,7 +64,7 @@ void translateSingleAxis(Statement& statement, ExpressionText& out) {
         cursor.advance();
         return;
     }
-    const std::vector<std::string> axes = translateAxisList(statement);
+    const std::vector<ExpressionText> axes = translateAxisList(statement);
     if (axes.size() != 1) {
         refuse(statement, Message::SingleAxisExpected);
         return;

@@ -14,10 +14,10 @@ constexpr bool isAxis(TokenType type) {
 
 /// Reads axes that stand next to each other: names, preserved axis defines, "@" expressions. The list
 /// ends at any other token; it may be empty.
-std::vector<std::string> translateAxisList(Statement& statement);
+std::vector<ExpressionText> translateAxisList(Statement& statement);
 
 /// Reads axes, at least one: for statements and terms that Torvel has one of per axis.
-std::vector<std::string> translateAxes(Statement& statement);
+std::vector<ExpressionText> translateAxes(Statement& statement);
 
 /// Reads axes, of which there must be exactly one.
 void translateSingleAxis(Statement& statement, ExpressionText& out);

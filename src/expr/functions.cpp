@@ -27,7 +27,13 @@ Precedence translateRand(Statement& statement, ExpressionText& out) {
     translateExpression(statement, seed);
     expectToken(statement, TokenType::RIGHT_PAREN);
     const bool isNext = parseIntegerText(seed) == 0;
-    out += isNext ? "RandomNextReal()" : "RandomSeed(" + seed + ")";
+    if (isNext) {
+        out += "RandomNextReal()";
+    } else {
+        out += "RandomSeed(";
+        out += seed;
+        out += ')';
+    }
     if (!isNext) {
         noteCheck(statement, Check::RandomSeed, first);
     }
@@ -76,7 +82,7 @@ Precedence translateStrfind(Statement& statement, ExpressionText& out) {
 /// (StatusGetAxisItem(axis, ...) != 0) for each axis, joined by &&
 Precedence translateIsDone(Statement& statement, ExpressionText& out) {
     expectToken(statement, TokenType::LEFT_PAREN);
-    const std::vector<std::string> axes = translateAxes(statement);
+    const std::vector<ExpressionText> axes = translateAxes(statement);
     expectToken(statement, TokenType::RIGHT_PAREN);
     for (std::size_t i = 0; i < axes.size(); ++i) {
         out += i == 0 ? "" : " && ";

@@ -78,11 +78,11 @@ std::optional<double> parseRealText(std::string_view text) {
     return negative ? -value : value;
 }
 
-void appendReal(double value, std::string& out) {
+void appendReal(double value, TextBuffer& out) {
     std::array<char, 32> buffer;
     const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                             std::chars_format::general, 17);
-    out.append(buffer.data(), end);
+    out += std::string_view(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
 }
 
 }  // namespace torvel

@@ -2,8 +2,9 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
+
+#include "src/base/text-buffer.h"
 
 namespace torvel {
 
@@ -18,6 +19,6 @@ std::optional<std::int32_t> parseIntegerText(std::string_view text);
 std::optional<double> parseRealText(std::string_view text);
 
 /// Appends `value` as C's "%.17g" writes it.
-void appendReal(double value, std::string& out);
+void appendReal(double value, TextBuffer& out);
 
 }  // namespace torvel

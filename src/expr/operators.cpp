@@ -85,7 +85,7 @@ public:
             return false;
         }
         value_ = sign == TokenType::PLUS ? *value_ + *right : *value_ - *right;
-        out.resize(start_);
+        out.truncate(start_);
         appendReal(*value_, out);
         return true;
     }

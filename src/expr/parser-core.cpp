@@ -104,14 +104,14 @@ OpenConstruct::OpenConstruct(Statement& statement) : context_(statement.context)
     }
 }
 
-void joinItems(std::span<const std::string> items, ExpressionText& out) {
+void joinItems(std::span<const ExpressionText> items, ExpressionText& out) {
     for (std::size_t i = 0; i < items.size(); ++i) {
         out += i == 0 ? "" : ", ";
         out += items[i];
     }
 }
 
-void formatList(std::span<const std::string> items, bool collapseSingle, ExpressionText& out) {
+void formatList(std::span<const ExpressionText> items, bool collapseSingle, ExpressionText& out) {
     const bool isBare = collapseSingle && items.size() == 1;
     out += isBare ? "" : "[";
     joinItems(items, out);

@@ -10,6 +10,7 @@
 #include "src/base/check-record.h"
 #include "src/base/messages.h"
 #include "src/base/program.h"
+#include "src/base/text-buffer.h"
 #include "src/expr/reference-rows.h"
 #include "src/lex/axis-names.h"
 #include "src/limits.h"
@@ -26,10 +27,10 @@
 namespace torvel {
 
 /// Torvel text of an expression or a part of one, under construction.
-using ExpressionText = std::string;
+using ExpressionText = TextBuffer;
 
 /// Torvel text of a statement, under construction: one line, or several joined by line feeds.
-using StatementText = std::string;
+using StatementText = TextBuffer;
 
 /// A problem that the conversion met, and the line where it met it.
 struct ConversionMessage {
@@ -204,9 +205,9 @@ private:
 };
 
 /// The items separated by ", ".
-void joinItems(std::span<const std::string> items, ExpressionText& out);
+void joinItems(std::span<const ExpressionText> items, ExpressionText& out);
 
 /// "[" and the items separated by ", " and "]". With `collapseSingle` one item stands alone.
-void formatList(std::span<const std::string> items, bool collapseSingle, ExpressionText& out);
+void formatList(std::span<const ExpressionText> items, bool collapseSingle, ExpressionText& out);
 
 }  // namespace torvel

@@ -75,8 +75,8 @@ constexpr bool bindsBehind(Precedence text, const BinaryOperator& entry) {
 }
 
 /// Puts the text from `start` on into parentheses.
-inline void parenthesise(std::string& out, std::size_t start) {
-    out.insert(start, 1, '(');
+inline void parenthesise(TextBuffer& out, std::size_t start) {
+    out.insert(start, '(');
     out += ')';
 }
 

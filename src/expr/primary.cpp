@@ -39,7 +39,7 @@ Precedence translateParenthesised(Statement& statement, ExpressionText& out) {
         out += ')';
         return Precedence::primary;
     }
-    out.erase(start, 1);
+    out.erase(start);
     return out[start] == '-' ? Precedence::unary : Precedence::primary;
 }
 

@@ -328,7 +328,7 @@ std::span<const Token> tokensOf(const Program& program, const LineList& list, st
     return {room.data(), room.size()};
 }
 
-void appendTokenText(TokenType type, std::string_view source, std::string& out) {
+void appendTokenText(TokenType type, std::string_view source, TextBuffer& out) {
     if (type == TokenType::HEX_LITERAL) {
         out += "0x";
         out += source.substr(2);

@@ -25,7 +25,7 @@ std::span<const Token> tokensOf(const Program& program, const LineList& list, st
 
 /// Appends a token's text: its source, but "0x" in front of every hexadecimal literal's digits, and an
 /// upper-case F behind an axis feedrate specifier.
-void appendTokenText(TokenType type, std::string_view source, std::string& out);
+void appendTokenText(TokenType type, std::string_view source, TextBuffer& out);
 
 /// The length of the axis name that is the first token of `text`, which begins with a word; 0 if its
 /// first token is another.

@@ -7,11 +7,11 @@ namespace torvel {
 /// AutofocusOn(axis) | AutofocusOff(axis), a call for each axis
 void convertAutofocus(Statement& statement) {
     statement.cursor.advance();
-    const std::vector<std::string> axes = translateAxes(statement);
+    const std::vector<ExpressionText> axes = translateAxes(statement);
     acceptToken(statement, TokenType::COMMA);
     const bool isOn = statement.cursor.is(TokenType::ON);
     expectToken(statement, {TokenType::ON, TokenType::OFF});
-    for (const std::string& axis : axes) {
+    for (const ExpressionText& axis : axes) {
         statement.text += &axis == &axes.front() ? "" : "\n";
         statement.text += isOn ? "AutofocusOn(" : "AutofocusOff(";
         statement.text += axis;

@@ -25,7 +25,7 @@ AxisWord readAxisWord(Statement& statement) {
     } else if (!isOneOf(type, wordBeginnings)) {
         reportUnexpectedToken(statement, wordBeginnings);
     } else if (isAddressLetter(type)) {
-        word.name = upperCase(statement.cursor.text()[0]);
+        word.name += upperCase(statement.cursor.text()[0]);
         statement.cursor.advance();
     } else {
         word.isAxis = true;

@@ -10,7 +10,7 @@ namespace torvel {
 /// A word of a circular move or an axis point: a name and a value.
 struct AxisWord {
     /// An axis as Torvel text, or one upper-case letter.
-    std::string name;
+    ExpressionText name;
     bool isAxis = false;
     ExpressionText value;
 };

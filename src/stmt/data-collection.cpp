@@ -9,7 +9,7 @@ namespace torvel {
 
 /// DATACOLLECT START a , b , c [, d [, e]]: has its own function in Torvel, with other arguments.
 void convertCollectionStart(Statement& statement, std::string_view) {
-    std::string operand;
+    ExpressionText operand;
     translateExpression(statement, operand);
     for (int number = 1; number < 5 && (number < 3 || statement.cursor.is(TokenType::COMMA));
          ++number) {
@@ -22,7 +22,7 @@ void convertCollectionStart(Statement& statement, std::string_view) {
 namespace {
 
 /// The axis or task that an item is collected of: an axis, or an axis number.
-void translateTarget(Statement& statement, std::string& target) {
+void translateTarget(Statement& statement, ExpressionText& target) {
     const TokenType type = statement.cursor.type();
     if (isAxis(type) || type == TokenType::PERCENT) {
         translateSingleAxis(statement, target);
@@ -95,25 +95,25 @@ void convertCollectionItem(Statement& statement, std::string_view) {
     const Token* const slotPlace = statement.cursor.place();
     {
         const UnwrittenOperand dropped(statement, UnwrittenOperand::Value::isDropped);
-        std::string slot;
+        ExpressionText slot;
         translateExpression(statement, slot);
     }
     noteCheck(statement, Check::OperandDropped, slotPlace);
     expectToken(statement, TokenType::COMMA);
     const Token* const targetPlace = statement.cursor.place();
     const bool isNumber = statement.cursor.is(TokenType::INTEGER_LITERAL);
-    std::string target;
+    ExpressionText target;
     translateTarget(statement, target);
     const Token* const targetEnd = statement.cursor.place();
     expectToken(statement, TokenType::COMMA);
     const Token* const itemPlace = statement.cursor.place();
-    std::string item;
+    ExpressionText item;
     {
         const UnwrittenOperand unwritten(statement);
         translateExpression(statement, item);
     }
     const std::optional<Signal> signal = findSignal(statement, item, itemPlace);
-    std::string argument;
+    ExpressionText argument;
     if (acceptToken(statement, TokenType::COMMA)) {
         argument = ", ";
         translateExpression(statement, argument);
@@ -135,9 +135,13 @@ void convertCollectionItem(Statement& statement, std::string_view) {
         noteCheck(statement, table.targetCheck, targetPlace, targetEnd);
     }
     statement.text += table.call;
-    statement.text += table.hasTarget ? target + ", " : "";
+    if (table.hasTarget) {
+        statement.text += target;
+        statement.text += ", ";
+    }
     statement.text += signal->name;
-    statement.text += argument + ")";
+    statement.text += argument;
+    statement.text += ')';
 }
 
 }  // namespace torvel

@@ -9,7 +9,7 @@ namespace {
 /// call(task, code, location)
 void convertRaise(Statement& statement, std::string_view call) {
     statement.cursor.advance();
-    std::string operands;
+    ExpressionText operands;
     translateExpression(statement, operands);
     expectToken(statement, TokenType::COMMA);
     operands += ", ";

@@ -267,7 +267,7 @@ void writeLineWord(Statement& statement, bool& expectsDwell) {
             break;
         }
         case TokenType::AXIS_FEEDRATE: {
-            std::string specifier;
+            ExpressionText specifier;
             appendTokenText(type, cursor.text(), specifier);
             cursor.advance();
             writeAxisValue(statement, specifier, specifier.size() - 1);

@@ -6,7 +6,7 @@ namespace torvel {
 
 /// IFOV AXISPAIR value , axis , axis: has its own function in Torvel, with other arguments.
 void convertIfovAxisPair(Statement& statement, std::string_view) {
-    std::string operand;
+    ExpressionText operand;
     translateExpression(statement, operand);
     expectToken(statement, TokenType::COMMA);
     translateSingleAxis(statement, operand);

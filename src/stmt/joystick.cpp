@@ -5,8 +5,9 @@ namespace torvel {
 
 namespace {
 
-const std::string joystickInputs[] = {"JoystickInput.Input0", "JoystickInput.Input1",
-                                      "JoystickInput.Input2"};
+const ExpressionText joystickInputs[] = {ExpressionText("JoystickInput.Input0"),
+                                         ExpressionText("JoystickInput.Input1"),
+                                         ExpressionText("JoystickInput.Input2")};
 
 /// AXISGROUP NONE | axes
 /// JoystickAxisGroupRemoveAll() | JoystickAxisGroupAdd([axes], [inputs])
@@ -15,7 +16,7 @@ void writeJoystickAxes(Statement& statement) {
         statement.text += "JoystickAxisGroupRemoveAll()";
         return;
     }
-    const std::vector<std::string> axes = translateAxisList(statement);
+    const std::vector<ExpressionText> axes = translateAxisList(statement);
     if (axes.empty() || axes.size() > std::size(joystickInputs)) {
         refuse(statement, Message::OneToThreeAxesExpected);
         return;

@@ -24,7 +24,7 @@ void convertConditionWait(Statement& statement, std::string_view) {
             translateExpression(statement, option);
         }
         if (option == "-1") {
-            statement.text.resize(timeStart);
+            statement.text.truncate(timeStart);
         } else {
             noteCheck(statement, Check::WaitOption, first);
         }
@@ -39,9 +39,9 @@ void convertConditionWait(Statement& statement, std::string_view) {
 void convertPvt(Statement& statement) {
     const bool hasVelocities = statement.cursor.is(TokenType::PVT);
     statement.cursor.advance();
-    std::vector<std::string> axes;
-    std::vector<std::string> positions;
-    std::vector<std::string> velocities;
+    std::vector<ExpressionText> axes;
+    std::vector<ExpressionText> positions;
+    std::vector<ExpressionText> velocities;
     do {
         translateSingleAxis(statement, axes.emplace_back());
         acceptToken(statement, TokenType::COMMA);

@@ -9,8 +9,8 @@ void convertPositionOffset(Statement& statement, std::string_view) {
     if (statement.cursor.atEnd()) {
         refuse(statement, Message::AxisPointOrWordExpected);
     }
-    std::vector<std::string> axes;
-    std::vector<std::string> values;
+    std::vector<ExpressionText> axes;
+    std::vector<ExpressionText> values;
     for (AxisWord& point : readAxisPoints(statement)) {
         if (!point.isAxis) {
             refuse(statement, Message::AxisPointExpected);

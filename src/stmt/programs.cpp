@@ -60,7 +60,7 @@ void reportNoWord(Statement& statement) {
 }
 
 /// [task [,]] in front of the word; without one what the word's call has in its place.
-const ProgramCall* readTask(Statement& statement, std::string& task) {
+const ProgramCall* readTask(Statement& statement, ExpressionText& task) {
     if (const ProgramCall* call = findCall(statement.cursor.type())) {
         task = call->ownTask;
         return call;
@@ -80,7 +80,7 @@ const ProgramCall* readTask(Statement& statement, std::string& task) {
 /// PROGRAM RESTART                                          ProgramRestart()
 void convertProgramControl(Statement& statement) {
     statement.cursor.advance();
-    std::string task;
+    ExpressionText task;
     const ProgramCall* call = readTask(statement, task);
     if (call == nullptr) {
         reportNoWord(statement);

@@ -26,9 +26,9 @@ RampSide readSide(Statement& statement) {
 }
 
 /// [axes], in brackets if there are several; empty if there are none.
-std::string readRampAxes(Statement& statement) {
-    const std::vector<std::string> list = translateAxisList(statement);
-    std::string axes;
+ExpressionText readRampAxes(Statement& statement) {
+    const std::vector<ExpressionText> list = translateAxisList(statement);
+    ExpressionText axes;
     if (!list.empty()) {
         formatList(list, true, axes);
     }
@@ -70,11 +70,11 @@ void advisePlaceholder(Statement& statement, const RampCall& call, bool forAxes)
 
 /// RAMP MODE RATE | TIME [ACCEL | DECEL] [axes]
 void convertRampMode(Statement& statement, std::string_view) {
-    std::string mode;
+    ExpressionText mode;
     translateNamedOperand(statement, OperandSet::rampMode, Presence::required, mode);
     const RampSide side = readSide(statement);
-    const std::string axes = readRampAxes(statement);
-    std::string arguments;
+    const ExpressionText axes = readRampAxes(statement);
+    ExpressionText arguments;
     switch (side) {
         case RampSide::both: arguments = mode + ", /* $rampValue */"; break;
         case RampSide::acceleration:
@@ -93,15 +93,15 @@ void convertRampMode(Statement& statement, std::string_view) {
 namespace {
 
 /// The arguments behind the axis, or those of the coordinated call, for one value.
-std::string rampArguments(RampSide side, std::string_view mode, std::string_view value,
-                          bool forAxis) {
-    std::string given(mode);
+ExpressionText rampArguments(RampSide side, std::string_view mode, std::string_view value,
+                             bool forAxis) {
+    ExpressionText given(mode);
     given += ", ";
     given += value;
     switch (side) {
         case RampSide::acceleration: return given + ", /* $rampModeDecel */, /* $rampValueDecel */";
         case RampSide::deceleration: return "/* $rampModeAccel */, /* $rampValueAccel */, " + given;
-        default: return forAxis ? given : std::string(value);
+        default: return forAxis ? given : ExpressionText(value);
     }
 }
 
@@ -133,7 +133,7 @@ void convertRampValue(Statement& statement, std::string_view mode) {
         writeAxisRamps(statement, side, mode);
     } else {
         const Token* const first = statement.cursor.place();
-        std::string value;
+        ExpressionText value;
         translateExpression(statement, value);
         if (side == RampSide::both) {
             noteCheck(statement, Check::RampUnit, first - 2);
@@ -178,10 +178,10 @@ namespace {
 /// [ACCEL | DECEL] [axes] for the types that need no argument. Only the plain coordinated linear form
 /// goes without a message; the sine form, which is as complete, has one on purpose.
 void writeSimpleRampType(Statement& statement, bool isLinear) {
-    const std::string type = isLinear ? "RampType.Linear" : "RampType.Sine";
+    const ExpressionText type(isLinear ? "RampType.Linear" : "RampType.Sine");
     const RampSide side = readSide(statement);
-    const std::string axes = readRampAxes(statement);
-    std::string arguments;
+    const ExpressionText axes = readRampAxes(statement);
+    ExpressionText arguments;
     switch (side) {
         case RampSide::both: arguments = axes.empty() ? type + ", 0" : type; break;
         case RampSide::acceleration:

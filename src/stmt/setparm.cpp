@@ -10,7 +10,7 @@ namespace torvel {
 namespace {
 
 /// "[" number "]" of an axis parameter, which gives its name
-void translateParameterName(Statement& statement, std::string& name) {
+void translateParameterName(Statement& statement, ExpressionText& name) {
     const Token* const first = statement.cursor.place();
     expectToken(statement, TokenType::AXIS_PARAMETER);
     expectToken(statement, TokenType::LEFT_BRACKET);
@@ -30,16 +30,16 @@ void translateParameterName(Statement& statement, std::string& name) {
 /// ParameterSetAxisValue(axis, parameter, value), a call for each axis
 void convertSetparm(Statement& statement) {
     statement.cursor.advance();
-    const std::vector<std::string> axes = translateAxes(statement);
+    const std::vector<ExpressionText> axes = translateAxes(statement);
     acceptToken(statement, TokenType::COMMA);
-    std::string arguments = ", ";
+    ExpressionText arguments(", ");
     translateParameterName(statement, arguments);
     acceptToken(statement, TokenType::COMMA);
     arguments += ", ";
     const Token* const value = statement.cursor.place();
     translateExpression(statement, arguments);
     checkJoinedBySign(statement, value);
-    for (const std::string& axis : axes) {
+    for (const ExpressionText& axis : axes) {
         statement.text += &axis == &axes.front() ? "" : "\n";
         statement.text += "ParameterSetAxisValue(";
         statement.text += axis;

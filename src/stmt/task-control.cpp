@@ -10,7 +10,7 @@ namespace {
 /// call(task, value)
 void convertOverride(Statement& statement, std::string_view call) {
     statement.cursor.advance();
-    std::string first;
+    ExpressionText first;
     const Token* const begin = statement.cursor.place();
     translateExpression(statement, first);
     checkJoinedBySign(statement, begin);

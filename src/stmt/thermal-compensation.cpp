@@ -8,7 +8,7 @@ namespace torvel {
 /// ThermoCompConfigureMode(values, mode)
 void convertThermocompMode(Statement& statement, std::string_view) {
     statement.text += "ThermoCompConfigureMode(";
-    std::string mode;
+    ExpressionText mode;
     translateExpression(statement, mode);
     while (acceptToken(statement, TokenType::COMMA)) {
         statement.text += mode + ", ";

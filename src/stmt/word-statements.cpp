@@ -194,7 +194,7 @@ struct Words {
 
 /// The operand in front of the word.
 void translateLead(Statement& statement, const Lead& lead, const Words& words,
-                   std::string& leadText) {
+                   ExpressionText& leadText) {
     if (lead.isTask && words.find(statement) != nullptr) {
         leadText = "TaskGetIndex()";
         return;
@@ -208,7 +208,7 @@ void translateLead(Statement& statement, const Lead& lead, const Words& words,
 }
 
 void convertWord(Statement& statement, const Lead& lead, const Words& words,
-                 std::string& leadText) {
+                 ExpressionText& leadText) {
     translateLead(statement, lead, words, leadText);
     const WordRow* row = words.find(statement);
     if (row == nullptr) {
@@ -241,7 +241,7 @@ void convertWord(Statement& statement, const Lead& lead, const Words& words,
 void convertByWord(Statement& statement) {
     const KeywordWords& words = keywordWords[static_cast<std::uint32_t>(statement.cursor.type())];
     statement.cursor.advance();
-    std::string leadText;
+    ExpressionText leadText;
     convertWord(statement, words.lead,
                 {std::span(wordRows).subspan(words.firstRow, words.rowCount), none}, leadText);
 }

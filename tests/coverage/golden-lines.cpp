@@ -60,7 +60,9 @@ void addLines(std::vector<GoldenLine>& lines, const Program& program, const Axis
         MessageLog log;
         ConversionContext context{program, axes, limits, log, list.lines[number].position()};
         BlockEffect effect{};
-        line.isConverted = convertStatement(context, tokens, line.text, effect);
+        StatementText text;
+        line.isConverted = convertStatement(context, tokens, text, effect);
+        line.text = text.toString();
         for (const ConversionMessage& message : log) {
             line.messages.push_back(message.text);
         }

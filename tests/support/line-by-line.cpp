@@ -58,12 +58,16 @@ bool LineByLine::step() {
     context_.position = line.position;
     line.messagesBefore = log_.size();
     BlockEffect effect{};
+    StatementText text;
     line.isConverted = convertStatement(
-        context_, lexedTokens(program, program.list, number, context_.axes), line.text, effect);
+        context_, lexedTokens(program, program.list, number, context_.axes), text, effect);
+    line.text = text.toString();
     line.messagesAfter = log_.size();
+    TextBuffer output;
     layout_.write(program, source,
                   line.isConverted ? std::optional<std::string_view>(line.text) : std::nullopt,
-                  effect, output_);
+                  effect, output);
+    output_ += output;
     return true;
 }
 

@@ -44,7 +44,9 @@ std::string printTokens(const Program& program, std::span<const Token> tokens) {
         }
         printed += token.type == macroCallToken ? "macro call" : tokenTypeName(token.type);
         printed += ':';
-        appendTokenText(token.type, program.textOf(token), printed);
+        TextBuffer text;
+        appendTokenText(token.type, program.textOf(token), text);
+        printed += text;
         if (isPreservedDefine(token.type)) {
             printed += '=';
             printed += program.valueOf(token);

@@ -30,7 +30,7 @@ std::string translateCode(const std::string& code, Translator translator) {
     Statement statement{context, TokenCursor(source.program, tokens), text};
     translator(statement);
 
-    std::string printed = statement.isRefused ? std::string() : text;
+    std::string printed = statement.isRefused ? std::string() : text.toString();
     for (const ConversionMessage& message : log) {
         printed += printed.empty() ? "! " : " ! ";
         printed += message.text;
@@ -53,7 +53,8 @@ TableDriver textOf(Result (*translate)(Statement&, ExpressionText&)) {
 std::string assignmentTarget(const std::string& code) {
     return translateCode(code, [](Statement& statement) {
         const VariableReference target = translateAssignmentTarget(statement);
-        statement.text = target.text + (target.isCall ? "..." : "");
+        statement.text += target.text;
+        statement.text += target.isCall ? "..." : "";
     });
 }
 
@@ -65,20 +66,20 @@ std::string unexpectedToken(const std::string& input) {
         for (unsigned number = 0; numbers >> number;) {
             types.push_back(static_cast<TokenType>(number));
         }
-        statement.text = expectToken(statement, TokenTypes(types));
+        statement.text += expectToken(statement, TokenTypes(types));
     });
 }
 
 std::string list(const std::string& input) {
     const auto [flag, itemText] = splitInput(input);
-    std::vector<std::string> items;
+    std::vector<ExpressionText> items;
     std::istringstream words(itemText);
     for (std::string item; words >> item;) {
-        items.push_back(item);
+        items.emplace_back(item);
     }
-    std::string text;
+    ExpressionText text;
     formatList(items, flag == "single", text);
-    return text;
+    return text.toString();
 }
 
 std::string integerText(const std::string& text) {
@@ -88,11 +89,11 @@ std::string integerText(const std::string& text) {
 
 std::string realText(const std::string& text) {
     const std::optional<double> value = parseRealText(text);
-    std::string printed;
+    TextBuffer printed;
     if (value) {
         appendReal(*value, printed);
     }
-    return value ? printed : "nothing";
+    return value ? printed.toString() : "nothing";
 }
 
 using LookupName = std::optional<std::string_view> (*)(std::uint32_t);

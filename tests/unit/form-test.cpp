@@ -14,7 +14,7 @@ namespace torvel::test {
 namespace {
 
 struct Written {
-    std::string text;
+    ExpressionText text;
     std::vector<std::string> messages;
     /// The sources of the operands' tokens.
     std::vector<std::string> operands;

@@ -27,7 +27,7 @@ std::string repeated(const std::string& text, int count) {
 
 struct Outcome {
     bool isConverted = false;
-    std::string text;
+    StatementText text;
     std::vector<std::string> messages;
 };
 

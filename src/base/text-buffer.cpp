@@ -1,0 +1,42 @@
+#include "src/base/text-buffer.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace torvel {
+
+void TextBuffer::grow(std::size_t size) {
+    const std::size_t count = this->size();
+    const std::size_t room = std::max(size, 2 * static_cast<std::size_t>(limit_ - begin_));
+    char* const grown = new char[room];
+    std::memcpy(grown, begin_, count);
+    release();
+    begin_ = grown;
+    end_ = grown + count;
+    limit_ = grown + room;
+}
+
+void TextBuffer::take(TextBuffer& other) noexcept {
+    if (other.isInside()) {
+        begin_ = inside_;
+        limit_ = inside_ + shortSize;
+        std::memcpy(inside_, other.inside_, other.size());
+        end_ = begin_ + other.size();
+    } else {
+        begin_ = other.begin_;
+        end_ = other.end_;
+        limit_ = other.limit_;
+        other.begin_ = other.inside_;
+        other.limit_ = other.inside_ + shortSize;
+    }
+    other.end_ = other.begin_;
+}
+
+void appendNumber(std::uint32_t number, TextBuffer& out) {
+    std::array<char, 10> digits;
+    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    out += std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data()));
+}
+
+}  // namespace torvel
