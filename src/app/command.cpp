@@ -123,7 +123,7 @@ void convertFile(const CommandLine& commandLine, const Limits& limits, const Fin
     convertProgram(context, output);
     closeWritten(output, paths.output);
     for (const ConversionMessage& message : messages) {
-        log.write(logLine(message));
+        appendLogLine(message, log.buffer());
     }
     closeWritten(log, paths.log);
     if (record) {

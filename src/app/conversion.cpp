@@ -151,8 +151,9 @@ void convertProgram(ConversionContext& context, ProgramOutput& output, const Wor
     convertInto(context, MemoryTarget{output}, sharing);
 }
 
-std::string logLine(const ConversionMessage& message) {
-    return formatDiagnostic(message.position, message.text) + '\n';
+void appendLogLine(const ConversionMessage& message, std::string& log) {
+    appendDiagnostic(message.position, message.text, log);
+    log += '\n';
 }
 
 MessageLog messagesOfReading(const Program& program) {

@@ -27,8 +27,8 @@ struct ProgramOutput {
 void convertProgram(ConversionContext& context, ProgramOutput& output,
                     const WorkSharing& sharing = {});
 
-/// A message as it stands in the log, with its line end.
-std::string logLine(const ConversionMessage& message);
+/// Appends a message as it stands in the log, with its line end.
+void appendLogLine(const ConversionMessage& message, std::string& log);
 
 /// The messages about what the files of a program hold, which stand in front of those about its lines.
 MessageLog messagesOfReading(const Program& program);

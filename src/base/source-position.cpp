@@ -4,36 +4,40 @@ namespace torvel {
 
 namespace {
 
-void appendPlace(std::string& text, const SourcePosition& position) {
-    text += position.inclusion->file->displayPath;
-    text += ':';
-    text += std::to_string(position.lineNumber);
+void appendPlace(const SourcePosition& position, TextBuffer& out) {
+    out += position.inclusion->file->displayPath;
+    out += ':';
+    appendNumber(position.lineNumber, out);
 }
 
 }  // namespace
 
-std::string formatDiagnostic(const SourcePosition& position, std::string_view message) {
-    std::string text;
+void appendDiagnostic(const SourcePosition& position, std::string_view message, TextBuffer& out) {
     if (position.inclusion != nullptr) {
-        appendPlace(text, position);
-        text += ": ";
+        appendPlace(position, out);
+        out += ": ";
     }
-    text += message;
-    text += '\n';
+    out += message;
+    out += '\n';
     if (position.inclusion == nullptr) {
-        return text;
+        return;
     }
     std::string_view introduction = "In file included ";
     SourcePosition from = position.inclusion->includedFrom;
     while (from.inclusion != nullptr) {
-        text += introduction;
-        text += "from ";
-        appendPlace(text, from);
+        out += introduction;
+        out += "from ";
+        appendPlace(from, out);
         from = from.inclusion->includedFrom;
-        text += from.inclusion != nullptr ? ",\n" : "\n";
+        out += from.inclusion != nullptr ? ",\n" : "\n";
         introduction = "                 ";
     }
-    return text;
+}
+
+std::string formatDiagnostic(const SourcePosition& position, std::string_view message) {
+    TextBuffer text;
+    appendDiagnostic(position, message, text);
+    return text.toString();
 }
 
 }  // namespace torvel

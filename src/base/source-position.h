@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "src/base/file-system.h"
+#include "src/base/text-buffer.h"
 #include "src/base/text-store.h"
 
 namespace torvel {
@@ -40,8 +41,9 @@ struct Inclusion {
     SourcePosition includedFrom;
 };
 
-/// The text of a diagnostic: path, line number and message, then the chain of `#include` lines that
+/// Appends the text of a diagnostic: path, line number and message, then the chain of `#include` lines that
 /// led to the file, one a line. Ends in a line end. Without a position: the message and a line end.
+void appendDiagnostic(const SourcePosition& position, std::string_view message, TextBuffer& out);
 std::string formatDiagnostic(const SourcePosition& position, std::string_view message);
 
 }  // namespace torvel

@@ -169,7 +169,7 @@ void convertRead(Conversion& conversion, CheckRecord& record, ProgramResult& res
                               conversion.settings.reference.get()};
     convertProgram(context, conversion.output, WorkSharing{.helpers = 0});
     for (const ConversionMessage& message : messages) {
-        result.logText += logLine(message);
+        appendLogLine(message, result.logText);
     }
     countOutputLines(conversion);
     for (const SourceFile& file : conversion.program.files) {
