@@ -2,6 +2,9 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <limits>
 
 #include "src/base/characters.h"
 
@@ -29,6 +32,21 @@ SignedText readSign(std::string_view text) {
 bool hasHexPrefix(std::string_view text) {
     return text.size() > 2 && text[0] == '0' && upperCase(text[1]) == 'X' && text[2] != '-' &&
            text[2] != '+';
+}
+
+/// The value of a text that is nothing but so few digits that each value of them is a double.
+std::optional<double> wholeNumber(std::string_view text) {
+    if (text.size() > std::numeric_limits<double>::digits10) {
+        return std::nullopt;
+    }
+    std::int64_t value = 0;
+    for (const char c : text) {
+        if (!isDigit(c)) {
+            return std::nullopt;
+        }
+        value = 10 * value + (c - '0');
+    }
+    return static_cast<double>(value);
 }
 
 }  // namespace
@@ -66,8 +84,11 @@ std::optional<double> parseRealText(std::string_view text) {
     if (hasHexPrefix(digits)) {
         format = std::chars_format::hex;
         digits.remove_prefix(2);
-    } else if (digits.starts_with('-')) {
+    } else if (digits.empty() ||
+               (!isDigit(digits[0]) && !isLetter(digits[0]) && digits[0] != '.')) {
         return std::nullopt;
+    } else if (const std::optional<double> whole = wholeNumber(digits)) {
+        return negative ? -*whole : *whole;
     }
     double value = 0;
     const char* const end = digits.data() + digits.size();
@@ -80,8 +101,13 @@ std::optional<double> parseRealText(std::string_view text) {
 
 void appendReal(double value, TextBuffer& out) {
     std::array<char, 32> buffer;
-    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                            std::chars_format::general, 17);
+    char* const last = buffer.data() + buffer.size();
+    // Most are whole numbers; those have no more than 17 digits, and no sign in front of a zero.
+    const bool isWhole = std::abs(value) < 1e15 && value == std::trunc(value) &&
+                         !(value == 0 && std::signbit(value));
+    const auto [end, error] =
+        isWhole ? std::to_chars(buffer.data(), last, static_cast<std::int64_t>(value))
+                : std::to_chars(buffer.data(), last, value, std::chars_format::general, 17);
     out += std::string_view(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
 }
 
