@@ -53,9 +53,8 @@ Translated translate(MemoryProgram& memory, const Limits& limits, std::span<cons
 }
 
 void translateTarget(Statement& statement, ExpressionText& out) {
-    const VariableReference target = translateAssignmentTarget(statement);
-    out += target.text;
-    out += target.isCall ? "0)" : "";
+    const bool isCall = translateAssignmentTarget(statement, out);
+    out += isCall ? "0)" : "";
 }
 
 /// An expression may stand in parentheses, which are kept, unless it is nested as deeply as may be.

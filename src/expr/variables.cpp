@@ -216,14 +216,15 @@ bool translateVariableReference(Statement& statement, bool isAssignmentTarget,
         translateCall(statement, *kind, digits, isAssignmentTarget, out);
         return true;
     }
-    ExpressionText index;
-    translateIndex(statement, digits, index);
-    requireIndex(statement, *kind, index);
     out += kind->read.empty() ? name : kind->read;
-    if (!index.empty()) {
-        out += '[';
-        out += index;
+    const std::size_t end = out.size();
+    out += '[';
+    translateIndex(statement, digits, out);
+    requireIndex(statement, *kind, std::string_view(out).substr(end + 1));
+    if (out.size() > end + 1) {
         out += ']';
+    } else {
+        out.truncate(end);
     }
     refuseMember(statement);
     return false;
@@ -235,11 +236,8 @@ bool isNumericVariable(TokenType type) {
     return findKind(type) != nullptr;
 }
 
-VariableReference translateAssignmentTarget(Statement& statement) {
-    VariableReference reference;
-    reference.first = statement.cursor.place();
-    reference.isCall = translateVariableReference(statement, true, reference.text);
-    return reference;
+bool translateAssignmentTarget(Statement& statement, ExpressionText& out) {
+    return translateVariableReference(statement, true, out);
 }
 
 void translateVariableRead(Statement& statement, ExpressionText& out) {

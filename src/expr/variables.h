@@ -8,18 +8,9 @@ namespace torvel {
 /// Whether a token begins a numeric variable, an I/O point, a parameter or a status word.
 bool isNumericVariable(TokenType type);
 
-/// The target of an assignment as Torvel text.
-struct VariableReference {
-    ExpressionText text;
-    /// Torvel assigns by a call: the text is the call up to its value, which the caller adds with a
-    /// ")". Otherwise it is a variable.
-    bool isCall = false;
-    /// Where it begins.
-    const Token* first = nullptr;
-};
-
-/// Translates a variable to be assigned to, with its index and selector.
-VariableReference translateAssignmentTarget(Statement& statement);
+/// Translates a variable to be assigned to, with its index and selector. True: Torvel assigns by a call, and the
+/// text is the call up to its value, which the caller adds with a ")".
+bool translateAssignmentTarget(Statement& statement, ExpressionText& out);
 
 /// Translates a variable that is read, with its index and selector.
 void translateVariableRead(Statement& statement, ExpressionText& out);

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <array>
+
 #include "src/base/characters.h"
 #include "src/expr/expressions.h"
 #include "src/expr/strings.h"
@@ -29,18 +32,21 @@ constexpr AssignmentOperator assignmentOperators[] = {
     {TokenType::SHIFT_LEFT_ASSIGN, " <<= "},
 };
 
+constexpr auto assignmentTokens = [] {
+    std::array<TokenType, std::size(assignmentOperators)> tokens{};
+    std::transform(std::begin(assignmentOperators), std::end(assignmentOperators), tokens.begin(),
+                   [](const AssignmentOperator& entry) { return entry.token; });
+    return tokens;
+}();
+
 /// The operator that the current token is; any other token refuses the statement.
 const AssignmentOperator* readOperator(Statement& statement) {
-    std::vector<TokenType> types;
     for (const AssignmentOperator& entry : assignmentOperators) {
         if (acceptToken(statement, entry.token)) {
             return &entry;
         }
     }
-    for (const AssignmentOperator& entry : assignmentOperators) {
-        types.push_back(entry.token);
-    }
-    reportUnexpectedToken(statement, types);
+    reportUnexpectedToken(statement, assignmentTokens);
     return nullptr;
 }
 
@@ -66,17 +72,16 @@ void checkSetter(const Statement& statement, TokenType operatorToken, const Toke
 /// The same; or, where Torvel sets the variable by a call, the value as the call's last argument,
 /// whatever the operator on purpose: "++" leaves the argument empty.
 void convertAssignment(Statement& statement) {
-    const VariableReference target = translateAssignmentTarget(statement);
+    const Token* const target = statement.cursor.place();
+    const bool isCall = translateAssignmentTarget(statement, statement.text);
     const AssignmentOperator* entry = readOperator(statement);
     if (entry == nullptr) {
         return;
     }
-    statement.text += target.text;
-    if (!target.isCall) {
+    if (!isCall) {
         statement.text += entry->text;
-    }
-    if (target.isCall && entry->token != TokenType::ASSIGN) {
-        checkSetter(statement, entry->token, target.first);
+    } else if (entry->token != TokenType::ASSIGN) {
+        checkSetter(statement, entry->token, target);
     }
     switch (entry->token) {
         case TokenType::PLUS_PLUS:
@@ -84,7 +89,7 @@ void convertAssignment(Statement& statement) {
         case TokenType::ASSIGN: translateAssignmentValue(statement, statement.text); break;
         default: writeExpression(statement); break;
     }
-    if (target.isCall) {
+    if (isCall) {
         statement.text += ')';
     }
     if (!statement.cursor.atEnd()) {

@@ -52,9 +52,8 @@ TableDriver textOf(Result (*translate)(Statement&, ExpressionText&)) {
 
 std::string assignmentTarget(const std::string& code) {
     return translateCode(code, [](Statement& statement) {
-        const VariableReference target = translateAssignmentTarget(statement);
-        statement.text += target.text;
-        statement.text += target.isCall ? "..." : "";
+        const bool isCall = translateAssignmentTarget(statement, statement.text);
+        statement.text += isCall ? "..." : "";
     });
 }
 
