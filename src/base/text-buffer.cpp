@@ -19,16 +19,16 @@ void TextBuffer::grow(std::size_t size) {
 
 void TextBuffer::take(TextBuffer& other) noexcept {
     if (other.isInside()) {
-        begin_ = inside_;
-        limit_ = inside_ + shortSize;
-        std::memcpy(inside_, other.inside_, other.size());
+        begin_ = inside_.data();
+        limit_ = inside_.data() + shortSize;
+        inside_ = other.inside_;
         end_ = begin_ + other.size();
     } else {
         begin_ = other.begin_;
         end_ = other.end_;
         limit_ = other.limit_;
-        other.begin_ = other.inside_;
-        other.limit_ = other.inside_ + shortSize;
+        other.begin_ = other.inside_.data();
+        other.limit_ = other.inside_.data() + shortSize;
     }
     other.end_ = other.begin_;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -46,7 +47,6 @@ public:
     char operator[](std::size_t index) const { return begin_[index]; }
     char& operator[](std::size_t index) { return begin_[index]; }
     char& back() { return end_[-1]; }
-    bool ends_with(char c) const { return !empty() && end_[-1] == c; }
 
     /// Makes room for texts of `size` bytes.
     void reserve(std::size_t size) {
@@ -139,7 +139,7 @@ private:
     }
 
     void grow(std::size_t size);
-    bool isInside() const { return begin_ == inside_; }
+    bool isInside() const { return begin_ == inside_.data(); }
     void release() {
         if (!isInside()) {
             delete[] begin_;
@@ -150,10 +150,10 @@ private:
 
     static constexpr std::size_t shortSize = 40;
 
-    char* begin_ = inside_;
-    char* end_ = inside_;
-    char* limit_ = inside_ + shortSize;
-    char inside_[shortSize];
+    char* begin_ = inside_.data();
+    char* end_ = inside_.data();
+    char* limit_ = inside_.data() + shortSize;
+    std::array<char, shortSize> inside_;
 };
 
 /// Appends a number in decimal digits.

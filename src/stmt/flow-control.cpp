@@ -51,7 +51,7 @@ void convertFor(Statement& statement) {
     const Token* const variable = statement.cursor.place();
     const std::size_t start = statement.text.size();
     translateVariableRead(statement, statement.text);
-    if (statement.text.size() > start && statement.text.ends_with(')')) {
+    if (statement.text.size() > start && statement.text.back() == ')') {
         noteCheck(statement, Check::LoopTarget, variable);  // a call
     }
     expectToken(statement, TokenType::ASSIGN);
