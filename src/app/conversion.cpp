@@ -87,7 +87,7 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
 struct FileTarget {
     OutputFile& file;
 
-    std::string& buffer() { return file.buffer(); }
+    TextBuffer& buffer() { return file.buffer(); }
     void endLine() {}
 };
 
@@ -95,7 +95,7 @@ struct FileTarget {
 struct MemoryTarget {
     ProgramOutput& output;
 
-    std::string& buffer() { return output.text; }
+    TextBuffer& buffer() { return output.text; }
     void endLine() { output.lineEnds.push_back(output.text.size()); }
 };
 
@@ -151,7 +151,7 @@ void convertProgram(ConversionContext& context, ProgramOutput& output, const Wor
     convertInto(context, MemoryTarget{output}, sharing);
 }
 
-void appendLogLine(const ConversionMessage& message, std::string& log) {
+void appendLogLine(const ConversionMessage& message, TextBuffer& log) {
     appendDiagnostic(message.position, message.text, log);
     log += '\n';
 }

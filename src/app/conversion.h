@@ -1,11 +1,11 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <vector>
 
 #include "src/app/work-sharing.h"
 #include "src/base/file-system.h"
+#include "src/base/text-buffer.h"
 #include "src/expr/parser-core.h"
 
 namespace torvel {
@@ -18,7 +18,7 @@ void convertProgram(ConversionContext& context, OutputFile& output,
 
 /// The output of a program in memory, with line feeds.
 struct ProgramOutput {
-    std::string text;
+    TextBuffer text;
     /// Where the text of each line of the program ends in it.
     std::vector<std::size_t> lineEnds;
 };
@@ -28,7 +28,7 @@ void convertProgram(ConversionContext& context, ProgramOutput& output,
                     const WorkSharing& sharing = {});
 
 /// Appends a message as it stands in the log, with its line end.
-void appendLogLine(const ConversionMessage& message, std::string& log);
+void appendLogLine(const ConversionMessage& message, TextBuffer& log);
 
 /// The messages about what the files of a program hold, which stand in front of those about its lines.
 MessageLog messagesOfReading(const Program& program);

@@ -168,9 +168,11 @@ void convertRead(Conversion& conversion, CheckRecord& record, ProgramResult& res
                               &record,
                               conversion.settings.reference.get()};
     convertProgram(context, conversion.output, WorkSharing{.helpers = 0});
+    TextBuffer log;
     for (const ConversionMessage& message : messages) {
-        appendLogLine(message, result.logText);
+        appendLogLine(message, log);
     }
+    result.logText = log.toString();
     countOutputLines(conversion);
     for (const SourceFile& file : conversion.program.files) {
         result.lines += countCodeLines(conversion.program, file);
@@ -206,7 +208,7 @@ ProgramResult convertOne(const NativePath& path, const ConversionSettings& setti
         const std::string_view text = conversion.program.text.view(file.text);
         result.files.push_back({conversion.keyOf(file), hashOf(text), std::string(text)});
     }
-    result.outputText = std::move(conversion.output.text);
+    result.outputText = conversion.output.text.toString();
     return result;
 }
 

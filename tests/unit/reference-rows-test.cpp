@@ -43,7 +43,7 @@ Converted convert(const std::string& content, const ReferenceRows* reference,
     ConversionContext context{program, axes, limits, log, {}, 0, &record, reference};
     ProgramOutput output;
     convertProgram(context, output);
-    Converted converted{std::move(output.text), {}};
+    Converted converted{output.text.toString(), {}};
     for (const Finding& finding : record.findings) {
         converted.codes.emplace_back(finding.code);
     }
