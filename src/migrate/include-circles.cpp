@@ -60,12 +60,12 @@ struct Circles {
         if (low[file] != order[file]) {
             return;
         }
-        const auto first = std::find(open.rbegin(), open.rend(), file).base() - 1;
-        std::vector<std::uint32_t> component(first, open.end());
-        open.erase(first, open.end());
-        for (const std::uint32_t member : component) {
-            isOpen[member] = false;
-        }
+        std::vector<std::uint32_t> component;
+        do {
+            component.push_back(open.back());
+            isOpen[open.back()] = false;
+            open.pop_back();
+        } while (component.back() != file);
         if (component.size() > 1 || includesItself(file)) {
             std::sort(component.begin(), component.end());
             found.push_back(std::move(component));
