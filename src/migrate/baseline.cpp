@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "src/migrate/json-writer.h"
+#include "src/migrate/places.h"
 #include "src/migrate/replaced-file.h"
 
 namespace torvel::migrate {
@@ -70,7 +71,52 @@ void checkFormat(const nlohmann::json& json, std::string_view name) {
     if (found != static_cast<std::int64_t>(format)) {
         failDamaged(name, "there is no format " + std::to_string(found));
     }
+    if (!json.at("findings").is_array()) {
+        failDamaged(name, "its findings are no list");
+    }
 }
+
+/// Takes the entries while the text is parsed, so that they do not stay in memory as JSON too.
+class EntryTaker {
+public:
+    explicit EntryTaker(Baseline& baseline) : baseline_(baseline) {}
+
+    /// False for an entry that was taken.
+    bool take(int depth, nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
+        if (depth == 1 && event == nlohmann::json::parse_event_t::key) {
+            isInFindings_ = parsed == "findings";
+        }
+        if (!isInFindings_ || depth != 2 || event != nlohmann::json::parse_event_t::object_end) {
+            return true;
+        }
+        takeEntry(parsed);
+        return false;
+    }
+
+    /// What is wrong with the first entry that is no good; empty if all are good. It is told only when the format is
+    /// known to be this one.
+    const std::string& fault() const { return fault_; }
+
+private:
+    void takeEntry(const nlohmann::json& parsed) {
+        try {
+            BaselineEntry entry = entryFrom(parsed);
+            if (!known_.insert(groupKey(entry.file, entry.code, entry.hash)).second) {
+                throw std::range_error("an entry of '" + entry.file + "' stands twice");
+            }
+            baseline_.entries.push_back(std::move(entry));
+        } catch (const nlohmann::json::exception& error) {
+            fault_ = fault_.empty() ? reasonOf(error) : fault_;
+        } catch (const std::range_error& error) {
+            fault_ = fault_.empty() ? error.what() : fault_;
+        }
+    }
+
+    Baseline& baseline_;
+    std::set<ContentHash> known_;
+    std::string fault_;
+    bool isInFindings_ = false;
+};
 
 }  // namespace
 
@@ -107,21 +153,21 @@ std::string baselineText(const Baseline& baseline) {
 
 Baseline parseBaseline(std::string_view text, std::string_view name) {
     Baseline baseline;
+    EntryTaker taker(baseline);
     try {
-        const nlohmann::json json = nlohmann::json::parse(text);
+        const nlohmann::json json = nlohmann::json::parse(
+            text, [&taker](int depth, nlohmann::json::parse_event_t event, nlohmann::json& parsed) {
+                return taker.take(depth, event, parsed);
+            });
         checkFormat(json, name);
-        std::set<std::tuple<std::string, std::string, std::string>> known;
-        for (const nlohmann::json& entry : json.at("findings")) {
-            baseline.entries.push_back(entryFrom(entry));
-            if (!known.insert(sortKey(baseline.entries.back())).second) {
-                throw std::range_error("an entry of '" + baseline.entries.back().file +
-                                       "' stands twice");
-            }
+        if (!json.at("findings").empty()) {
+            failDamaged(name, "one of its findings is no entry");
         }
     } catch (const nlohmann::json::exception& error) {
         failDamaged(name, reasonOf(error));
-    } catch (const std::range_error& error) {
-        failDamaged(name, error.what());
+    }
+    if (!taker.fault().empty()) {
+        failDamaged(name, taker.fault());
     }
     return baseline;
 }

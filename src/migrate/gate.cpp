@@ -60,15 +60,13 @@ BaselineEntry entryFor(const FindingRow& row) {
 template <typename Visitor>
 void visitPlaces(const Report& report, const Places& places, const Visitor& visit) {
     std::vector<bool> isVisited(places.count());
+    Places::Cursor cursor(places);
     report.forEachProgram([&](const ReportProgram& program) {
         for (const ReportFinding& finding : program.findings) {
-            if (!countsInGate(finding)) {
-                continue;
-            }
-            const Places::Found found = places.find(finding.row);
-            if (!isVisited[found.number]) {
-                isVisited[found.number] = true;
-                visit(program, finding.row, found);
+            const Place& place = cursor.next(finding.row);
+            if (countsInGate(finding) && !isVisited[place.number]) {
+                isVisited[place.number] = true;
+                visit(program, finding.row, place);
             }
         }
     });
@@ -104,18 +102,20 @@ GateResult gate(const Report& report, const Places& places, const std::optional<
     GateResult result;
     const KnownCounts known = knownCounts(baseline.value_or(Baseline()));
     std::map<ContentHash, std::uint32_t> open;
-    visitPlaces(
-        report, places,
-        [&](const ReportProgram& program, const FindingRow& row, const Places::Found& found) {
-            ++open[*found.group];
-            if (found.place->openBefore < countIn(known, *found.group)) {
-                ++result.known;
-            } else if (failOn.empty() ? baseline.has_value() : isMeant(row, failOn)) {
-                result.newFindings.push_back(newFinding(row, program.program));
-            } else {
-                ++result.passed;
-            }
-        });
+    visitPlaces(report, places,
+                [&](const ReportProgram& program, const FindingRow& row, const Place& place) {
+                    const ContentHash& group = places.group(place);
+                    ++open[group];
+                    if (place.openBefore < countIn(known, group)) {
+                        ++result.known;
+                    } else if (failOn.empty() ? baseline.has_value() : isMeant(row, failOn)) {
+                        if (++result.newCount <= mostNewFindings) {
+                            result.newFindings.push_back(newFinding(row, program.program));
+                        }
+                    } else {
+                        ++result.passed;
+                    }
+                });
     if (baseline) {
         for (const BaselineEntry& entry : baseline->entries) {
             const auto found = open.find(groupKey(entry.file, entry.code, entry.hash));
@@ -133,24 +133,24 @@ Baseline accepted(const Report& report, const Places& places, const Baseline& ba
                   const AcceptFilter& filter) {
     const KnownCounts known = knownCounts(baseline);
     std::map<ContentHash, AcceptedGroup> groups;
+    Places::Cursor cursor(places);
     // A place of an included file is taken in if any of its programs is.
     report.forEachProgram([&](const ReportProgram& program) {
         const bool isMeantProgram = has(filter.programs, program.program);
         for (const ReportFinding& finding : program.findings) {
+            const Place& place = cursor.next(finding.row);
             if (!countsInGate(finding)) {
                 continue;
             }
-            const Places::Found found = places.find(finding.row);
-            const std::uint32_t ordinal = found.place->openBefore;
-            const bool isKnown = ordinal < countIn(known, *found.group);
+            const bool isKnown = place.openBefore < countIn(known, places.group(place));
             if (!isKnown && (!isMeantProgram || !has(filter.codes, finding.row.code))) {
                 continue;
             }
-            AcceptedGroup& group = groups[*found.group];
+            AcceptedGroup& group = groups[places.group(place)];
             if (group.ordinals.empty() || finding.row.line < group.entry.line) {
                 group.entry = entryFor(finding.row);
             }
-            group.ordinals.insert(ordinal);
+            group.ordinals.insert(place.openBefore);
         }
     });
     Baseline result;
@@ -169,14 +169,14 @@ Baseline accepted(const Report& report, const Places& places, const Baseline& ba
 std::string gateText(const GateResult& result, std::size_t most) {
     std::string text;
     if (result.fails()) {
-        const std::size_t count = result.newFindings.size();
-        text += counted(count, "new finding:", "new findings:") + '\n';
-        for (std::size_t i = 0; i < std::min(count, most); ++i) {
+        const std::size_t told = std::min(result.newFindings.size(), most);
+        text += counted(result.newCount, "new finding:", "new findings:") + '\n';
+        for (std::size_t i = 0; i < told; ++i) {
             const NewFinding& finding = result.newFindings[i];
             text += placeLine(finding.file, finding.line, finding.text + " [" + finding.code + ']');
         }
-        if (count > most) {
-            text += "  " + andMore(count - most) + '\n';
+        if (result.newCount > told) {
+            text += "  " + andMore(result.newCount - told) + '\n';
         }
     }
     if (!result.noLongerNeeded.empty()) {

@@ -28,8 +28,12 @@ struct NewFinding {
     std::string program;
 };
 
+/// More are counted only.
+inline constexpr std::size_t mostNewFindings = 10000;
+
 struct GateResult {
-    /// What fails the build, in the order of the report.
+    /// How many places fail the build, and the first of them in the order of the report.
+    std::uint64_t newCount = 0;
     std::vector<NewFinding> newFindings;
     /// How many open places are known.
     std::uint64_t known = 0;
@@ -38,7 +42,7 @@ struct GateResult {
     /// What can be taken out of the baseline; the count says how many of it.
     std::vector<BaselineEntry> noLongerNeeded;
 
-    bool fails() const { return !newFindings.empty(); }
+    bool fails() const { return newCount > 0; }
 };
 
 /// What counts: it is open, and not told once for a whole file.

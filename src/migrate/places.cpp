@@ -1,8 +1,10 @@
 #include "src/migrate/places.h"
 
 #include <algorithm>
+#include <cstring>
 #include <stdexcept>
 #include <tuple>
+#include <unordered_map>
 
 #include "src/base/characters.h"
 #include "src/migrate/finding-names.h"
@@ -29,13 +31,13 @@ bool isBefore(const Place& left, const Place& right) {
            std::tie(right.line, right.column, right.detail);
 }
 
-bool isSame(const Place& left, const Place& right) {
-    return !isBefore(left, right) && !isBefore(right, left);
-}
-
-Place placeFor(const FindingRow& row) {
-    return {row.line, row.columns.first, detailOf(row), row.todo, row.severity, false, 0};
-}
+struct FirstBytes {
+    std::size_t operator()(const ContentHash& hash) const {
+        std::size_t value = 0;
+        std::memcpy(&value, hash.data(), sizeof(value));
+        return value;
+    }
+};
 
 }  // namespace
 
@@ -69,48 +71,93 @@ ContentHash groupOf(const FindingRow& row) {
                     hexadecimal(hashOf(comparableLine(row.lineText))));
 }
 
-Places::Places(const Report& report) {
-    report.forEachProgram([this](const ReportProgram& program) {
-        for (const ReportFinding& finding : program.findings) {
-            std::vector<Place>& places = groups_[groupOf(finding.row)];
-            const Place place = placeFor(finding.row);
-            auto at = std::lower_bound(places.begin(), places.end(), place, isBefore);
-            if (at == places.end() || !isSame(*at, place)) {
-                at = places.insert(at, place);
+/// Puts the places of a report together.
+class Places::Builder {
+public:
+    explicit Builder(Places& result) : result_(result) {}
+
+    void add(const ReportFinding& finding) {
+        const FindingRow& row = finding.row;
+        const ContentHash key = groupOf(row);
+        const auto [entry, isNew] =
+            numbers_.try_emplace(key, static_cast<std::uint32_t>(members_.size()));
+        if (isNew) {
+            result_.groups_.push_back(key);
+            members_.emplace_back();
+        }
+        Place place;
+        place.line = row.line;
+        place.column = row.columns.first;
+        place.detail = detailOf(row);
+        place.group = entry->second;
+        place.todo = row.todo;
+        place.severity = row.severity;
+        Place& found = result_.places_[numberOf(place, members_[place.group])];
+        found.isOpen = found.isOpen || finding.isOpen;
+        result_.sequence_.push_back(found.number);
+    }
+
+    void finish() {
+        for (const std::vector<std::uint32_t>& members : members_) {
+            std::uint32_t ordinal = 0;
+            std::uint32_t open = 0;
+            for (const std::uint32_t number : members) {
+                Place& place = result_.places_[number];
+                place.ordinal = ordinal++;
+                place.openBefore = open;
+                open += place.isOpen ? 1 : 0;
             }
-            at->isOpen = at->isOpen || finding.isOpen;
+        }
+    }
+
+private:
+    /// The number of the place among the members of its group, which it joins if it is new.
+    std::uint32_t numberOf(Place& place, std::vector<std::uint32_t>& members) {
+        std::vector<Place>& places = result_.places_;
+        const auto at = std::lower_bound(members.begin(), members.end(), place,
+                                         [&places](std::uint32_t number, const Place& searched) {
+                                             return isBefore(places[number], searched);
+                                         });
+        if (at != members.end() && !isBefore(place, places[*at])) {
+            return *at;
+        }
+        place.number = static_cast<std::uint32_t>(places.size());
+        members.insert(at, place.number);
+        places.push_back(place);
+        return place.number;
+    }
+
+    Places& result_;
+    std::unordered_map<ContentHash, std::uint32_t, FirstBytes> numbers_;
+    /// By group: the numbers of its places, in the order of the file.
+    std::vector<std::vector<std::uint32_t>> members_;
+};
+
+Places::Places(const Report& report) {
+    Builder builder(*this);
+    report.forEachProgram([&builder](const ReportProgram& program) {
+        for (const ReportFinding& finding : program.findings) {
+            builder.add(finding);
         }
     });
-    for (auto& [group, places] : groups_) {
-        firstNumbers_.emplace(group, count_);
-        count_ += places.size();
-        std::uint32_t open = 0;
-        for (Place& place : places) {
-            place.openBefore = open;
-            open += place.isOpen ? 1 : 0;
-        }
-    }
+    builder.finish();
 }
 
-Places::Found Places::find(const FindingRow& row) const {
-    const auto group = groups_.find(groupOf(row));
-    if (group != groups_.end()) {
-        const std::vector<Place>& places = group->second;
-        const Place place = placeFor(row);
-        const auto at = std::lower_bound(places.begin(), places.end(), place, isBefore);
-        if (at != places.end() && isSame(*at, place)) {
-            const auto ordinal = static_cast<std::size_t>(at - places.begin());
-            return {&*at, firstNumbers_.at(group->first) + ordinal, &group->first, ordinal};
-        }
-    }
-    throw std::logic_error("The report gave another finding than when it was first read.");
-}
-
-std::string Places::Found::fingerprint() const {
+std::string Places::fingerprint(const Place& place) const {
     KeyBuilder key;
-    key.add("group", hexadecimal(*group));
-    key.add("ordinal", std::to_string(ordinal));
+    key.add("group", hexadecimal(group(place)));
+    key.add("ordinal", std::to_string(place.ordinal));
     return hexadecimal(key.key());
+}
+
+const Place& Places::Cursor::next(const FindingRow& row) {
+    if (at_ < places_.sequence_.size()) {
+        const Place& place = places_.places_[places_.sequence_[at_++]];
+        if (place.line == row.line && place.todo == row.todo) {
+            return place;
+        }
+    }
+    throw std::logic_error("The report gave other findings than when it was first read.");
 }
 
 }  // namespace torvel::migrate

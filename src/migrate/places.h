@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,18 +12,23 @@
 
 namespace torvel::migrate {
 
-/// A place among those with the same file, code and text of the line.
+/// A place, with what tells it from others of the same file, code and text of the line.
 struct Place {
     std::uint32_t line = 0;
     std::uint32_t column = 0;
     /// What tells findings of one place apart: a hash of the text and the todo.
     std::uint64_t detail = 0;
+    /// Which of all places it is, in the order in which the report has them.
+    std::uint32_t number = 0;
+    /// The number of its group.
+    std::uint32_t group = 0;
+    /// How many of its group stand before it in the file, and how many of these are open.
+    std::uint32_t ordinal = 0;
+    std::uint32_t openBefore = 0;
     FindingTodo todo = FindingTodo::look;
     Severity severity = Severity::none;
     /// At least one output holds it still.
     bool isOpen = false;
-    /// How many open ones stand before it.
-    std::uint32_t openBefore = 0;
 };
 
 /// The text of a line as it counts for telling findings apart: blanks at its ends do not count, nor does how many
@@ -39,36 +43,34 @@ ContentHash groupOf(const FindingRow& row);
 /// All places of a report, each once.
 class Places {
 public:
-    /// Those of each group, in the order of the file.
-    using Groups = std::map<ContentHash, std::vector<Place>>;
-
     /// Reads the report once.
     explicit Places(const Report& report);
 
-    const Groups& groups() const { return groups_; }
+    std::size_t count() const { return places_.size(); }
+    const ContentHash& group(const Place& place) const { return groups_[place.group]; }
+    /// Names the place in reports of any date: it stays the same when lines are inserted or moved. 32 hexadecimal
+    /// digits.
+    std::string fingerprint(const Place& place) const;
 
-    /// One of the places.
-    struct Found {
-        const Place* place;
-        /// Which of all places it is; less than `count`.
-        std::size_t number;
-        /// 32 hexadecimal digits that name the finding in reports of any date: they stay the same when lines are
-        /// inserted or moved.
-        std::string fingerprint() const;
+    /// Tells the places of findings while the report is read again, every finding in its order.
+    class Cursor {
+    public:
+        explicit Cursor(const Places& places) : places_(places) {}
+        /// Throws std::logic_error if the report gives other findings than before.
+        const Place& next(const FindingRow& row);
 
-        const ContentHash* group;
-        /// Which one of its group.
-        std::size_t ordinal;
+    private:
+        const Places& places_;
+        std::size_t at_ = 0;
     };
-    /// The place of one of the report's findings.
-    Found find(const FindingRow& row) const;
-    std::size_t count() const { return count_; }
 
 private:
-    Groups groups_;
-    /// By group: the number of its first place.
-    std::map<ContentHash, std::size_t> firstNumbers_;
-    std::size_t count_ = 0;
+    class Builder;
+
+    std::vector<Place> places_;
+    std::vector<ContentHash> groups_;
+    /// By finding of the report: the number of its place.
+    std::vector<std::uint32_t> sequence_;
 };
 
 }  // namespace torvel::migrate

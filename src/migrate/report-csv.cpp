@@ -104,16 +104,15 @@ void writeRow(TextBuffer& buffer, std::initializer_list<std::string_view> fields
     buffer << "\r\n";
 }
 
-void writeFinding(const ReportProgram& program, const ReportFinding& finding, const Places& places,
-                  TextBuffer& buffer) {
+void writeFinding(const ReportProgram& program, const ReportFinding& finding,
+                  const std::string& fingerprint, TextBuffer& buffer) {
     const FindingRow& row = finding.row;
-    writeRow(
-        buffer,
-        {field(program.program), field(program.output), field(program.machine), field(row.file),
-         position(row.line), position(utf16Columns(row.lineText, row.columns).first),
-         field(row.code), originName(row.origin), todoName(row.todo), severityName(row.severity),
-         finding.isOpen ? "yes" : "no", field(row.text), field(row.lineText),
-         csvField(includedFrom(row)), position(row.outputLine), places.find(row).fingerprint()});
+    writeRow(buffer, {field(program.program), field(program.output), field(program.machine),
+                      field(row.file), position(row.line),
+                      position(utf16Columns(row.lineText, row.columns).first), field(row.code),
+                      originName(row.origin), todoName(row.todo), severityName(row.severity),
+                      finding.isOpen ? "yes" : "no", field(row.text), field(row.lineText),
+                      csvField(includedFrom(row)), position(row.outputLine), fingerprint});
 }
 
 void writeProgram(const ReportProgram& program, TextBuffer& buffer) {
@@ -170,9 +169,10 @@ void writeFindingsCsv(const Report& report, const Places& places, const TextSink
     writeRow(buffer, {"Program", "Output", "Machine", "File", "Line", "Column", "Code", "Origin",
                       "Todo", "Severity", "Open", "Text", "Line text", "Included from",
                       "Output line", "Fingerprint"});
-    report.forEachProgram([&places, &buffer](const ReportProgram& program) {
+    Places::Cursor cursor(places);
+    report.forEachProgram([&places, &cursor, &buffer](const ReportProgram& program) {
         for (const ReportFinding& finding : program.findings) {
-            writeFinding(program, finding, places, buffer);
+            writeFinding(program, finding, places.fingerprint(cursor.next(finding.row)), buffer);
         }
     });
     buffer.finish();

@@ -27,7 +27,7 @@ void writeRuns(const Report& report, JsonWriter& json) {
     json.endList();
 }
 
-void writeFinding(const ReportFinding& finding, const Places& places, JsonWriter& json) {
+void writeFinding(const ReportFinding& finding, const std::string& fingerprint, JsonWriter& json) {
     const FindingRow& row = finding.row;
     const ColumnRange columns = utf16Columns(row.lineText, row.columns);
     json.beginObject()
@@ -57,11 +57,12 @@ void writeFinding(const ReportFinding& finding, const Places& places, JsonWriter
     json.endList()
         .member("outputLine", std::uint64_t{row.outputLine})
         .member("outputLineCount", std::uint64_t{row.outputLineCount})
-        .member("fingerprint", places.find(row).fingerprint())
+        .member("fingerprint", fingerprint)
         .endObject();
 }
 
-void writeProgram(const ReportProgram& program, const Places& places, JsonWriter& json) {
+void writeProgram(const ReportProgram& program, const Places& places, Places::Cursor& cursor,
+                  JsonWriter& json) {
     json.beginObject()
         .member("path", program.program)
         .member("output", program.output)
@@ -73,7 +74,7 @@ void writeProgram(const ReportProgram& program, const Places& places, JsonWriter
         .name("findings")
         .beginList();
     for (const ReportFinding& finding : program.findings) {
-        writeFinding(finding, places, json);
+        writeFinding(finding, places.fingerprint(cursor.next(finding.row)), json);
     }
     json.endList().endObject();
 }
@@ -160,8 +161,10 @@ void writeJsonReport(const Report& report, const Places& places, const ReportTot
         json.text(notice);
     }
     json.endList().name("programs").beginList();
-    report.forEachProgram(
-        [&places, &json](const ReportProgram& program) { writeProgram(program, places, json); });
+    Places::Cursor cursor(places);
+    report.forEachProgram([&places, &cursor, &json](const ReportProgram& program) {
+        writeProgram(program, places, cursor, json);
+    });
     json.endList();
     writeTotals(totals, json);
     writeEstimate(report, totals, json);

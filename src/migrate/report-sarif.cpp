@@ -121,15 +121,14 @@ private:
     }
 
     void writeResults(Urgency urgency, std::vector<bool>& isWritten) {
+        Places::Cursor cursor(places_);
         report_.forEachProgram([&](const ReportProgram& program) {
             for (const ReportFinding& finding : program.findings) {
-                if (!finding.isOpen || urgencyOf(finding.row) != urgency) {
-                    continue;
-                }
-                const Places::Found place = places_.find(finding.row);
-                if (!isWritten[place.number]) {
+                const Place& place = cursor.next(finding.row);
+                const bool isMeant = finding.isOpen && urgencyOf(finding.row) == urgency;
+                if (isMeant && !isWritten[place.number]) {
                     isWritten[place.number] = true;
-                    writeResult(finding.row, levelName(urgency), place.fingerprint());
+                    writeResult(finding.row, levelName(urgency), places_.fingerprint(place));
                 }
             }
         });

@@ -24,7 +24,7 @@ FindingCount sum(const std::array<FindingCount, 4>& counts) {
 class Counter {
 public:
     Counter(const Places& places, const Effort& effort)
-        : places_(places), effort_(effort), isCounted_(places.count()) {}
+        : cursor_(places), effort_(effort), isCounted_(places.count()) {}
 
     void count(const ReportProgram& program) {
         ++totals_.programs;
@@ -66,12 +66,11 @@ private:
     }
 
     void countPlace(const FindingRow& row) {
-        const Places::Found found = places_.find(row);
-        if (isCounted_[found.number]) {
+        const Place& place = cursor_.next(row);
+        if (isCounted_[place.number]) {
             return;
         }
-        isCounted_[found.number] = true;
-        const Place& place = *found.place;
+        isCounted_[place.number] = true;
         if (!place.isOpen) {
             ++totals_.finished[indexOf(place.todo)].places;
             return;
@@ -81,7 +80,7 @@ private:
         ++totals_.byCode[row.code].places;
     }
 
-    const Places& places_;
+    Places::Cursor cursor_;
     const Effort& effort_;
     std::vector<bool> isCounted_;
     ReportTotals totals_;

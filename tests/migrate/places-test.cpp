@@ -13,12 +13,7 @@ namespace {
 
 /// The fingerprints of one program with these findings, in order.
 std::vector<std::string> fingerprints(const std::vector<ReportFinding>& findings) {
-    const Places places(reportOf({converted("a.pgm", 1, 1, findings)}));
-    std::vector<std::string> all;
-    for (const ReportFinding& finding : findings) {
-        all.push_back(places.find(finding.row).fingerprint());
-    }
-    return all;
+    return fingerprintsOf(reportOf({converted("a.pgm", 1, 1, findings)}));
 }
 
 }  // namespace
@@ -77,6 +72,18 @@ TEST(Places, OpenWhileOneOutputHoldsIt) {
     const ReportTotals totals = totalsOf(report, places);
     EXPECT_EQ(totals.allOpen(), (FindingCount{1, 1}));
     EXPECT_EQ(totals.allFinished(), (FindingCount{0, 1}));
+}
+
+TEST(Places, AReportThatGivesOtherFindingsIsRefused) {
+    const Places places(reportOf({converted("a.pgm", 1, 1, {valueCut("a.pgm", 2, "x")})}));
+    EXPECT_THROW(
+        totalsOf(reportOf({converted("a.pgm", 1, 1, {valueCut("a.pgm", 3, "x")})}), places),
+        std::logic_error);
+    EXPECT_THROW(
+        totalsOf(reportOf({converted("a.pgm", 1, 1,
+                                     {valueCut("a.pgm", 2, "x"), rewrite("a.pgm", 3, "x")})}),
+                 places),
+        std::logic_error);
 }
 
 TEST(Places, FoldersWithTheirWork) {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "src/migrate/places.h"
+
 namespace torvel::migrate::test {
 
 namespace {
@@ -121,6 +123,18 @@ Report hostileReport() {
     Report report = reportOf({program});
     report.notices = {hostileName()};
     return report;
+}
+
+std::vector<std::string> fingerprintsOf(const Report& report) {
+    const Places places(report);
+    Places::Cursor cursor(places);
+    std::vector<std::string> all;
+    report.forEachProgram([&](const ReportProgram& program) {
+        for (const ReportFinding& finding : program.findings) {
+            all.push_back(places.fingerprint(cursor.next(finding.row)));
+        }
+    });
+    return all;
 }
 
 Report largeReport(std::uint32_t findings) {

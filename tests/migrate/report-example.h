@@ -34,6 +34,9 @@ std::string hostileLine();
 /// As many findings, each in a line of its own; they are made anew each time that the report is read.
 Report largeReport(std::uint32_t findings);
 
+/// The fingerprints of all findings, in their order.
+std::vector<std::string> fingerprintsOf(const Report& report);
+
 /// What a writer hands over, as one text.
 template <typename Writer>
 std::string textFrom(const Writer& write) {

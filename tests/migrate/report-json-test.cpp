@@ -134,18 +134,4 @@ sys.exit(1 if errors else 0)
     EXPECT_EQ(python(script, {schema, path}).status, 1);
 }
 
-TEST(ReportJson, IsHandedOverInPieces) {
-    const Report report = largeReport(100000);
-    const Places places(report);
-    const ReportTotals totals = totalsOf(report, places);
-    std::size_t largest = 0;
-    std::size_t whole = 0;
-    writeJsonReport(report, places, totals, [&](std::string_view piece) {
-        largest = std::max(largest, piece.size());
-        whole += piece.size();
-    });
-    EXPECT_GT(whole, 20U << 20U);
-    EXPECT_LT(largest, 128U << 10U);
-}
-
 }  // namespace torvel::migrate::test

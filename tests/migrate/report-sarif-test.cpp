@@ -49,14 +49,7 @@ TEST(ReportSarif, ResultsOfThePlant) {
     // What moves otherwise and what could not be read stand before the line with a marker; the finding of the included
     // file is one, and the finished one is none.
     nlohmann::json results = run["results"];
-    const Report report = plant();
-    const Places places(report);
-    std::vector<std::string> expected;
-    report.forEachProgram([&](const ReportProgram& program) {
-        for (const ReportFinding& finding : program.findings) {
-            expected.push_back(places.find(finding.row).fingerprint());
-        }
-    });
+    const std::vector<std::string> expected = fingerprintsOf(plant());
     ASSERT_EQ(results.size(), 3U);
     EXPECT_EQ(results[0]["partialFingerprints"]["torvelFinding/v1"], expected[1]);
     EXPECT_EQ(results[1]["partialFingerprints"]["torvelFinding/v1"], expected[4]);
