@@ -156,7 +156,8 @@ Baseline parseBaseline(std::string_view text, std::string_view name) {
     EntryTaker taker(baseline);
     try {
         const nlohmann::json json = nlohmann::json::parse(
-            text, [&taker](int depth, nlohmann::json::parse_event_t event, nlohmann::json& parsed) {
+            text,
+            [&taker](int depth, nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
                 return taker.take(depth, event, parsed);
             });
         checkFormat(json, name);

@@ -107,7 +107,10 @@ std::string listOfCodes(std::size_t width) {
     }
     std::string text;
     for (const auto& [section, lines] : sections) {
-        text += (text.empty() ? "" : "\n") + section + '\n' + lines;
+        text += text.empty() ? "" : "\n";
+        text += section;
+        text += '\n';
+        text += lines;
     }
     return text;
 }

@@ -83,7 +83,7 @@ public:
         }
     }
 
-    void line(std::string_view text) { text_ += wrapped(text, width_, "  ", "    "); }
+    void sentence(std::string_view text) { text_ += wrapped(text, width_, "  ", "    "); }
 
     /// A line with as many of the first names as fit, and how many there are besides.
     void names(const std::vector<std::string>& names, std::uint64_t all) {
@@ -175,19 +175,19 @@ void collectNames(const Report& report, Groups& groups) {
 void tellPrograms(const ReportTotals& totals, const Groups& groups, Screen& screen) {
     screen.heading(counted(totals.programs, "program", "programs") + " in " +
                    counted(totals.folders.size(), "folder", "folders"));
-    screen.line(grouped(numberOf(totals, ProgramStatus::converted)) + " converted");
+    screen.sentence(grouped(numberOf(totals, ProgramStatus::converted)) + " converted");
     for (const Group& group : groups) {
         if (group.count > 0) {
-            screen.line(grouped(group.count) + ' ' + std::string(group.what));
+            screen.sentence(grouped(group.count) + ' ' + std::string(group.what));
             if (!group.names.empty()) {
                 screen.names(group.names, group.count);
             }
         }
     }
     if (totals.lines > 0) {
-        screen.line(counted(totals.lines, "line", "lines") + " of code, " +
-                    grouped(totals.convertedLines) + " of them converted (" +
-                    shareText(totals.convertedLines, totals.lines) + ")");
+        screen.sentence(counted(totals.lines, "line", "lines") + " of code, " +
+                        grouped(totals.convertedLines) + " of them converted (" +
+                        shareText(totals.convertedLines, totals.lines) + ")");
     }
 }
 
@@ -243,8 +243,8 @@ void tellFolders(const ReportTotals& totals, Screen& screen) {
         }
     }
     if (folders.size() > mostFolders) {
-        screen.line(andMore(folders.size() - mostFolders) + " with " +
-                    counted(others, "finding", "findings"));
+        screen.sentence(andMore(folders.size() - mostFolders) + " with " +
+                        counted(others, "finding", "findings"));
     }
 }
 
@@ -265,14 +265,14 @@ void tellEstimate(const Report& report, const ReportTotals& totals, Screen& scre
         if (count.inOutputs != count.places) {
             text += " (" + grouped(count.inOutputs) + " in the outputs)";
         }
-        screen.line(text);
+        screen.sentence(text);
     }
     const std::string places = durationText(estimate(totals, report.effort, &FindingCount::places));
     const std::string outputs =
         durationText(estimate(totals, report.effort, &FindingCount::inOutputs));
-    screen.line("together " + places);
+    screen.sentence("together " + places);
     if (outputs != places) {
-        screen.line("or " + outputs + " if included files are finished in each output");
+        screen.sentence("or " + outputs + " if included files are finished in each output");
     }
 }
 
@@ -282,10 +282,10 @@ void tellNotices(const Report& report, Screen& screen) {
     }
     screen.heading("To be known");
     for (std::size_t i = 0; i < std::min(report.notices.size(), mostNotices); ++i) {
-        screen.line(visibleText(decodedText(report.notices[i])));
+        screen.sentence(visibleText(decodedText(report.notices[i])));
     }
     if (report.notices.size() > mostNotices) {
-        screen.line(andMore(report.notices.size() - mostNotices));
+        screen.sentence(andMore(report.notices.size() - mostNotices));
     }
 }
 
@@ -296,24 +296,24 @@ void tellReports(const SummaryView& view, Screen& screen) {
     screen.heading(view.reports.size() == 1 ? "The report is in" : "The reports are in");
     for (const std::string& path : view.reports) {
         // Whole, so that it can be copied.
-        screen.line(visibleText(decodedText(path)));
+        screen.sentence(visibleText(decodedText(path)));
     }
 }
 
 void tellRuns(const Report& report, Screen& screen) {
     if (report.runs.empty()) {
-        screen.line("There was no run yet.");
+        screen.sentence("There was no run yet.");
         return;
     }
     const RunRow& first = report.runs.front();
     const RunRow& last = report.runs.back();
-    screen.line("The last run began at " + dateText(last.began) + " with version " +
-                visibleText(decodedText(last.version)) +
-                (last.ended == 0 ? " and was cut off." : "."));
+    screen.sentence("The last run began at " + dateText(last.began) + " with version " +
+                    visibleText(decodedText(last.version)) +
+                    (last.ended == 0 ? " and was cut off." : "."));
     if (report.runs.size() > 1) {
-        screen.line(counted(report.runs.size(), "run", "runs") + ", " +
-                    counted(first.openFindings, "open finding", "open findings") +
-                    " after the first, " + grouped(last.openFindings) + " after the last");
+        screen.sentence(counted(report.runs.size(), "run", "runs") + ", " +
+                        counted(first.openFindings, "open finding", "open findings") +
+                        " after the first, " + grouped(last.openFindings) + " after the last");
     }
 }
 
