@@ -13,10 +13,15 @@ namespace {
 /// Hashes of files as they are now, by their numbers.
 using HashesNow = std::vector<std::optional<ContentHash>>;
 
-HashesNow hashesNow(const Project& project, const KnownProgramSet& known, const RunOptions& options,
-                    unsigned threads) {
+HashesNow hashesNow(const Project& project, const Discovery& discovery,
+                    const KnownProgramSet& known, const RunOptions& options, unsigned threads) {
     HashesNow hashes(known.inputs.size());
     inParallel(hashes.size(), threads, [&](std::size_t i) {
+        if (const auto read = discovery.hashes.find(known.inputs[i]);
+            read != discovery.hashes.end()) {
+            hashes[i] = read->second;
+            return;
+        }
         hashes[i] = hashOfFile(project.folder / nativePath(known.inputs[i]), options.source);
     });
     return hashes;
@@ -77,7 +82,7 @@ std::vector<std::size_t> changedPrograms(const Project& project, const Discovery
                                          const KnownProgramSet& known,
                                          const SettingsOfMachines& settings,
                                          const RunOptions& options, unsigned threads) {
-    const HashesNow hashes = hashesNow(project, known, options, threads);
+    const HashesNow hashes = hashesNow(project, discovery, known, options, threads);
     // Bytes, which several threads can write next to each other.
     std::vector<char> isChanged(discovery.programs.size());
     inParallel(isChanged.size(), threads, [&](std::size_t i) {

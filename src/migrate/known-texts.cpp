@@ -1,7 +1,5 @@
 #include "src/migrate/known-texts.h"
 
-#include "src/migrate/compressed-text.h"
-
 namespace torvel::migrate {
 
 KnownTexts::KnownTexts(const std::vector<ContentHash>& stored) {
@@ -10,7 +8,7 @@ KnownTexts::KnownTexts(const std::vector<ContentHash>& stored) {
     }
 }
 
-void KnownTexts::add(const ContentHash& hash, std::string_view text,
+void KnownTexts::add(const ContentHash& hash, std::string_view text, Compressor& compressor,
                      std::vector<PackedText>& texts) {
     {
         const std::lock_guard lock(mutex_);
@@ -21,7 +19,7 @@ void KnownTexts::add(const ContentHash& hash, std::string_view text,
             return;
         }
     }
-    auto bytes = std::make_shared<const std::string>(compressed(text));
+    auto bytes = std::make_shared<const std::string>(compressor.compressed(text));
     const std::lock_guard lock(mutex_);
     texts_.emplace(hash, bytes);
     texts.push_back({hash, std::move(bytes)});

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "src/migrate/changed-programs.h"
+#include "src/migrate/file-hashes.h"
 #include "src/migrate/known-texts.h"
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/ordered-work.h"
@@ -16,6 +17,9 @@
 namespace torvel::migrate {
 
 namespace {
+
+/// Outputs of that many programs are confirmed together: before that they have to be on the disk.
+constexpr std::uint64_t confirmedAtOnce = 2000;
 
 std::int64_t now() {
     return std::chrono::duration_cast<std::chrono::seconds>(
@@ -93,6 +97,8 @@ private:
     ProgramResult resultOf(const FoundProgram& found, const MachineSettings& settings) const;
     void planOutput(ConvertedProgram& program, const ContentHash& generated);
     void place(ConvertedProgram& program);
+    void settlePending();
+    void confirm(std::vector<OutputRecord> records);
     void convertAll(const std::vector<std::size_t>& changed);
     std::vector<OutputRecord> takePlaced();
     std::vector<Notice> noticesOfLeftOutputs();
@@ -108,8 +114,9 @@ private:
     SettingsOfMachines settings_;
     KnownProgramSet known_;
     KnownTexts texts_;
+    Compressors compressors_;
     /// What is known of outputs, by their keys: a program may have got that of another one.
-    const std::unordered_map<std::string, OutputRecord> outputs_;
+    std::unordered_map<std::string, OutputRecord> outputs_;
     RunSummary summary_;
     bool needsSweep_ = false;
 
@@ -121,6 +128,7 @@ private:
 
 RunSummary Run::run() {
     begin();
+    settlePending();
     removeVanished();
     const std::vector<std::size_t> changed =
         changedPrograms(project_, discovery_, known_, settings_, options_, threads_);
@@ -136,6 +144,37 @@ void Run::begin() {
     summary_.row.began = now();
     step();
     store_.beginRun(summary_.row);
+    step();
+}
+
+void Run::settlePending() {
+    std::vector<OutputRecord*> pending;
+    for (auto& [name, program] : known_.programs) {
+        if (program.stored.outputRecord && program.stored.outputRecord->pending) {
+            pending.push_back(&*program.stored.outputRecord);
+        }
+    }
+    inParallel(pending.size(), threads_,
+               [&](std::size_t i) { settleRecord(*pending[i], outputPath(pending[i]->output)); });
+    std::vector<OutputRecord> settled;
+    for (const OutputRecord* record : pending) {
+        if (!record->pending) {
+            settled.push_back(*record);
+            outputs_[record->output] = *record;
+        }
+    }
+    confirm(std::move(settled));
+}
+
+void Run::confirm(std::vector<OutputRecord> records) {
+    if (records.empty()) {
+        return;
+    }
+    if (options_.flushOutputs) {
+        options_.flushOutputs();
+    }
+    step();
+    store_.writeOutputs(records);
     step();
 }
 
@@ -177,17 +216,18 @@ std::unique_ptr<ConvertedProgram> Run::convert(const FoundProgram& found) {
     ProgramResult result = resultOf(found, settings);
     auto program = std::make_unique<ConvertedProgram>();
     program->found = &found;
-    program->packed = packedProgram(result);
+    const Compressors::Lent compressor = compressors_.borrow();
+    program->packed = packedProgram(result, *compressor);
     program->packed.machine = found.machine;
     program->packed.key = keyOfProgram(found, settings, result.inputs);
     for (const ConvertedFile& file : result.files) {
-        texts_.add(file.hash, file.text, program->packed.texts);
+        texts_.add(file.hash, file.text, *compressor, program->packed.texts);
     }
     program->generated = std::move(result.outputText);
     program->log = std::move(result.logText);
     if (result.status == ProgramStatus::converted) {
         const ContentHash generated = hashOf(program->generated);
-        texts_.add(generated, program->generated, program->packed.texts);
+        texts_.add(generated, program->generated, *compressor, program->packed.texts);
         program->packed.generated = generated;
         planOutput(*program, generated);
     }
@@ -225,7 +265,7 @@ void Run::place(ConvertedProgram& program) {
         return;
     }
     tell(*program.found, std::move(program.plan.message));
-    PlacedOutput placed{true, {}};
+    PlacedOutput placed{program.plan.leftAlone.has_value(), {}};
     if (program.plan.place) {
         step();
         placed = program.plan.place();
@@ -263,7 +303,7 @@ void Run::convertAll(const std::vector<std::size_t>& changed) {
          [](const ConvertedProgram& program) { return program.size; }});
     while (std::unique_ptr<ConvertedProgram> program = work.next()) {
         step();
-        store_.write(program->packed, takePlaced());
+        store_.write(program->packed);
         step();
         texts_.markStored(program->packed.texts);
         work.finish(std::move(program));
@@ -271,15 +311,16 @@ void Run::convertAll(const std::vector<std::size_t>& changed) {
         if (observer_.onProgress) {
             observer_.onProgress(summary_.convertedNow, changed.size());
         }
+        if (summary_.convertedNow % confirmedAtOnce == 0) {
+            confirm(takePlaced());
+        }
         if (!summary_.isCancelled && options_.isCancelled != nullptr && *options_.isCancelled) {
             summary_.isCancelled = true;
             work.beginNoMore();
         }
     }
     work.waitForAll();
-    step();
-    store_.writeOutputs(takePlaced());
-    step();
+    confirm(takePlaced());
 }
 
 std::vector<Notice> Run::noticesOfLeftOutputs() {

@@ -70,7 +70,8 @@ struct PlannedOutput {
     /// The output stays as it is, and so it will until it changes: the hash of its bytes, or `noFile`.
     std::optional<ContentHash> leftAlone;
     std::string message;
-    /// Does it. Called at most once, after the store was written.
+    /// Does it. Called at most once, after the store was written. None: it cannot be done, and is tried again by the
+    /// next run unless the output is left alone.
     std::function<PlacedOutput()> place;
 };
 
@@ -90,6 +91,8 @@ struct RunOptions {
     /// Only some of the project's programs were looked for: the others stay as they are.
     bool isPartial = false;
     PlanOutput planOutput;
+    /// Waits until the outputs that were put in place are on the disk; called before the store is told that they are.
+    std::function<void()> flushOutputs;
     /// Called whenever something lasting is about to be done or was done, by several threads. For tests.
     std::function<void()> onStep;
 };

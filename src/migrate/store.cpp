@@ -244,7 +244,7 @@ void Store::Tables::close() {
     }
 }
 
-PackedProgram packedProgram(const ProgramResult& result) {
+PackedProgram packedProgram(const ProgramResult& result, Compressor& compressor) {
     PackedProgram packed;
     packed.program = result.program;
     packed.output = result.output;
@@ -255,7 +255,7 @@ PackedProgram packedProgram(const ProgramResult& result) {
     for (const ConvertedFile& file : result.files) {
         packed.files.push_back({file.path, file.hash});
     }
-    packed.findings = compressed(packedFindings(result.findings));
+    packed.findings = compressor.compressed(packedFindings(result.findings));
     packed.lineMap = packedLineMap(result.lineMap);
     return packed;
 }
@@ -447,11 +447,8 @@ void Store::replaceNotices(const std::vector<Notice>& notices) {
     transaction.commit();
 }
 
-void Store::write(const PackedProgram& program, const std::vector<OutputRecord>& settled) {
+void Store::write(const PackedProgram& program) {
     Transaction transaction(tables_->database());
-    for (const OutputRecord& record : settled) {
-        tables_->putOutput(record);
-    }
     tables_->putProgram(program);
     transaction.commit();
 }

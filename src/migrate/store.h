@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "src/base/file-system.h"
+#include "src/migrate/compressed-text.h"
 #include "src/migrate/discovery.h"
 #include "src/migrate/program-result.h"
 
@@ -107,7 +108,7 @@ struct PackedProgram {
 };
 
 /// All of a result but its texts.
-PackedProgram packedProgram(const ProgramResult& result);
+PackedProgram packedProgram(const ProgramResult& result, Compressor& compressor);
 
 enum class StoreUse : std::uint8_t {
     read,   // as long as nobody writes, on media that cannot be written too
@@ -153,8 +154,8 @@ public:
     /// What there is now, in a row without times.
     RunRow totals() const;
     void replaceNotices(const std::vector<Notice>& notices);
-    /// Replaces what is known of the program. What is settled is written with it.
-    void write(const PackedProgram& program, const std::vector<OutputRecord>& settled);
+    /// Replaces what is known of the program.
+    void write(const PackedProgram& program);
     void writeOutputs(const std::vector<OutputRecord>& records);
     void removePrograms(const std::vector<std::int64_t>& numbers);
     void removeOutputs(const std::vector<std::string>& outputs);

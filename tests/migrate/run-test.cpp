@@ -314,6 +314,51 @@ TEST(Run, OutputThatCannotBeWrittenIsTriedAgain) {
     EXPECT_EQ(plant.run().convertedNow, 0U);
 }
 
+TEST(Run, RefusedOutputIsTriedAgain) {
+    Plant plant;
+    fill(plant);
+    const PlanOutput placing = plant.options.planOutput;
+    plant.options.planOutput = [](const OutputTask&) {
+        PlannedOutput plan;
+        plan.message = "refused";
+        return plan;
+    };
+    EXPECT_EQ(plant.run().outputNotices.size(), 4U);
+    plant.options.planOutput = placing;
+    EXPECT_EQ(plant.run().convertedNow, 4U);
+    EXPECT_TRUE(plant.has("out/a.torvel"));
+    EXPECT_EQ(plant.run().convertedNow, 0U);
+}
+
+TEST(Run, OutputsAreConfirmedWhenTheyAreOnTheDisk) {
+    Plant plant;
+    fill(plant);
+    int flushes = 0;
+    plant.options.flushOutputs = [&] {
+        ++flushes;
+        EXPECT_TRUE(plant.has("out/a.torvel"));
+    };
+    plant.run();
+    EXPECT_EQ(flushes, 1);
+    {
+        // As if the run had been cut off before it confirmed.
+        Database database(plant.store(), DatabaseUse::write);
+        database.execute("UPDATE output SET pending = base, base = NULL");
+        Query query(database, "UPDATE output SET placed = ? WHERE path = ?");
+        for (const std::string name : {"a", "b", "c", "sub/d"}) {
+            const std::string output = "out/" + name + ".torvel";
+            const ContentHash hash = hashOf(plant.read(output));
+            query.bind(0, {reinterpret_cast<const char*>(hash.data()), hash.size()});
+            query.bind(1, output).run();
+        }
+    }
+    plant.write("out/c.torvel", "edited\n");
+    EXPECT_EQ(plant.run().convertedNow, 1U);  // the one of which it is not known what is there
+    EXPECT_EQ(plant.convertedNow, (Names{"c.pgm"}));
+    EXPECT_EQ(flushes, 2);
+    EXPECT_EQ(plant.read("out/c.torvel"), "edited\n");
+}
+
 TEST(Run, ResultsAreTheSameForAnyNumberOfThreads) {
     std::string dump;
     std::string outputs;

@@ -73,7 +73,8 @@ PackedProgram programOf(const std::string& name) {
     result.findings = {findingOf(name, 2), findingOf("part.inc", 9)};
     result.lineMap = {
         {0, 1, 0, 1, true}, {0, 2, 0, 1, true}, {1, 1, 1, 2, false}, {0, 3, 0, 1, true}};
-    PackedProgram program = packedProgram(result);
+    Compressor compressor;
+    PackedProgram program = packedProgram(result, compressor);
     program.machine = "line2";
     program.key = hashOf("key of " + name);
     program.texts = {packed("source of " + name), packed("output of " + name)};
@@ -102,8 +103,8 @@ TEST(Store, WhatIsWrittenIsRead) {
         EXPECT_TRUE(store.wasCutOff());
         store.replaceNotices({{"old", "one that goes"}});
         store.replaceNotices({{"a\nb", "first"}, {"", "second"}});
-        store.write(programOf("b\xff.pgm"), {});
-        store.write(programOf("a.pgm"), {});
+        store.write(programOf("b\xff.pgm"));
+        store.write(programOf("a.pgm"));
         store.endRun({"1.0.0", 100, 107, 2, 2, 14, 10, 4});
         EXPECT_FALSE(store.wasCutOff());
     }
@@ -150,7 +151,7 @@ TEST(Store, WhatIsWrittenIsRead) {
 TEST(Store, ReplacedProgramLeavesNothingBehind) {
     const TemporaryDirectory folder;
     Store store(folder.path() / "s", StoreUse::write);
-    store.write(programOf("a.pgm"), {});
+    store.write(programOf("a.pgm"));
     PackedProgram changed = programOf("a.pgm");
     changed.inputs = {{"a.pgm", hashOf("new source")}};
     changed.files = {{"a.pgm", hashOf("new source")}};
@@ -159,7 +160,7 @@ TEST(Store, ReplacedProgramLeavesNothingBehind) {
     changed.outputRecord->base = hashOf("output of a.pgm");
     changed.outputRecord->conflict = std::nullopt;
     changed.outputRecord->pending = hashOf("new output");
-    store.write(changed, {});
+    store.write(changed);
     store.removeUnusedTexts();
     EXPECT_EQ(store.textHashes().size(), 3U);  // the base, the new source and the new output
     store.forEachProgram([&](const StoredProgram& program) {
@@ -264,7 +265,7 @@ TEST(Store, DamagedFile) {
     {
         Store store(path, StoreUse::write);
         for (int i = 0; i < 50; ++i) {
-            store.write(programOf("p" + std::to_string(i)), {});
+            store.write(programOf("p" + std::to_string(i)));
         }
     }
     std::string bytes = readFile(path);
@@ -288,7 +289,7 @@ TEST(Store, TextThatIsMissingOrDamaged) {
     const NativePath path = folder.path() / "s";
     {
         Store store(path, StoreUse::write);
-        store.write(programOf("a"), {});
+        store.write(programOf("a"));
     }
     Database database(path, DatabaseUse::write);
     database.execute("UPDATE text SET bytes = x'05010203'; UPDATE program SET findings = x'ff'");
