@@ -75,6 +75,7 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
     context.reference = run.reference;
     if (run.record != nullptr) {
         part.record = std::make_unique<CheckRecord>();
+        part.record->run = run.record;
         context.record = part.record.get();
         convertLines<true>(context, first, last, part);
     } else {

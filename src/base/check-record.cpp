@@ -20,6 +20,17 @@ bool hasText(TokenType type) {
 
 }  // namespace
 
+bool mayHaveSeveralValues(const CheckRecord& record, std::string_view name) {
+    const CheckRecord& run = record.run != nullptr ? *record.run : record;
+    return !run.definedAgain.empty() && run.definedAgain.contains(std::string(name));
+}
+
+void enterDefined(CheckRecord& record, std::string_view name) {
+    if (!record.defined.emplace(name).second) {
+        record.definedAgain.emplace(name);
+    }
+}
+
 void takeOff(CheckRecord& record, const RecordMark& mark) {
     record.findings.erase(record.findings.begin() + static_cast<std::ptrdiff_t>(mark.findings),
                           record.findings.end());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -65,7 +66,20 @@ struct CheckRecord {
     std::vector<Fact> facts;
     /// Variables of which a fact is there, as they stand in the program's text.
     std::unordered_set<std::string_view> variables;
+    /// Some of them, by a number made of their letters: most variables were met a few lines ago.
+    std::array<std::string_view, 1024> recentVariables;
+    /// Names of the defines that were met, and those that were met again. Only these can have several values.
+    std::unordered_set<std::string> defined;
+    std::unordered_set<std::string> definedAgain;
+    /// The record of the run of which this one has a part; null: it is that.
+    const CheckRecord* run = nullptr;
 };
+
+/// Whether the ways through the conditionals may have given a name different values.
+bool mayHaveSeveralValues(const CheckRecord& record, std::string_view name);
+
+/// Notes that a name is defined.
+void enterDefined(CheckRecord& record, std::string_view name);
 
 /// Records a comment that the output does not have, on that line.
 void recordDroppedComment(CheckRecord& record, const Program& program,

@@ -29,6 +29,24 @@ bool isLostDefine(const Program& program, std::span<const Token> tokens) {
            program.textOf(tokens[0]).starts_with(unconvertibleMarker);
 }
 
+/// Uses of names with several values in the line are no findings.
+void noteRefused(CheckRecord& record) {
+    if (!(record.run != nullptr ? *record.run : record).definedAgain.empty()) {
+        Fact refused;
+        refused.kind = Fact::Kind::refused;
+        record.facts.push_back(std::move(refused));
+    }
+}
+
+/// The place of a variable among those that were met lately; its name begins with "$".
+std::size_t numberOf(std::string_view name) {
+    std::uint32_t hash = 0;
+    for (const char c : name.substr(1)) {
+        hash = hash * 31 + static_cast<unsigned char>(c);
+    }
+    return hash % std::tuple_size_v<decltype(CheckRecord::recentVariables)>;
+}
+
 /// The variables among tokens, each of them once. Those that stand in `except`, a macro's head, are its arguments.
 void recordVariables(const ConversionContext& context, TextSpan lineText,
                      std::span<const Token> tokens, std::string_view except) {
@@ -38,11 +56,16 @@ void recordVariables(const ConversionContext& context, TextSpan lineText,
             continue;
         }
         const std::string_view name = context.program.textOf(token);
+        std::string_view& recent = record.recentVariables[numberOf(name)];
+        if (recent == name) {
+            continue;
+        }
         const std::size_t argument = except.find(name);
         if (argument != std::string_view::npos &&
             !isWordCharacter(except[argument + name.size()])) {
             continue;
         }
+        recent = name;
         if (record.variables.insert(name).second) {
             Fact fact;
             fact.kind = Fact::Kind::variable;
@@ -112,9 +135,7 @@ void recordLine(ConversionContext& context, const LineMark& mark, std::size_t nu
         recordVariables(context, number, tokens);
     } else {
         takeOff(record, mark.record);
-        Fact refused;
-        refused.kind = Fact::Kind::refused;
-        record.facts.push_back(std::move(refused));
+        noteRefused(record);
     }
     if (program.text.view(program.list.lines[number].comment).ends_with('\\')) {
         record.findings.push_back(makeFinding(Check::CommentContinues, context.position));

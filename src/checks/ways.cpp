@@ -26,16 +26,21 @@ const Reaching& Ways::at(std::string_view name) const {
     return found == names_.end() ? none : found->second;
 }
 
-void Ways::set(std::string_view name, const Reaching& reaching) {
+void Ways::set(std::string_view name, const Reaching& reaching, unsigned levels) {
     const std::string key(name);
     Reaching& now = names_[key];
     if (!frames_.empty()) {
         Frame& frame = frames_.back();
-        Change& change = frame.changes[key];
-        if (!change.isInBranch) {
-            change.isInBranch = true;
-            change.before = now;
-            frame.inBranch.push_back(key);
+        const auto found = frame.changes.find(key);
+        const bool isInBranch = found != frame.changes.end() && found->second.isInBranch;
+        if (isInBranch || levels > 0) {
+            Change& change = isInBranch ? found->second : frame.changes[key];
+            if (!isInBranch) {
+                change.isInBranch = true;
+                change.before = now;
+                frame.inBranch.push_back(key);
+            }
+            change.levels = std::max(change.levels, levels);
         }
     }
     now = reaching;
@@ -91,7 +96,7 @@ void Ways::closeConditional() {
             around.mayBeNone = around.mayBeNone && !(frame.isNegated && name == frame.guard);
             left = join(left, around);
         }
-        set(name, left);
+        set(name, left, change.levels == 0 ? 0 : change.levels - 1);
     }
 }
 

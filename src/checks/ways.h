@@ -31,7 +31,7 @@ Reaching join(const Reaching& a, const Reaching& b);
 class Ways {
 public:
     const Reaching& at(std::string_view name) const;
-    void set(std::string_view name, const Reaching& reaching);
+    void set(std::string_view name, const Reaching& reaching) { set(name, reaching, mostLevels); }
 
     /// Begins the first branch of a conditional, which is fact number `fact`. `guard` is the name that must be
     /// defined in it, or must not.
@@ -43,6 +43,10 @@ public:
     std::size_t branchStart() const { return frames_.empty() ? 0 : frames_.back().branchStart; }
 
 private:
+    /// So many conditionals around a name follow it, so that the time is in proportion to the program however deep
+    /// they are. In those around them what the name was may be seen in the next branch too.
+    static constexpr unsigned mostLevels = 64;
+
     struct Change {
         /// What it was in front of the branch.
         Reaching before;
@@ -50,6 +54,8 @@ private:
         Reaching joined;
         std::size_t branches = 0;
         bool isInBranch = false;
+        /// Conditionals around this one that follow the name.
+        unsigned levels = 0;
     };
     struct Frame {
         std::unordered_map<std::string, Change> changes;
@@ -61,6 +67,7 @@ private:
         bool isNegated = false;
     };
 
+    void set(std::string_view name, const Reaching& reaching, unsigned levels);
     void endBranch(Frame& frame);
 
     std::unordered_map<std::string, Reaching> names_;

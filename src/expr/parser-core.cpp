@@ -77,6 +77,9 @@ void recordCheck(const Statement& statement, Check check, const Token* first, co
 void recordFact(const Statement& statement, Fact::Kind kind, std::string_view name,
                 const Token* first) {
     const ConversionContext& context = statement.context;
+    if (kind == Fact::Kind::valueUse && !mayHaveSeveralValues(*context.record, name)) {
+        return;
+    }
     Fact fact;
     fact.kind = kind;
     fact.position = context.position;

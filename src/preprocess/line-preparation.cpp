@@ -92,8 +92,9 @@ void appendTokens(PreprocessorRun& run, LineList& list, const SubstitutedText& s
 /// Tells the passes which names were replaced by text. The line is the last one.
 void noteUses(PreprocessorRun& run, const SourcePosition& position, TextSpan lineText) {
     for (const Defines::Use& use : run.defines.takeUses()) {
-        if (!use.isPreserved) {
-            noteFact(run, Fact::Kind::valueUse, position, run.program.text.view(use.name));
+        const std::string_view name = run.program.text.view(use.name);
+        if (!use.isPreserved && mayHaveSeveralValues(*run.record, name)) {
+            noteFact(run, Fact::Kind::valueUse, position, name);
             --run.record->facts.back().programLine;  // the line is appended already
             run.record->facts.back().columns = columnsOf(run.program, position, lineText, use.name);
         }

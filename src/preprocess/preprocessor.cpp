@@ -63,8 +63,12 @@ void preprocessFile(PreprocessorRun& run, std::string_view path,
 
 void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& position,
               std::string_view name, std::string_view value) {
-    if (run.record == nullptr) {
+    if (run.record == nullptr ||
+        (kind == Fact::Kind::valueUse && !mayHaveSeveralValues(*run.record, name))) {
         return;
+    }
+    if (kind == Fact::Kind::define || kind == Fact::Kind::lostDefine) {
+        enterDefined(*run.record, name);
     }
     Fact fact;
     fact.kind = kind;

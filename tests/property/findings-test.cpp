@@ -127,4 +127,19 @@ TEST(Findings, AnyNumberOfConditionals) {
     EXPECT_EQ(findingsOf(inEachOther).size(), conditionals - 1);
 }
 
+/// A name is followed through the conditionals around it, so far that no branch that excludes it meets it.
+TEST(Findings, NamesInsideManyConditionals) {
+    constexpr std::size_t conditionals = 3000;
+    std::string program;
+    for (std::size_t i = 0; i < conditionals; ++i) {
+        program += "#ifdef SIM\n#define D" + std::to_string(i) + " 1\n";
+    }
+    program += "here: HOME X\n#define SPEED 1\n";
+    for (std::size_t i = 0; i < conditionals; ++i) {
+        program += "#else\nhere: HOME Y\n#endif\n";
+    }
+    program += "F SPEED\n";
+    EXPECT_EQ(findingsOf(program), List{});
+}
+
 }  // namespace torvel::test
