@@ -9,6 +9,7 @@
 #include "src/migrate/any-case-source.h"
 #include "src/migrate/command-project.h"
 #include "src/migrate/gate.h"
+#include "src/migrate/new-file.h"
 #include "src/migrate/output-placing.h"
 #include "src/migrate/progress.h"
 #include "src/migrate/reporting.h"
@@ -72,6 +73,7 @@ void prepare(Work& work, const Options& options, const Console& console) {
     run.source = anyCaseSource(fileSystemSource(), work.listings, [](const OtherCase&) {});
     work.discovery = findPrograms(work.project, options.threads);
     run.planOutput = placingOutputs(sourceFilesOf(work.project, work.discovery));
+    run.flushOutputs = [&work] { flushFolder(projectPath(work.project, work.project.output)); };
 }
 
 RunSummary runTold(Work& work, Store& store, const Options& options, const Console& console) {

@@ -88,6 +88,7 @@ ContentHash keyOfProgram(const FoundProgram& program, const MachineSettings& set
     key.add("program", program.program);
     key.add("output", program.output);
     key.add("machine", program.machine);
+    key.add("reach", bytesOf(program.reach));
     for (const std::string& other : program.collidesWith) {
         key.add("collides", other);
     }

@@ -8,8 +8,8 @@
 #include "src/migrate/command-project.h"
 #include "src/migrate/explain.h"
 #include "src/migrate/gate.h"
+#include "src/migrate/replaced-file.h"
 #include "src/migrate/report-csv.h"
-#include "src/migrate/report-file.h"
 #include "src/migrate/report-json.h"
 #include "src/migrate/report-junit.h"
 #include "src/migrate/report-sarif.h"
@@ -60,6 +60,16 @@ std::vector<Format> formatsOf(const Options& options) {
     };
 }
 
+/// "-" is the standard output.
+void writeReport(const std::string& path, const Console& console,
+                 const std::function<void(const TextSink&)>& write) {
+    if (path == "-") {
+        write(console.output);
+    } else {
+        replaceFile(nativePath(path), write);
+    }
+}
+
 }  // namespace
 
 int statusCommand(const Options& options, const Console& console) {
@@ -85,8 +95,8 @@ int reportCommand(const Options& options, const Console& console) {
     const Reporting reporting = reportingOf(options, projectOf(options));
     for (const Format& format : formats) {
         if (format.path) {
-            writeReportFile(*format.path, console.output,
-                            [&](const TextSink& sink) { format.write(reporting, sink); });
+            writeReport(*format.path, console,
+                        [&](const TextSink& sink) { format.write(reporting, sink); });
         }
     }
     return 0;

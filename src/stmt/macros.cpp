@@ -4,7 +4,7 @@
 #include "src/expr/expressions.h"
 #include "src/expr/strings.h"
 #include "src/lex/lexer.h"
-#include "src/stmt/macro-arguments.h"
+#include "src/stmt/argument-checks.h"
 
 namespace torvel {
 
@@ -36,7 +36,7 @@ void convertMacroDefinition(Statement& statement, const Macro& macro) {
     GrowingArray<Token> room;
     CheckRecord* const record = statement.context.record;
     const RecordMark mark = record == nullptr ? RecordMark() : markOf(*record);
-    std::optional<MacroArguments> arguments;
+    std::optional<ArgumentNames> arguments;
     if (record != nullptr) {
         arguments.emplace(program.text.view(macro.head));
     }

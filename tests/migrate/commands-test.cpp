@@ -74,7 +74,8 @@ TEST_F(CommandTest, ConvertWithoutAProjectFile) {
     write("programs/inc/b.pgm", "DVAR $a\n");
     write("programs/sub/c.prg", "HOME Spindle\n");
     write("machine.xml",
-          "<Parameters><Axes><Axis><P n=\"AxisName\">Spindle</P></Axis></Axes></Parameters>");
+          "<Controller><Parameters><Axes><Axis><P n=\"AxisName\">Spindle</P></Axis></Axes>"
+          "</Parameters></Controller>");
     const Outcome outcome = run({"convert", "programs", "-o", "converted", "-p", "machine.xml"});
 
     EXPECT_EQ(outcome.status, 0) << outcome.error;
@@ -256,9 +257,12 @@ TEST_F(CommandTest, SeveralOutputsAreReportedTogether) {
     const Outcome status = run({"status", "line1/converted", "line2/converted"});
     EXPECT_TRUE(begins(status.output, "2 programs in 2 folders\n")) << status.output;
 
-    // The folder is moved as a whole: the outputs are found all the same.
-    std::filesystem::rename(path("line1"), path("old"));
-    EXPECT_EQ(report({"old/converted"})["programs"][0]["outputState"], "as-generated");
+    // A project is moved as a whole: its outputs are found all the same.
+    write("line3/migration.toml", "sources = [\"programs\"]\n");
+    write("line3/programs/b.pgm", "PROBE X\n");
+    EXPECT_EQ(run({"convert", "--project", "line3/migration.toml"}).status, 0);
+    std::filesystem::rename(path("line3"), path("moved"));
+    EXPECT_EQ(report({"moved/converted"})["programs"][0]["outputState"], "as-generated");
 }
 
 TEST_F(CommandTest, ReportsAreWrittenAsAWhole) {
@@ -276,8 +280,8 @@ TEST_F(CommandTest, ReportsAreWrittenAsAWhole) {
     const Outcome refused = run({"report", "converted", "--json", "nowhere/r.json"});
     EXPECT_EQ(refused.status, 1);
     EXPECT_EQ(refused.error,
-              "torvel-migrate: The report \"nowhere/r.json\" cannot be written. Name a file in a "
-              "folder that is there and can be written to.\n");
+              "torvel-migrate: 'nowhere/r.json' could not be written: make sure that its folder is "
+              "there and that you may write to it.\n");
     EXPECT_EQ(run({"report", "converted"}).status, 2);
 }
 

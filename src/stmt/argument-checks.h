@@ -13,10 +13,10 @@
 namespace torvel {
 
 /// The arguments of a macro, by what the body calls them.
-class MacroArguments {
+class ArgumentNames {
 public:
     /// `head` is "#macro NAME($a, $b)".
-    explicit MacroArguments(std::string_view head);
+    explicit ArgumentNames(std::string_view head);
 
     std::string_view macro() const { return macro_; }
 

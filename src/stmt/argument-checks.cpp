@@ -1,4 +1,4 @@
-#include "src/stmt/macro-arguments.h"
+#include "src/stmt/argument-checks.h"
 
 #include "src/base/characters.h"
 #include "src/expr/precedence.h"
@@ -45,7 +45,7 @@ bool isAssignment(TokenType type) {
 
 }  // namespace
 
-MacroArguments::MacroArguments(std::string_view head) {
+ArgumentNames::ArgumentNames(std::string_view head) {
     constexpr std::size_t lead = std::string_view("#macro ").size();
     const std::size_t open = head.find('(');
     macro_ = head.substr(lead, open - lead);
@@ -59,7 +59,7 @@ MacroArguments::MacroArguments(std::string_view head) {
     }
 }
 
-void MacroArguments::noteUses(const Statement& statement, std::span<const Token> tokens) const {
+void ArgumentNames::noteUses(const Statement& statement, std::span<const Token> tokens) const {
     for (std::size_t at = 0; at < tokens.size(); ++at) {
         if (tokens[at].type != TokenType::VARIABLE) {
             continue;
