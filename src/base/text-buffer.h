@@ -150,10 +150,11 @@ private:
 
     static constexpr std::size_t shortSize = 40;
 
+    /// The room of a short text: first, since the others point into it.
+    std::array<char, shortSize> inside_;
     char* begin_ = inside_.data();
     char* end_ = inside_.data();
     char* limit_ = inside_.data() + shortSize;
-    std::array<char, shortSize> inside_;
 };
 
 /// Appends a number in decimal digits.
