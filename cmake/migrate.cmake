@@ -1,6 +1,7 @@
 # torvel-migrate: converts the programs of a plant with the library of the converter. What it uses comes from
 # Debian's packages.
 find_package(Threads REQUIRED)
+set(ZLIB_USE_STATIC_LIBS ${TORVEL_STATIC})
 find_package(ZLIB REQUIRED)
 
 # Libraries that are headers only, and those that are linked.

@@ -19,9 +19,9 @@ void TextBuffer::grow(std::size_t size) {
 
 void TextBuffer::take(TextBuffer& other) noexcept {
     if (other.isInside()) {
+        inside_ = other.inside_;
         begin_ = inside_.data();
         limit_ = inside_.data() + shortSize;
-        inside_ = other.inside_;
         end_ = begin_ + other.size();
     } else {
         begin_ = other.begin_;

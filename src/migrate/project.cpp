@@ -79,7 +79,8 @@ void readTable(const Entry& entry, const std::array<KeyRow<Target>, count>& rows
         if (row == rows.end()) {
             std::string allowed;
             for (const auto& known : rows) {
-                allowed += (allowed.empty() ? "" : ", ") + std::string(known.key);
+                allowed += allowed.empty() ? "" : ", ";
+                allowed += known.key;
             }
             place.fail("There is no key '" + place.key + "'. Allowed here: " + allowed + ".");
         }

@@ -98,7 +98,7 @@ private:
     void planOutput(ConvertedProgram& program, const ContentHash& generated);
     void place(ConvertedProgram& program);
     void settlePending();
-    void confirm(std::vector<OutputRecord> records);
+    void confirm(const std::vector<OutputRecord>& records);
     void convertAll(const std::vector<std::size_t>& changed);
     std::vector<OutputRecord> takePlaced();
     std::vector<Notice> noticesOfLeftOutputs();
@@ -166,7 +166,7 @@ void Run::settlePending() {
     confirm(std::move(settled));
 }
 
-void Run::confirm(std::vector<OutputRecord> records) {
+void Run::confirm(const std::vector<OutputRecord>& records) {
     if (records.empty()) {
         return;
     }

@@ -56,7 +56,7 @@ Database openToRead(const NativePath& path, DatabaseUse use) {
     expectStore(database, path);
     if (database.number("SELECT count(*) FROM sqlite_schema") == 0) {
         throw StoreError("The store \"" + narrowPath(path) +
-                         "\" is empty. Run \"torvel-migrate convert\" first.");
+                         R"(" is empty. Run "torvel-migrate convert" first.)");
     }
     bringUpToDate(database, storeSteps(), DatabaseUse::read, narrowPath(path));
     return database;
@@ -135,7 +135,7 @@ Database openStore(const NativePath& path, StoreUse use) {
     if (fileKind(path) == FileKind::missing) {
         throw StoreError(
             "There is no store \"" + narrowPath(path) +
-            "\". Run \"torvel-migrate convert\" first, or name another place with --store.");
+            R"(". Run "torvel-migrate convert" first, or name another place with --store.)");
     }
     const bool hasLog =
         saysLog(path) || isThere(withEnding(path, "-wal")) || isThere(withEnding(path, "-journal"));

@@ -37,6 +37,7 @@ public:
     }
     StoredHistory(const StoredHistory&) = delete;
     StoredHistory& operator=(const StoredHistory&) = delete;
+    ~StoredHistory() = default;
 
     const OutputHistory& history() const { return history_; }
 

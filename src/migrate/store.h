@@ -121,6 +121,8 @@ public:
     /// Opens a store. One for writing is made if it is not there, brought up to date if it is older, and locked.
     Store(const NativePath& path, StoreUse use);
     ~Store();
+    Store(const Store&) = delete;
+    Store& operator=(const Store&) = delete;
     Store(Store&&) noexcept;
     Store& operator=(Store&&) noexcept;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <stdexcept>
+#include <utility>
 
 #include "src/base/characters.h"
 
@@ -22,7 +23,7 @@ void check(const std::string& name, const std::string& value) {
     if (!isWord(name)) {
         throw std::invalid_argument(
             "The predefined constant '" + name +
-            "' is no word: a letter or \"_\", then letters, digits and \"_\".");
+            R"(' is no word: a letter or "_", then letters, digits and "_".)");
     }
     if (trimBlanks(value).empty() ||
         value.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos) {
@@ -33,8 +34,8 @@ void check(const std::string& name, const std::string& value) {
 
 }  // namespace
 
-SiteConstants::SiteConstants(const std::map<std::string, std::string>& constants)
-    : texts_(constants) {
+SiteConstants::SiteConstants(std::map<std::string, std::string> constants)
+    : texts_(std::move(constants)) {
     const PredefinedTable& builtIn = predefinedConstants();
     rows_.assign(builtIn.rows.begin(), builtIn.rows.end());
     std::vector<bool> composed;

@@ -16,12 +16,13 @@ public:
     /// Torvel text is gone; the others stand behind the built-in ones, in the order of their names. Names in a value
     /// count if they stand in front. Throws std::invalid_argument with a sentence if a name is no word, or a value is
     /// empty or has more than one line.
-    explicit SiteConstants(const std::map<std::string, std::string>& constants);
+    explicit SiteConstants(std::map<std::string, std::string> constants);
 
     const PredefinedTable& table() const { return table_; }
 
     SiteConstants(const SiteConstants&) = delete;
     SiteConstants& operator=(const SiteConstants&) = delete;
+    ~SiteConstants() = default;
 
 private:
     std::map<std::string, std::string> texts_;

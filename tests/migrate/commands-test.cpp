@@ -35,7 +35,12 @@ protected:
     void write(const std::string& name, std::string_view text) const {
         writeFile(path(name), text);
     }
-    std::string read(const std::string& name) const { return readFile(path(name)); }
+    /// Line feeds at the ends of lines, on every system.
+    std::string read(const std::string& name) const {
+        std::string text = readFile(path(name));
+        std::erase(text, '\r');
+        return text;
+    }
 
     Outcome run(const std::vector<std::string>& arguments) const {
         Outcome outcome;

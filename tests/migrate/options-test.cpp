@@ -87,13 +87,14 @@ TEST(Options, StandInPlaceOfTheProject) {
     project.sources = {"programs"};
     project.exclude = {"old/**"};
     project.output = "converted";
+    const std::string elsewhere = (directory.path() / "elsewhere").string();
     const Options options =
-        *parseOptions({"convert", ".", "../other", "-o", "/elsewhere", "-p", "m.xml"}).options;
+        *parseOptions({"convert", ".", "../other", "-o", elsewhere, "-p", "m.xml"}).options;
     applyOptions(options, directory.path() / "plant/line1", project);
     EXPECT_EQ(project.sources, (std::vector<std::string>{"line1", "other"}));
     EXPECT_EQ(project.exclude, (std::vector<std::string>{"old/**"}));
     EXPECT_EQ(project.parameters, "line1/m.xml");
-    EXPECT_EQ(canonicalPath(project.folder / project.output), canonicalPath("/elsewhere"));
+    EXPECT_EQ(project.output, "../elsewhere");
 }
 
 }  // namespace torvel::migrate::test

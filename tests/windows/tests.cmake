@@ -20,9 +20,21 @@ target_compile_definitions(command-line-tests PRIVATE
                            "TORVEL_VERSION=\"${PROJECT_VERSION}\"")
 add_dependencies(command-line-tests BrannicToTorvel64)
 
+if(TORVEL_BUILD_MIGRATE)
+    add_windows_test(migrate-tests migrate/commands-test.cpp migrate/options-test.cpp
+                     migrate/plant-test.cpp migrate/merge-test.cpp)
+    target_link_libraries(migrate-tests PRIVATE torvel_migrate GTest::gtest_main)
+endif()
+
 if(MINGW)
-    add_test(NAME windows/imports
-             COMMAND ${CMAKE_COMMAND} -DOBJDUMP=${CMAKE_OBJDUMP}
-                     -DPROGRAM=$<TARGET_FILE:BrannicToTorvel64>
-                     -P ${CMAKE_CURRENT_LIST_DIR}/check-imports.cmake)
+    set(programs BrannicToTorvel64)
+    if(TORVEL_BUILD_MIGRATE)
+        list(APPEND programs torvel-migrate)
+    endif()
+    foreach(program ${programs})
+        add_test(NAME windows/imports-of-${program}
+                 COMMAND ${CMAKE_COMMAND} -DOBJDUMP=${CMAKE_OBJDUMP}
+                         -DPROGRAM=$<TARGET_FILE:${program}>
+                         -P ${CMAKE_CURRENT_LIST_DIR}/check-imports.cmake)
+    endforeach()
 endif()
