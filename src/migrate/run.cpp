@@ -163,7 +163,7 @@ void Run::settlePending() {
             outputs_[record->output] = *record;
         }
     }
-    confirm(std::move(settled));
+    confirm(settled);
 }
 
 void Run::confirm(const std::vector<OutputRecord>& records) {
