@@ -76,7 +76,7 @@ void prepare(Work& work, const Options& options, const Console& console) {
     run.flushOutputs = [&work] { flushFolder(projectPath(work.project, work.project.output)); };
 }
 
-RunSummary runTold(Work& work, Store& store, const Options& options, const Console& console) {
+RunSummary runTold(const Work& work, Store& store, const Options& options, const Console& console) {
     const Clock::time_point began = Clock::now();
     ProgressTeller teller(console.errorTerminal, console.error);
     RunObserver observer;

@@ -62,7 +62,8 @@ public:
             return nullptr;
         }
         auto node = made_.extract(taken_++);
-        return std::move(node.mapped());
+        std::unique_ptr<Piece> piece = std::move(node.mapped());
+        return piece;
     }
 
     /// Has a piece finished that was taken.

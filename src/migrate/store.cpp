@@ -203,8 +203,8 @@ void Store::Tables::putOutput(const OutputRecord& record) {
 
 void Store::Tables::putProgram(const PackedProgram& program) {
     WritingStatements& sql = writing();
-    for (const PackedText& text : program.texts) {
-        sql.putText.bind(0, bytesOf(text.hash)).bind(1, *text.bytes).run();
+    for (const PackedText& packed : program.texts) {
+        sql.putText.bind(0, bytesOf(packed.hash)).bind(1, *packed.bytes).run();
     }
     Query& row = sql.putProgram;
     row.bind(0, program.program).bind(1, program.output).bind(2, program.machine);
