@@ -17,7 +17,7 @@
 #include <string>
 #include <thread>
 
-#include "src/migrate/file-hashes.h"
+#include "src/migrate/in-threads.h"
 #include "src/migrate/program-conversion.h"
 #include "src/migrate/run.h"
 
@@ -104,7 +104,7 @@ int main(int argc, char** argv) {
     const NativePath out = project.folder / "../converted";
     const auto convert = [&](bool isWritten) {
         const ConversionSettings settings{project.folder, options.source, AxisNames(), {}, {}, {}};
-        inParallel(discovery.programs.size(), options.threads, [&](std::size_t i) {
+        inThreads(options.threads, discovery.programs.size(), [&](std::size_t i, unsigned) {
             const FoundProgram& found = discovery.programs[i];
             const ProgramResult result = convertOne(found.path, settings);
             if (isWritten) {

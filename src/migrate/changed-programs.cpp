@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "src/migrate/file-hashes.h"
+#include "src/migrate/in-threads.h"
 
 namespace torvel::migrate {
 
@@ -16,7 +17,7 @@ using HashesNow = std::vector<std::optional<ContentHash>>;
 HashesNow hashesNow(const Project& project, const Discovery& discovery,
                     const KnownProgramSet& known, const RunOptions& options, unsigned threads) {
     HashesNow hashes(known.inputs.size());
-    inParallel(hashes.size(), threads, [&](std::size_t i) {
+    inThreads(threads, hashes.size(), [&](std::size_t i, unsigned) {
         if (const auto read = discovery.hashes.find(known.inputs[i]);
             read != discovery.hashes.end()) {
             hashes[i] = read->second;
@@ -85,7 +86,7 @@ std::vector<std::size_t> changedPrograms(const Project& project, const Discovery
     const HashesNow hashes = hashesNow(project, discovery, known, options, threads);
     // Bytes, which several threads can write next to each other.
     std::vector<char> isChanged(discovery.programs.size());
-    inParallel(isChanged.size(), threads, [&](std::size_t i) {
+    inThreads(threads, isChanged.size(), [&](std::size_t i, unsigned) {
         const FoundProgram& found = discovery.programs[i];
         isChanged[i] =
             hasChanged(project, found, known, hashes, settings.at(found.parameters)) ? 1 : 0;

@@ -13,7 +13,4 @@ namespace torvel::migrate {
 std::optional<ContentHash> hashOfFile(const NativePath& path,
                                       const FileSource& source = fileSystemSource());
 
-/// Calls `work` for each number below `count`, by several threads. Throws what one of the calls threw.
-void inParallel(std::size_t count, unsigned threads, const std::function<void(std::size_t)>& work);
-
 }  // namespace torvel::migrate

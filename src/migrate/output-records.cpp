@@ -1,6 +1,7 @@
 #include "src/migrate/output-records.h"
 
 #include "src/migrate/file-hashes.h"
+#include "src/migrate/outputs.h"
 
 namespace torvel::migrate {
 
@@ -8,12 +9,6 @@ namespace {
 
 bool hasHash(const NativePath& path, const std::optional<ContentHash>& hash) {
     return hash && hashOfFile(path) == hash;
-}
-
-NativePath conflictFile(const NativePath& output) {
-    NativePath path = output;
-    path += ".conflict";
-    return path;
 }
 
 void forgetPending(OutputRecord& record) {
@@ -43,7 +38,7 @@ void settleRecord(OutputRecord& record, const NativePath& output) {
     }
     if (hasHash(output, record.placed)) {
         makePendingTheBase(record);
-    } else if (hasHash(conflictFile(output), record.placedConflict)) {
+    } else if (hasHash(conflictPath(output), record.placedConflict)) {
         makePendingTheConflict(record);
     }
 }

@@ -9,6 +9,7 @@
 
 #include "src/migrate/changed-programs.h"
 #include "src/migrate/file-hashes.h"
+#include "src/migrate/in-threads.h"
 #include "src/migrate/known-texts.h"
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/ordered-work.h"
@@ -154,8 +155,9 @@ void Run::settlePending() {
             pending.push_back(&*program.stored.outputRecord);
         }
     }
-    inParallel(pending.size(), threads_,
-               [&](std::size_t i) { settleRecord(*pending[i], outputPath(pending[i]->output)); });
+    inThreads(threads_, pending.size(), [&](std::size_t i, unsigned) {
+        settleRecord(*pending[i], outputPath(pending[i]->output));
+    });
     std::vector<OutputRecord> settled;
     for (const OutputRecord* record : pending) {
         if (!record->pending) {
