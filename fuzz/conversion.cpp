@@ -14,6 +14,7 @@
 #include "src/app/parameter-file.h"
 #include "src/base/characters.h"
 #include "src/base/parse-exception.h"
+#include "src/checks/line-record.h"
 #include "src/preprocess/preprocessor.h"
 #include "tests/support/case-file.h"
 #include "tests/support/case-run.h"
@@ -197,13 +198,12 @@ private:
     void checkSharing(const Result& expected) const {
         const Limits limits = lowLimits();
         const AxisNames axes = axisNames();
-        Program program;
-        CheckRecord read;
-        preprocessProgram(program, Folder::pathOf(program_), axes, limits, predefinedConstants(),
-                          fileSystemSource(), &read);
         for (const WorkSharing& sharing : {WorkSharing{1, 0}, WorkSharing{3, 1}}) {
+            Program program;
+            CheckRecord record;
+            preprocessProgram(program, Folder::pathOf(program_), axes, limits,
+                              predefinedConstants(), fileSystemSource(), &record);
             MessageLog log;
-            CheckRecord record = read;
             ConversionContext context{program, axes, limits, log, {}, 0, &record};
             OutputFile output;
             const fs::path path = Folder::root() / "out" / "shared";
@@ -211,9 +211,9 @@ private:
             convertProgram(context, output, sharing);
             require(output.close(), "no output");
             std::string checks;
-            for (const Finding& finding : record.findings) {
+            tellFindings(record, [&](const Finding& finding) {
                 checks += finding.origin == FindingOrigin::check ? test::checkLine(finding) : "";
-            }
+            });
             requireNone(test::textDifference(test::readFile(path), expected.output));
             requireNone(test::textDifference(checks, expected.checks));
             fs::remove(path);

@@ -127,9 +127,7 @@ void convertFile(const CommandLine& commandLine, const Limits& limits, const Fin
     }
     closeWritten(log, paths.log);
     if (record) {
-        for (const Finding& finding : record->findings) {
-            taker(finding);
-        }
+        tellFindings(*record, taker);
     }
 }
 

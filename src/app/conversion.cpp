@@ -50,7 +50,7 @@ void convertLines(ConversionContext& context, std::size_t first, std::size_t las
     for (std::size_t number = first; number < last; ++number) {
         context.position = list.lines[number].position();
         if constexpr (isRecorded) {
-            mark = beginLine(context, number);
+            beginLine(context, number);
         }
         BlockEffect effect{};
         const std::span<const Token> tokens =
@@ -133,7 +133,7 @@ void convertInto(ConversionContext& context, Target target, const WorkSharing& s
         context.log.insert(context.log.end(), std::make_move_iterator(part->log.begin()),
                            std::make_move_iterator(part->log.end()));
         if (context.record != nullptr) {
-            append(*context.record, std::move(*part->record));
+            append(context.program, *context.record, std::move(*part->record));
         }
     }
     if (context.record != nullptr) {

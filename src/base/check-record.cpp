@@ -1,6 +1,7 @@
 #include "src/base/check-record.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace torvel {
 
@@ -31,19 +32,39 @@ void enterDefined(CheckRecord& record, std::string_view name) {
     }
 }
 
+std::string_view KeptTexts::keep(std::string_view text) {
+    constexpr std::size_t chunkBytes = 4096;
+    if (text.size() > left_) {
+        left_ = std::max(chunkBytes, text.size());
+        chunks_.push_back(std::make_unique_for_overwrite<char[]>(left_));
+        next_ = chunks_.back().get();
+    }
+    const std::string_view kept(next_, text.size());
+    next_ = std::copy(text.begin(), text.end(), next_);
+    left_ -= text.size();
+    return kept;
+}
+
+void KeptTexts::take(KeptTexts&& further) {
+    // What is free in the last chunk of its own is used further on.
+    chunks_.insert(chunks_.begin(), std::make_move_iterator(further.chunks_.begin()),
+                   std::make_move_iterator(further.chunks_.end()));
+    further = {};
+}
+
 void takeOff(CheckRecord& record, const RecordMark& mark) {
-    record.findings.erase(record.findings.begin() + static_cast<std::ptrdiff_t>(mark.findings),
-                          record.findings.end());
-    record.facts.erase(record.facts.begin() + static_cast<std::ptrdiff_t>(mark.facts),
-                       record.facts.end());
+    record.findings.truncate(mark.findings);
+    record.facts.truncate(mark.facts);
+}
+
+std::string_view textAbout(CheckRecord& record, Check check, std::string_view name) {
+    return record.texts.keep(std::string(checkRow(check).title) + ' ' + std::string(name));
 }
 
 void recordDroppedComment(CheckRecord& record, const Program& program,
                           const SourcePosition& position) {
-    Finding finding = makeFinding(Check::CommentDropped, position);
-    finding.programLine = static_cast<std::uint32_t>(program.list.lines.size());
-    finding.lines.push_back(position.lineNumber);
-    record.findings.push_back(std::move(finding));
+    record.droppedComments.push_back(
+        {position, static_cast<std::uint32_t>(program.list.lines.size())});
 }
 
 ColumnRange columnsOf(const Program& program, const SourcePosition& position, TextSpan lineText,
@@ -56,17 +77,16 @@ ColumnRange columnsOf(const Program& program, const SourcePosition& position, Te
     const TextSpan file = position.inclusion->file->text;
     const std::uint32_t length = std::min(text.offset - file.offset, mostColumns);
     const std::string_view before = program.text.view({text.offset - length, length});
-    const std::size_t lineEnd = before.find_last_of("\r\n");
-    if (lineEnd == std::string_view::npos && text.offset - file.offset > mostColumns) {
+    const auto lineStart =
+        std::find_if(before.rbegin(), before.rend(), [](char c) { return c == '\n' || c == '\r'; });
+    if (lineStart == before.rend() && text.offset - file.offset > mostColumns) {
         return {};
     }
-    const std::size_t lineStart = lineEnd == std::string_view::npos ? 0 : lineEnd + 1;
-    const auto first = static_cast<std::uint32_t>(before.size() - lineStart + 1);
+    const auto first = static_cast<std::uint32_t>(lineStart - before.rbegin() + 1);
     return {first, first + text.length - 1};
 }
 
-ColumnRange columnsOf(const Program& program, const SourcePosition& position, TextSpan lineText,
-                      std::span<const Token> tokens) {
+TextSpan placeOf(std::span<const Token> tokens, TextSpan lineText) {
     TextSpan whole;
     for (const Token& token : tokens) {
         if (!hasText(token.type) || !isWithin(token.text, lineText)) {
@@ -83,7 +103,7 @@ ColumnRange columnsOf(const Program& program, const SourcePosition& position, Te
         const std::uint32_t end = std::max(whole.offset + whole.length, text.offset + text.length);
         whole = {begin, end - begin};
     }
-    return columnsOf(program, position, lineText, whole);
+    return whole;
 }
 
 }  // namespace torvel

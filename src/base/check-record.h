@@ -1,18 +1,21 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <deque>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
 #include <vector>
 
 #include "src/base/findings.h"
+#include "src/base/growing-array.h"
+#include "src/base/name-set.h"
 #include "src/base/program.h"
 
 namespace torvel {
 
-/// What a line says that a pass over the whole program asks for.
+/// What a line says that a pass over the whole program asks for. Its texts belong to the program, or to the record.
 struct Fact {
     enum class Kind : std::uint8_t {
         ifdef,        // #ifdef and #ifndef, which Torvel keeps
@@ -32,7 +35,7 @@ struct Fact {
         function,     // DFS
         functionEnd,  // ENDDFS, END DFS
         call,         // CALL
-        variable,     // a variable of the program
+        variable,     // a variable of the program, made of a VariablePlace
         valueUse,     // a define that is written as its value
         opens,        // a line of the output that opens a block
         closes,       // one that closes a block
@@ -52,22 +55,60 @@ struct Fact {
     bool isInBody = false;
     std::uint32_t programLine = 0;
     SourcePosition position;
-    ColumnRange columns;
-    std::string name;
+    /// The text of its line, and its place in it.
+    TextSpan lineText{};
+    TextSpan place{};
+    std::string_view name;
     /// What a define stands for.
-    std::string value;
+    std::string_view value;
+};
+
+/// Where a variable stands first: most programs have more of them than of all facts.
+struct VariablePlace {
+    std::uint32_t programLine = 0;
+    TextSpan lineText{};
+    TextSpan name{};
+};
+
+/// Texts that stand nowhere else. They stay where they are, also when another record takes them.
+class KeptTexts {
+public:
+    std::string_view keep(std::string_view text);
+    void take(KeptTexts&& further);
+
+private:
+    std::vector<std::unique_ptr<char[]>> chunks_;
+    char* next_ = nullptr;
+    std::size_t left_ = 0;
+};
+
+/// A comment that the output does not have.
+struct DroppedComment {
+    SourcePosition position;
+    std::uint32_t programLine = 0;
 };
 
 /// What the converter gathers for who asks for findings. Without one nothing is gathered.
 struct CheckRecord {
     /// The text of the line being converted, for the columns of findings.
     TextSpan lineText{};
-    std::vector<Finding> findings;
-    std::vector<Fact> facts;
-    /// Variables of which a fact is there, as they stand in the program's text.
-    std::unordered_set<std::string_view> variables;
-    /// Some of them, by a number made of their letters: most variables were met a few lines ago.
-    std::array<std::string_view, 1024> recentVariables;
+    /// Those of the lines that are converted just now; in the end those of the passes over the whole program.
+    GrowingArray<Finding> findings;
+    /// Those of the files as such, and those of converted lines, some thousand lines after the other. All are in the
+    /// order of their places.
+    GrowingArray<Finding> ofFiles;
+    std::vector<GrowingArray<Finding>> ofLines;
+    /// Those of the preprocessor, or of the lines that are converted just now; behind them those of converted lines.
+    GrowingArray<Fact> facts;
+    std::vector<GrowingArray<Fact>> factsOfLines;
+    GrowingArray<DroppedComment> droppedComments;
+    KeptTexts texts;
+    /// The further lines of findings.
+    std::deque<std::vector<std::uint32_t>> lines;
+    /// In the order of the program's lines.
+    GrowingArray<VariablePlace> variables;
+    /// Their names.
+    NameSet variableNames;
     /// Names of the defines that were met, and those that were met again. Only these can have several values.
     std::unordered_set<std::string> defined;
     std::unordered_set<std::string> definedAgain;
@@ -81,6 +122,9 @@ bool mayHaveSeveralValues(const CheckRecord& record, std::string_view name);
 /// Notes that a name is defined.
 void enterDefined(CheckRecord& record, std::string_view name);
 
+/// The title of a check with a name that it is about.
+std::string_view textAbout(CheckRecord& record, Check check, std::string_view name);
+
 /// Records a comment that the output does not have, on that line.
 void recordDroppedComment(CheckRecord& record, const Program& program,
                           const SourcePosition& position);
@@ -89,6 +133,8 @@ void recordDroppedComment(CheckRecord& record, const Program& program,
 struct RecordMark {
     std::size_t findings = 0;
     std::size_t facts = 0;
+
+    bool operator==(const RecordMark&) const = default;
 };
 
 inline RecordMark markOf(const CheckRecord& record) {
@@ -98,13 +144,18 @@ inline RecordMark markOf(const CheckRecord& record) {
 /// Takes off what came behind a mark.
 void takeOff(CheckRecord& record, const RecordMark& mark);
 
-/// The columns of the line of source that begins with `lineText`, from the first of `tokens` to the last, as far
-/// as they stand in it.
-ColumnRange columnsOf(const Program& program, const SourcePosition& position, TextSpan lineText,
-                      std::span<const Token> tokens);
+/// From the first of `tokens` to the last, as far as they stand in `lineText`.
+TextSpan placeOf(std::span<const Token> tokens, TextSpan lineText);
 
-/// The same for a piece of text.
+/// The columns of a place in the line of source that begins with `lineText`.
 ColumnRange columnsOf(const Program& program, const SourcePosition& position, TextSpan lineText,
-                      TextSpan text);
+                      TextSpan place);
+inline ColumnRange columnsOf(const Program& program, const SourcePosition& position,
+                             TextSpan lineText, std::span<const Token> tokens) {
+    return columnsOf(program, position, lineText, placeOf(tokens, lineText));
+}
+inline ColumnRange columnsOf(const Program& program, const Fact& fact) {
+    return columnsOf(program, fact.position, fact.lineText, fact.place);
+}
 
 }  // namespace torvel

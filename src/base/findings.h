@@ -2,9 +2,8 @@
 
 #include <cstdint>
 #include <functional>
-#include <string>
+#include <span>
 #include <string_view>
-#include <vector>
 
 #include "src/base/checks.h"
 #include "src/base/messages.h"
@@ -36,6 +35,7 @@ enum class FindingTodo : std::uint8_t {
     fixSource,  // the program could not be read
 };
 
+/// Its texts belong to the record of the conversion, or to the tables.
 struct Finding {
     FindingOrigin origin = FindingOrigin::check;
     FindingTodo todo = FindingTodo::look;
@@ -44,9 +44,9 @@ struct Finding {
     SourcePosition position;
     ColumnRange columns;
     /// The message, or the check's title and what it is about.
-    std::string text;
+    std::string_view text;
     /// Further lines of the file that it is about.
-    std::vector<std::uint32_t> lines;
+    std::span<const std::uint32_t> lines;
     /// The number of the line in the preprocessed program.
     std::uint32_t programLine = 0;
 };
@@ -54,7 +54,7 @@ struct Finding {
 Finding makeFinding(Check check, const SourcePosition& position, ColumnRange columns = {});
 Finding makeFinding(Message message, std::string_view text, const SourcePosition& position);
 
-/// Is told of every finding, in the order of the program's lines. Positions hold until it returns.
+/// Is told of every finding, in the order of the program's lines. Positions and texts hold until it returns.
 using FindingTaker = std::function<void(const Finding&)>;
 
 }  // namespace torvel

@@ -38,12 +38,15 @@ public:
     std::size_t size() const { return size_; }
     bool empty() const { return size_ == 0; }
     const Row* data() const { return rows_; }
+    Row* data() { return rows_; }
     const Row* begin() const { return rows_; }
     const Row* end() const { return rows_ + size_; }
     const Row& operator[](std::size_t index) const { return rows_[index]; }
     Row& back() { return rows_[size_ - 1]; }
 
-    void clear() { size_ = 0; }
+    void clear() { truncate(0); }
+    /// Keeps the first `size` rows; there must be so many.
+    void truncate(std::size_t size) { size_ = size; }
 
     /// Throws std::bad_alloc.
     void push_back(const Row& row) {

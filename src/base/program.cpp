@@ -12,15 +12,29 @@ auto firstBehind(std::vector<PredefinedText>& texts, std::uint32_t offset) {
         [](std::uint32_t place, const PredefinedText& each) { return place < each.text.offset; });
 }
 
+constexpr std::uint32_t pageOf(std::uint32_t offset) {
+    return offset >> 16U;
+}
+
 }  // namespace
 
 void enterPredefinedText(Program& program, TextSpan text, bool isComposed) {
     std::vector<PredefinedText>& texts = program.predefinedTexts;
     texts.insert(firstBehind(texts, text.offset), {text, isComposed});
+    const std::uint32_t last = pageOf(text.offset + text.length);
+    program.predefinedPages.resize(
+        std::max<std::size_t>(program.predefinedPages.size(), std::size_t{last} + 1));
+    for (std::uint32_t page = pageOf(text.offset); page <= last; ++page) {
+        program.predefinedPages[page] = true;
+    }
 }
 
 const PredefinedText* findPredefinedText(const Program& program, TextSpan text) {
     const std::vector<PredefinedText>& texts = program.predefinedTexts;
+    const std::uint32_t page = pageOf(text.offset);
+    if (page >= program.predefinedPages.size() || !program.predefinedPages[page]) {
+        return nullptr;
+    }
     auto behind = std::upper_bound(
         texts.begin(), texts.end(), text.offset,
         [](std::uint32_t offset, const PredefinedText& each) { return offset < each.text.offset; });

@@ -140,6 +140,8 @@ struct Program {
     std::vector<SourcePosition> nulCharacters;
     /// By their place in the text.
     std::vector<PredefinedText> predefinedTexts;
+    /// By page of the text: whether one of them stands there. Files have pages of their own.
+    std::vector<bool> predefinedPages;
 
     /// The token's source; for a preserved define its first text.
     std::string_view textOf(const Token& token) const {

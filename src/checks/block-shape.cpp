@@ -59,7 +59,8 @@ constexpr std::size_t mostOfBody = 64;
 
 class BlockCheck {
 public:
-    explicit BlockCheck(CheckRecord& record) : record_(record), facts_(record.facts) {}
+    BlockCheck(const Program& program, const Facts& facts, CheckRecord& record)
+        : program_(program), record_(record), facts_(facts) {}
 
     void run() {
         for (std::size_t number = 0; number < facts_.size(); ++number) {
@@ -203,7 +204,7 @@ private:
 
     void report(const Fact& fact) {
         if (!isUncertain_) {
-            addFinding(record_, Check::BlockShape, fact);
+            addFinding(program_, record_, Check::BlockShape, fact);
         }
     }
 
@@ -222,7 +223,7 @@ private:
         }
     }
 
-    void endBody(const std::string& name) {
+    void endBody(std::string_view name) {
         const auto [entry, isFirst] = bodies_.try_emplace(name, body_);
         if (!isFirst && !(entry->second == body_)) {
             lost_.insert(name);  // which of the two is called is not known
@@ -260,14 +261,15 @@ private:
         return fact;
     }
 
+    const Program& program_;
     CheckRecord& record_;
-    const std::vector<Fact>& facts_;
+    const Facts& facts_;
     OpenBlocks blocks_;
     OpenRange now_;
     std::vector<Conditional> conditionals_;
     BodyEffect body_;
-    std::unordered_map<std::string, BodyEffect> bodies_;
-    std::unordered_set<std::string> lost_;
+    std::unordered_map<std::string_view, BodyEffect> bodies_;
+    std::unordered_set<std::string_view> lost_;
     /// The next line that opens a block begins a function, the next that closes one ends it.
     bool beginsFunction_ = false;
     bool endsFunction_ = false;
@@ -277,8 +279,8 @@ private:
 
 }  // namespace
 
-void checkBlocks(CheckRecord& record) {
-    BlockCheck(record).run();
+void checkBlocks(const Program& program, const Facts& facts, CheckRecord& record) {
+    BlockCheck(program, facts, record).run();
 }
 
 }  // namespace torvel

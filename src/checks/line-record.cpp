@@ -1,6 +1,7 @@
 #include "src/checks/line-record.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <unordered_map>
 #include <utility>
@@ -23,80 +24,57 @@ FindingTodo todoOf(bool isConverted, std::string_view text) {
     return hasPlaceholder(text) ? FindingTodo::complete : FindingTodo::look;
 }
 
-/// A define that Torvel does not take stands behind a marker without a message.
-bool isLostDefine(const Program& program, std::span<const Token> tokens) {
-    return tokens.size() == 1 && tokens[0].type == TokenType::CONVERSION_TEXT &&
-           program.textOf(tokens[0]).starts_with(unconvertibleMarker);
-}
-
 /// Uses of names with several values in the line are no findings.
 void noteRefused(CheckRecord& record) {
     if (!(record.run != nullptr ? *record.run : record).definedAgain.empty()) {
         Fact refused;
         refused.kind = Fact::Kind::refused;
-        record.facts.push_back(std::move(refused));
+        record.facts.push_back(refused);
     }
 }
 
-/// The place of a variable among those that were met lately; its name begins with "$".
-std::size_t numberOf(std::string_view name) {
-    std::uint32_t hash = 0;
-    for (const char c : name.substr(1)) {
-        hash = hash * 31 + static_cast<unsigned char>(c);
-    }
-    return hash % std::tuple_size_v<decltype(CheckRecord::recentVariables)>;
-}
-
-/// The variables among tokens, each of them once. Those that stand in `except`, a macro's head, are its arguments.
-void recordVariables(const ConversionContext& context, TextSpan lineText,
-                     std::span<const Token> tokens, std::string_view except) {
-    CheckRecord& record = *context.record;
-    for (const Token& token : tokens) {
-        if (token.type != TokenType::VARIABLE) {
-            continue;
-        }
-        const std::string_view name = context.program.textOf(token);
-        std::string_view& recent = record.recentVariables[numberOf(name)];
-        if (recent == name) {
-            continue;
-        }
-        const std::size_t argument = except.find(name);
-        if (argument != std::string_view::npos &&
-            !isWordCharacter(except[argument + name.size()])) {
-            continue;
-        }
-        recent = name;
-        if (record.variables.insert(name).second) {
-            Fact fact;
-            fact.kind = Fact::Kind::variable;
-            fact.position = context.position;
-            fact.columns = columnsOf(context.program, context.position, lineText, token.text);
-            fact.name = name;
-            record.facts.push_back(std::move(fact));
-        }
+/// Each variable is recorded once.
+void noteVariable(CheckRecord& record, std::string_view name, const VariablePlace& place) {
+    if (record.variableNames.insert(name)) {
+        record.variables.push_back(place);
     }
 }
 
-/// The variables of a line, or of the body of the macro that it defines.
-void recordVariables(const ConversionContext& context, std::size_t number,
+void recordVariables(const ConversionContext& context, std::uint32_t number,
                      std::span<const Token> tokens) {
-    const Program& program = context.program;
-    if (tokens.empty() || tokens[0].type != macroDefinitionToken) {
-        recordVariables(context, program.list.lines[number].text, tokens, {});
-        return;
+    for (const Token& token : tokens) {
+        if (token.type == TokenType::VARIABLE) {
+            noteVariable(*context.record, context.program.textOf(token),
+                         {number, context.record->lineText, token.text});
+        }
     }
-    const Macro& macro = program.macros[tokens[0].number];
+}
+
+/// Whether a variable stands in a macro's head.
+bool isArgument(std::string_view name, std::string_view head) {
+    const std::size_t place = head.find(name);
+    return place != std::string_view::npos && !isWordCharacter(head[place + name.size()]);
+}
+
+/// The variables of the body of the macro that line `number` defines, but for the macro's arguments.
+void recordBodyVariables(const ConversionContext& context, std::uint32_t number,
+                         const Macro& macro) {
+    const Program& program = context.program;
+    const std::string_view head = program.text.view(macro.head);
     GrowingArray<Token> room;
     for (std::size_t line = 0; line < macro.lines.lines.size(); ++line) {
-        recordVariables(context, macro.lines.lines[line].text,
-                        tokensOf(program, macro.lines, line, context.axes, room),
-                        program.text.view(macro.head));
+        for (const Token& token : tokensOf(program, macro.lines, line, context.axes, room)) {
+            if (token.type == TokenType::VARIABLE && !isArgument(program.textOf(token), head)) {
+                noteVariable(*context.record, program.textOf(token),
+                             {number, macro.lines.lines[line].text, token.text});
+            }
+        }
     }
 }
 
 /// Whether a line that opens a block opens an IF; a label or an N-code may stand in front of it.
 bool isIf(std::string_view text) {
-    text.remove_prefix(text.rfind('\n') + 1);
+    text.remove_prefix(text.find('\n') + 1);
     if (text.starts_with('N') || text.starts_with('n')) {
         const std::size_t word = text.find_first_not_of("0123456789", 1);
         text.remove_prefix(word > 1 ? std::min(word, text.size()) : 0);
@@ -104,127 +82,219 @@ bool isIf(std::string_view text) {
     return text.starts_with("if ");
 }
 
+bool standsBefore(const Finding& a, const Finding& b) {
+    return std::pair(a.programLine, a.columns.first) < std::pair(b.programLine, b.columns.first);
+}
+
+void sortFindings(std::span<Finding> findings) {
+    if (!std::is_sorted(findings.begin(), findings.end(), standsBefore)) {
+        std::stable_sort(findings.begin(), findings.end(), standsBefore);
+    }
+}
+
 void recordEffect(const ConversionContext& context, BlockEffect effect, std::string_view text) {
+    if (effect == BlockEffect::None) {
+        return;
+    }
     Fact fact;
-    fact.name = isIf(text) ? "if" : "";
     switch (effect) {
         case BlockEffect::Opens: fact.kind = Fact::Kind::opens; break;
         case BlockEffect::Closes: fact.kind = Fact::Kind::closes; break;
-        case BlockEffect::Continues: fact.kind = Fact::Kind::continues; break;
-        default: return;
+        default: fact.kind = Fact::Kind::continues; break;
     }
+    fact.name = isIf(text) ? "if" : "";
     fact.position = context.position;
-    context.record->facts.push_back(std::move(fact));
+    context.record->facts.push_back(fact);
+}
+
+/// A comment that is kept and ends in a backslash.
+void noteComment(const ConversionContext& context, TextSpan comment) {
+    if (!comment.empty() && context.program.text.view(comment).ends_with('\\')) {
+        context.record->findings.push_back(makeFinding(Check::CommentContinues, context.position));
+    }
+}
+
+/// A define that Torvel does not take stands behind a marker without a message.
+void noteLostDefine(const ConversionContext& context, std::span<const Token> tokens) {
+    if (tokens.size() == 1 && tokens[0].type == TokenType::CONVERSION_TEXT &&
+        context.program.textOf(tokens[0]).starts_with(unconvertibleMarker)) {
+        Finding finding = makeFinding(Check::DefineNotKept, context.position);
+        finding.origin = FindingOrigin::define;
+        context.record->findings.push_back(finding);
+    }
+}
+
+LineMark markNow(const ConversionContext& context) {
+    return {markOf(*context.record), context.log.size()};
+}
+
+/// The messages from number `first` on are findings of the line.
+void noteMessages(ConversionContext& context, std::size_t first) {
+    CheckRecord& record = *context.record;
+    for (std::size_t i = first; i < context.log.size(); ++i) {
+        const ConversionMessage& message = context.log[i];
+        record.findings.push_back(
+            makeFinding(message.message, record.texts.keep(message.text), message.position));
+    }
+}
+
+/// What stands behind `mark` belongs to that line.
+void completeLine(CheckRecord& record, const RecordMark& mark, std::uint32_t line,
+                  FindingTodo todo) {
+    const std::span<Finding> findings =
+        std::span(record.findings.data(), record.findings.size()).subspan(mark.findings);
+    for (Finding& finding : findings) {
+        finding.programLine = line;
+        finding.todo = todo;
+    }
+    sortFindings(findings);
+    for (std::size_t i = mark.facts; i < record.facts.size(); ++i) {
+        record.facts.data()[i].programLine = line;
+    }
 }
 
 }  // namespace
 
-LineMark beginLine(const ConversionContext& context, std::size_t number) {
-    context.record->lineText = context.program.list.lines[number].text;
-    return {markOf(*context.record), context.log.size()};
-}
-
-void recordLine(ConversionContext& context, const LineMark& mark, std::size_t number,
+void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
                 std::span<const Token> tokens, bool isConverted, std::string_view text,
                 BlockEffect effect) {
     CheckRecord& record = *context.record;
-    const Program& program = context.program;
+    const auto line = static_cast<std::uint32_t>(number);
     if (isConverted) {
         noteGluedCode(context, tokens, text);
         recordEffect(context, effect, text);
-        recordVariables(context, number, tokens);
+        if (!tokens.empty() && tokens[0].type == macroDefinitionToken) {
+            recordBodyVariables(context, line, context.program.macros[tokens[0].number]);
+        } else {
+            recordVariables(context, line, tokens);
+        }
     } else {
         takeOff(record, mark.record);
         noteRefused(record);
     }
-    if (program.text.view(program.list.lines[number].comment).ends_with('\\')) {
-        record.findings.push_back(makeFinding(Check::CommentContinues, context.position));
-    }
-    for (std::size_t i = mark.messages; i < context.log.size(); ++i) {
-        const ConversionMessage& message = context.log[i];
-        record.findings.push_back(makeFinding(message.message, message.text, message.position));
-    }
-    if (isLostDefine(program, tokens)) {
-        Finding finding = makeFinding(Check::DefineNotKept, context.position);
-        finding.origin = FindingOrigin::define;
-        record.findings.push_back(std::move(finding));
-    }
-    const auto line = static_cast<std::uint32_t>(number);
-    if (record.findings.size() != mark.record.findings) {
-        const FindingTodo todo = todoOf(isConverted, text);
-        for (std::size_t i = mark.record.findings; i < record.findings.size(); ++i) {
-            record.findings[i].programLine = line;
-            record.findings[i].todo = todo;
-        }
-    }
-    for (std::size_t i = mark.record.facts; i < record.facts.size(); ++i) {
-        record.facts[i].programLine = line;
+    noteComment(context, context.program.list.lines[number].comment);
+    noteLostDefine(context, tokens);
+    const LineMark now = markNow(context);
+    if (now != mark) {
+        noteMessages(context, mark.messages);
+        completeLine(record, mark.record, line, todoOf(isConverted, text));
+        mark = markNow(context);
     }
 }
 
-void append(CheckRecord& record, CheckRecord&& further) {
-    const auto moveBehind = [](auto& list, auto& rows) {
-        list.insert(list.end(), std::make_move_iterator(rows.begin()),
-                    std::make_move_iterator(rows.end()));
-    };
-    moveBehind(record.findings, further.findings);
-    moveBehind(record.facts, further.facts);
+void append(const Program& program, CheckRecord& record, CheckRecord&& further) {
+    record.ofLines.push_back(std::move(further.findings));
+    record.factsOfLines.push_back(std::move(further.facts));
+    for (const VariablePlace& variable : further.variables) {
+        noteVariable(record, program.text.view(variable.name), variable);
+    }
+    record.texts.take(std::move(further.texts));
 }
 
 namespace {
 
 /// One finding a file for its dropped comments, with their lines. A file that is included again has the same.
-void joinDroppedComments(std::vector<Finding>& findings) {
-    std::unordered_map<const SourceFile*, std::size_t> firstOfFile;
-    std::vector<Finding> joined;
-    const std::string_view code = checkRow(Check::CommentDropped).code;
-    for (Finding& finding : findings) {
-        if (finding.code != code) {
-            joined.push_back(std::move(finding));
-            continue;
+void appendCommentFindings(CheckRecord& record, GrowingArray<Finding>& findings) {
+    struct OfFile {
+        std::size_t finding = 0;
+        std::vector<std::uint32_t>* lines = nullptr;
+    };
+    std::unordered_map<const SourceFile*, OfFile> byFile;
+    for (const DroppedComment& comment : record.droppedComments) {
+        const SourcePosition& position = comment.position;
+        OfFile& ofFile = byFile[position.inclusion->file];
+        if (ofFile.lines == nullptr) {
+            ofFile = {findings.size(), &record.lines.emplace_back(1, position.lineNumber)};
+            findings.push_back(makeFinding(Check::CommentDropped, position));
+            findings.back().programLine = comment.programLine;
+        } else if (findings[ofFile.finding].position.inclusion == position.inclusion &&
+                   ofFile.lines->back() != position.lineNumber) {
+            ofFile.lines->push_back(position.lineNumber);
         }
-        const auto [entry, isFirst] =
-            firstOfFile.try_emplace(finding.position.inclusion->file, joined.size());
-        if (isFirst) {
-            joined.push_back(std::move(finding));
-        } else if (Finding& first = joined[entry->second];
-                   first.position.inclusion == finding.position.inclusion &&
-                   first.lines.back() != finding.lines.front()) {
-            first.lines.push_back(finding.lines.front());
-        }
+        findings.data()[ofFile.finding].lines = *ofFile.lines;
     }
-    findings = std::move(joined);
 }
 
-/// The facts of the preprocessor stand in front of those of the conversion, both in order.
-void sortFacts(std::vector<Fact>& facts) {
-    const auto isBefore = [](const Fact& a, const Fact& b) {
-        return a.programLine < b.programLine;
+/// All facts in the order of the program's lines, those of the preprocessor first.
+Facts factsInOrder(const CheckRecord& record) {
+    Facts facts;
+    auto next = record.facts.begin();
+    const auto takePreprocessed = [&](std::uint32_t last) {
+        while (next != record.facts.end() && next->programLine <= last) {
+            facts.add(*next++);
+        }
     };
-    const auto behind = std::is_sorted_until(facts.begin(), facts.end(), isBefore);
-    std::inplace_merge(facts.begin(), behind, facts.end(), isBefore);
+    for (const GrowingArray<Fact>& part : record.factsOfLines) {
+        for (const Fact& fact : part) {
+            takePreprocessed(fact.programLine);
+            facts.add(fact);
+        }
+    }
+    takePreprocessed(UINT32_MAX);
+    return facts;
+}
+
+/// What there is to say of the files as such, in the order of the program's lines.
+GrowingArray<Finding> fileFindings(const Program& program, CheckRecord& record) {
+    GrowingArray<Finding> findings;
+    for (const SourcePosition& position : program.nulCharacters) {
+        findings.push_back(makeFinding(Message::NulCharacter,
+                                       record.texts.keep(messageText(Message::NulCharacter)),
+                                       position));
+    }
+    appendCommentFindings(record, findings);
+    return findings;
 }
 
 }  // namespace
 
 void finishRecord(const Program& program, CheckRecord& record) {
-    joinDroppedComments(record.findings);
-    sortFacts(record.facts);
-    checkDefines(record);
-    checkArguments(record);
-    checkJumps(record);
-    checkBlocks(record);
-    checkNames(record);
-    for (const SourcePosition& position : program.nulCharacters) {
-        Finding finding =
-            makeFinding(Message::NulCharacter, messageText(Message::NulCharacter), position);
-        record.findings.insert(record.findings.begin(), std::move(finding));
+    record.ofFiles = fileFindings(program, record);
+    const Facts facts = factsInOrder(record);
+    checkDefines(program, facts, record);
+    checkArguments(program, facts, record);
+    checkJumps(program, facts, record);
+    checkBlocks(program, facts, record);
+    checkNames(program, facts, record);
+    sortFindings({record.findings.data(), record.findings.size()});
+}
+
+namespace {
+
+using FindingList = std::span<const Finding>;
+
+FindingList listOf(const GrowingArray<Finding>& findings) {
+    return {findings.data(), findings.size()};
+}
+
+/// The list whose first finding stands first; the earlier list if several stand at one place. Null: all are empty.
+FindingList* firstOf(std::span<FindingList> lists) {
+    FindingList* first = nullptr;
+    for (FindingList& list : lists) {
+        if (!list.empty() && (first == nullptr || standsBefore(list.front(), first->front()))) {
+            first = &list;
+        }
     }
-    std::stable_sort(record.findings.begin(), record.findings.end(),
-                     [](const Finding& a, const Finding& b) {
-                         return std::pair(a.programLine, a.columns.first) <
-                                std::pair(b.programLine, b.columns.first);
-                     });
+    return first;
+}
+
+}  // namespace
+
+void tellFindings(const CheckRecord& record, const FindingTaker& taker) {
+    std::array<FindingList, 3> lists = {listOf(record.ofFiles), {}, listOf(record.findings)};
+    const auto tellFirst = [&](FindingList& list) {
+        taker(list.front());
+        list = list.subspan(1);
+    };
+    for (const GrowingArray<Finding>& part : record.ofLines) {
+        lists[1] = listOf(part);
+        while (!lists[1].empty()) {
+            tellFirst(*firstOf(lists));
+        }
+    }
+    while (FindingList* const list = firstOf(lists)) {
+        tellFirst(*list);
+    }
 }
 
 Finding unreadableFinding(const ParseException& error) {

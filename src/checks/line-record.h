@@ -12,21 +12,29 @@ namespace torvel {
 struct LineMark {
     RecordMark record;
     std::size_t messages = 0;
+
+    bool operator==(const LineMark&) const = default;
 };
 
 /// Begins the line `number` of the program.
-LineMark beginLine(const ConversionContext& context, std::size_t number);
+inline void beginLine(const ConversionContext& context, std::size_t number) {
+    context.record->lineText = context.program.list.lines[number].text;
+}
 
-/// Completes the findings of the line `number` of the program, which was converted from `tokens` just now.
-void recordLine(ConversionContext& context, const LineMark& mark, std::size_t number,
+/// Completes the findings of the line `number` of the program, which was converted from `tokens` just now. `mark` was
+/// what there was in front of it, and becomes what there is behind it.
+void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
                 std::span<const Token> tokens, bool isConverted, std::string_view text,
                 BlockEffect effect);
 
-/// Appends the record of further lines.
-void append(CheckRecord& record, CheckRecord&& further);
+/// Appends the record of further lines of the program.
+void append(const Program& program, CheckRecord& record, CheckRecord&& further);
 
-/// Looks at the program as a whole and puts all findings into the order of its lines.
+/// Looks at the program as a whole.
 void finishRecord(const Program& program, CheckRecord& record);
+
+/// Tells all findings of a finished record in the order of their places.
+void tellFindings(const CheckRecord& record, const FindingTaker& taker);
 
 /// The finding of a program that could not be read.
 Finding unreadableFinding(const ParseException& error);

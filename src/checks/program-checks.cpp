@@ -12,19 +12,19 @@ namespace torvel {
 using Kind = Fact::Kind;
 
 /// The text says which name it is about. A block has none.
-void addFinding(CheckRecord& record, Check check, const Fact& fact) {
-    Finding finding = makeFinding(check, fact.position, fact.columns);
+void addFinding(const Program& program, CheckRecord& record, Check check, const Fact& fact) {
+    Finding finding = makeFinding(check, fact.position, columnsOf(program, fact));
     finding.programLine = fact.programLine;
     if (check != Check::BlockShape) {
-        finding.text += ' ' + fact.name;
+        finding.text = textAbout(record, check, fact.name);
     }
-    record.findings.push_back(std::move(finding));
+    record.findings.push_back(finding);
 }
 
 namespace {
 
 /// Follows a directive of a conditional; false: the fact is none.
-bool followConditional(Ways& ways, const std::vector<Fact>& facts, std::size_t number) {
+bool followConditional(Ways& ways, const Facts& facts, std::size_t number) {
     const Fact& fact = facts[number];
     switch (fact.kind) {
         case Kind::ifdef:
@@ -53,7 +53,7 @@ Reaching reachingOf(const Fact& fact, std::size_t number) {
 }
 
 /// #ifndef NAME with #define NAME behind it keeps a file from being read twice.
-bool isIncludeGuard(const std::vector<Fact>& facts, std::size_t number) {
+bool isIncludeGuard(const Facts& facts, std::size_t number) {
     return facts[number].kind == Kind::ifdef && facts[number].value.starts_with('!') &&
            number + 1 < facts.size() && facts[number + 1].kind == Kind::lostDefine &&
            facts[number + 1].name == facts[number].name;
@@ -65,10 +65,21 @@ bool isConditionLost(const Reaching& reaching, const Fact& fact) {
            (isPredefined && reaching.mayBeNone && reaching.latest == 0);
 }
 
+bool asksForPredefined(const Facts& facts) {
+    for (std::size_t number = 0; number < facts.size(); ++number) {
+        if (facts[number].value.ends_with('*') &&
+            (facts[number].kind == Kind::ifdef || facts[number].kind == Kind::elif)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// The lines that stand behind a marker.
-std::unordered_set<std::uint32_t> markedLines(const std::vector<Fact>& facts) {
+std::unordered_set<std::uint32_t> markedLines(const Facts& facts) {
     std::unordered_set<std::uint32_t> lines;
-    for (const Fact& fact : facts) {
+    for (std::size_t number = 0; number < facts.size(); ++number) {
+        const Fact& fact = facts[number];
         if (fact.kind == Kind::refused || fact.kind == Kind::lostMacro) {
             lines.insert(fact.programLine);
         }
@@ -79,33 +90,39 @@ std::unordered_set<std::uint32_t> markedLines(const std::vector<Fact>& facts) {
 /// The uses of names in a line of which the columns are not known: those of one name are one finding.
 class UsesWithoutPlace {
 public:
+    explicit UsesWithoutPlace(const Program& program) : program_(program) {}
+
     bool isFirst(const Fact& fact) {
         if (fact.programLine != line_) {
             line_ = fact.programLine;
             names_.clear();
         }
-        return fact.columns != ColumnRange() || names_.insert(fact.name).second;
+        return columnsOf(program_, fact) != ColumnRange() || names_.insert(fact.name).second;
     }
 
 private:
+    const Program& program_;
     std::uint32_t line_ = 0;
     std::unordered_set<std::string_view> names_;
 };
 
 }  // namespace
 
-void checkDefines(CheckRecord& record) {
-    const std::unordered_set<std::uint32_t> marked = markedLines(record.facts);
-    UsesWithoutPlace uses;
+void checkDefines(const Program& program, const Facts& facts, CheckRecord& record) {
+    if (!facts.haveOneOf({Kind::lostDefine, Kind::lostMacro, Kind::valueUse}) &&
+        !asksForPredefined(facts)) {
+        return;
+    }
+    const std::unordered_set<std::uint32_t> marked = markedLines(facts);
+    UsesWithoutPlace uses(program);
     Ways ways;
-    for (std::size_t number = 0; number < record.facts.size(); ++number) {
-        const Fact& fact = record.facts[number];
+    for (std::size_t number = 0; number < facts.size(); ++number) {
+        const Fact& fact = facts[number];
         const bool asks = fact.kind == Kind::ifdef || fact.kind == Kind::elif;
-        if (asks && isConditionLost(ways.at(fact.name), fact) &&
-            !isIncludeGuard(record.facts, number)) {
-            addFinding(record, Check::ConditionLost, fact);
+        if (asks && isConditionLost(ways.at(fact.name), fact) && !isIncludeGuard(facts, number)) {
+            addFinding(program, record, Check::ConditionLost, fact);
         }
-        if (followConditional(ways, record.facts, number)) {
+        if (followConditional(ways, facts, number)) {
             continue;
         }
         switch (fact.kind) {
@@ -117,12 +134,12 @@ void checkDefines(CheckRecord& record) {
             case Kind::valueUse:
                 if (ways.at(fact.name).hasSeveralValues && !marked.contains(fact.programLine) &&
                     uses.isFirst(fact)) {
-                    addFinding(record, Check::ConditionFrozen, fact);
+                    addFinding(program, record, Check::ConditionFrozen, fact);
                 }
                 break;
             case Kind::macroCall:
                 if (ways.at(fact.name).mayBeLostMacro) {
-                    addFinding(record, Check::MacroKeptOut, fact);
+                    addFinding(program, record, Check::MacroKeptOut, fact);
                 }
                 break;
             default: break;
@@ -131,24 +148,29 @@ void checkDefines(CheckRecord& record) {
 }
 
 /// A macro of several definitions may be any of them where it is called.
-void checkArguments(CheckRecord& record) {
+void checkArguments(const Program& program, const Facts& facts, CheckRecord& record) {
+    if (!facts.haveOneOf({Kind::argumentUse})) {
+        return;
+    }
     std::unordered_map<std::string_view, std::uint8_t> uses;
-    for (const Fact& fact : record.facts) {
+    for (std::size_t number = 0; number < facts.size(); ++number) {
+        const Fact& fact = facts[number];
         if (fact.kind == Kind::argumentUse) {
             uses[fact.name] |= fact.sides;
         }
     }
-    for (const Fact& fact : record.facts) {
+    for (std::size_t number = 0; number < facts.size(); ++number) {
+        const Fact& fact = facts[number];
         const auto use = uses.find(fact.name);
         if (fact.kind != Kind::argument || use == uses.end()) {
             continue;
         }
         const unsigned met = fact.sides & use->second;
         if ((met & (Fact::leftSide | Fact::rightSide)) != 0) {
-            addFinding(record, Check::ArgumentSum, fact);
+            addFinding(program, record, Check::ArgumentSum, fact);
         }
         if ((met & Fact::isSet) != 0) {
-            addFinding(record, Check::ArgumentSet, fact);
+            addFinding(program, record, Check::ArgumentSet, fact);
         }
     }
 }
@@ -161,9 +183,10 @@ struct Targets {
     std::unordered_set<std::string_view> functions;
 };
 
-Targets targetsOf(const std::vector<Fact>& facts) {
+Targets targetsOf(const Facts& facts) {
     Targets targets;
-    for (const Fact& fact : facts) {
+    for (std::size_t number = 0; number < facts.size(); ++number) {
+        const Fact& fact = facts[number];
         if (fact.kind == Kind::label) {
             targets.labels.insert(fact.name);
         } else if (fact.kind == Kind::function) {
@@ -173,6 +196,12 @@ Targets targetsOf(const std::vector<Fact>& facts) {
     return targets;
 }
 
+/// A label of a function is another one than that of the same name in front of it.
+std::string_view labelKey(CheckRecord& record, std::size_t function, std::string_view label) {
+    return function == 0 ? label
+                         : record.texts.keep(std::to_string(function) + ':' + std::string(label));
+}
+
 /// A label that a way has met before. Two that stand in conditionals of their own may exclude each other.
 bool isMetBefore(const Ways& ways, const Reaching& reaching) {
     return reaching.mayBeKept && (!reaching.mayBeNone || reaching.latest > ways.branchStart());
@@ -180,14 +209,17 @@ bool isMetBefore(const Ways& ways, const Reaching& reaching) {
 
 }  // namespace
 
-void checkJumps(CheckRecord& record) {
-    const Targets targets = targetsOf(record.facts);
+void checkJumps(const Program& program, const Facts& facts, CheckRecord& record) {
+    if (!facts.haveOneOf({Kind::label, Kind::jump, Kind::call})) {
+        return;
+    }
+    const Targets targets = targetsOf(facts);
     Ways ways;
     std::size_t functions = 0;
     std::size_t function = 0;
-    for (std::size_t number = 0; number < record.facts.size(); ++number) {
-        const Fact& fact = record.facts[number];
-        if (followConditional(ways, record.facts, number)) {
+    for (std::size_t number = 0; number < facts.size(); ++number) {
+        const Fact& fact = facts[number];
+        if (followConditional(ways, facts, number)) {
             continue;
         }
         switch (fact.kind) {
@@ -195,22 +227,21 @@ void checkJumps(CheckRecord& record) {
             case Kind::functionEnd: function = 0; break;
             case Kind::jump:
                 if (!targets.labels.contains(fact.name)) {
-                    addFinding(record, Check::JumpTarget, fact);
+                    addFinding(program, record, Check::JumpTarget, fact);
                 }
                 break;
             case Kind::call:
                 if (!targets.functions.contains(fact.name)) {
-                    addFinding(record, Check::JumpTarget, fact);
+                    addFinding(program, record, Check::JumpTarget, fact);
                 }
                 break;
             case Kind::label: {
                 if (fact.isInBody) {
                     break;
                 }
-                const std::string key = std::to_string(function) + ':' + fact.name;
-                const Reaching met = ways.at(key);
-                if (isMetBefore(ways, met)) {
-                    addFinding(record, Check::JumpTarget, fact);
+                const std::string_view key = labelKey(record, function, fact.name);
+                if (isMetBefore(ways, ways.at(key))) {
+                    addFinding(program, record, Check::JumpTarget, fact);
                 }
                 Reaching reaching;
                 reaching.mayBeNone = false;
@@ -252,25 +283,63 @@ bool isTorvelWord(const std::string& lower) {
 
 bool isName(Kind kind) {
     return kind == Kind::define || kind == Kind::macro || kind == Kind::label ||
-           kind == Kind::function || kind == Kind::variable;
+           kind == Kind::function;
 }
+
+Fact factOf(const Program& program, const VariablePlace& variable) {
+    Fact fact;
+    fact.kind = Kind::variable;
+    fact.programLine = variable.programLine;
+    fact.position = program.list.lines[variable.programLine].position();
+    fact.lineText = variable.lineText;
+    fact.place = variable.name;
+    fact.name = program.text.view(variable.name);
+    return fact;
+}
+
+/// The names of a program in the order of its lines.
+class NameCheck {
+public:
+    NameCheck(const Program& program, CheckRecord& record) : program_(program), record_(record) {}
+
+    /// A name has a finding where it stands first.
+    void look(const Fact& fact) {
+        if (!seen_.insert(fact.name).second) {
+            return;
+        }
+        std::string lower = inLowerCase(fact.name);
+        const bool isWord = isTorvelWord(lower);
+        const bool isOther = !byLowerCase_.insert(std::move(lower)).second;
+        if (isOther || isWord) {
+            addFinding(program_, record_, Check::NameShadows, fact);
+        }
+    }
+
+private:
+    const Program& program_;
+    CheckRecord& record_;
+    std::unordered_set<std::string_view> seen_;
+    std::unordered_set<std::string> byLowerCase_;
+};
 
 }  // namespace
 
-/// A name has a finding where it stands first.
-void checkNames(CheckRecord& record) {
-    std::unordered_map<std::string, std::string_view> byLowerCase;
-    std::unordered_set<std::string_view> seen;
-    for (const Fact& fact : record.facts) {
-        if (!isName(fact.kind) || !seen.insert(fact.name).second) {
-            continue;
+void checkNames(const Program& program, const Facts& facts, CheckRecord& record) {
+    NameCheck check(program, record);
+    auto variable = record.variables.begin();
+    const auto lookAtVariables = [&](std::uint32_t behind) {
+        while (variable != record.variables.end() && variable->programLine < behind) {
+            check.look(factOf(program, *variable++));
         }
-        const std::string lower = inLowerCase(fact.name);
-        const bool isOther = !byLowerCase.try_emplace(lower, fact.name).second;
-        if (isOther || isTorvelWord(lower)) {
-            addFinding(record, Check::NameShadows, fact);
+    };
+    for (std::size_t number = 0; number < facts.size(); ++number) {
+        const Fact& fact = facts[number];
+        if (isName(fact.kind)) {
+            lookAtVariables(fact.programLine);
+            check.look(fact);
         }
     }
+    lookAtVariables(UINT32_MAX);
 }
 
 }  // namespace torvel

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <initializer_list>
+#include <vector>
+
 #include "src/base/check-record.h"
 
 // Checks that need the whole program. Every branch of a conditional comes out, so they follow each way through:
@@ -11,22 +15,46 @@
 
 namespace torvel {
 
+/// The facts of a program in the order of its lines.
+class Facts {
+public:
+    void add(const Fact& fact) {
+        list_.push_back(&fact);
+        kinds_ |= bit(fact.kind);
+    }
+    std::size_t size() const { return list_.size(); }
+    const Fact& operator[](std::size_t number) const { return *list_[number]; }
+    /// Whether there are facts of one of these kinds.
+    bool haveOneOf(std::initializer_list<Fact::Kind> kinds) const {
+        return std::any_of(kinds.begin(), kinds.end(),
+                           [&](Fact::Kind kind) { return (kinds_ & bit(kind)) != 0; });
+    }
+
+private:
+    static constexpr std::uint32_t bit(Fact::Kind kind) {
+        return std::uint32_t{1} << static_cast<unsigned>(kind);
+    }
+
+    std::vector<const Fact*> list_;
+    std::uint32_t kinds_ = 0;
+};
+
 /// condition-lost, condition-frozen, macro-kept-out
-void checkDefines(CheckRecord& record);
+void checkDefines(const Program& program, const Facts& facts, CheckRecord& record);
 
 /// argument-sum, argument-set
-void checkArguments(CheckRecord& record);
+void checkArguments(const Program& program, const Facts& facts, CheckRecord& record);
 
 /// jump-target
-void checkJumps(CheckRecord& record);
+void checkJumps(const Program& program, const Facts& facts, CheckRecord& record);
 
 /// block-shape
-void checkBlocks(CheckRecord& record);
+void checkBlocks(const Program& program, const Facts& facts, CheckRecord& record);
 
 /// name-shadows
-void checkNames(CheckRecord& record);
+void checkNames(const Program& program, const Facts& facts, CheckRecord& record);
 
 /// Appends a finding at the place of a fact.
-void addFinding(CheckRecord& record, Check check, const Fact& fact);
+void addFinding(const Program& program, CheckRecord& record, Check check, const Fact& fact);
 
 }  // namespace torvel

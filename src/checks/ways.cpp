@@ -22,23 +22,22 @@ Reaching join(const Reaching& a, const Reaching& b) {
 
 const Reaching& Ways::at(std::string_view name) const {
     static const Reaching none;
-    const auto found = names_.find(std::string(name));
+    const auto found = names_.find(name);
     return found == names_.end() ? none : found->second;
 }
 
 void Ways::set(std::string_view name, const Reaching& reaching, unsigned levels) {
-    const std::string key(name);
-    Reaching& now = names_[key];
+    Reaching& now = names_[name];
     if (!frames_.empty()) {
         Frame& frame = frames_.back();
-        const auto found = frame.changes.find(key);
+        const auto found = frame.changes.find(name);
         const bool isInBranch = found != frame.changes.end() && found->second.isInBranch;
         if (isInBranch || levels > 0) {
-            Change& change = isInBranch ? found->second : frame.changes[key];
+            Change& change = isInBranch ? found->second : frame.changes[name];
             if (!isInBranch) {
                 change.isInBranch = true;
                 change.before = now;
-                frame.inBranch.push_back(key);
+                frame.inBranch.push_back(name);
             }
             change.levels = std::max(change.levels, levels);
         }
@@ -56,7 +55,7 @@ void Ways::openConditional(std::size_t fact, std::string_view guard, bool isNega
 /// The branch's names are out of sight. A branch that asks for a name counts for that name only if the condition
 /// can hold: the default behind #ifndef is none where the name is defined on every way.
 void Ways::endBranch(Frame& frame) {
-    for (const std::string& name : frame.inBranch) {
+    for (const std::string_view name : frame.inBranch) {
         Change& change = frame.changes[name];
         Reaching& now = names_[name];
         const bool isGuard = frame.branches == 1 && name == frame.guard;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -17,7 +16,7 @@ struct Reaching {
     bool mayBeMacro = false;
     bool mayBeLostMacro = false;
     /// The value that some way has given it; null: none has.
-    const std::string* value = nullptr;
+    const std::string_view* value = nullptr;
     /// Two ways have given it different values.
     bool hasSeveralValues = false;
     /// The number of the latest fact that named it.
@@ -27,7 +26,7 @@ struct Reaching {
 /// What holds where one of two ways has come from.
 Reaching join(const Reaching& a, const Reaching& b);
 
-/// Names along all ways through the conditionals.
+/// Names along all ways through the conditionals. They must stay where they are.
 class Ways {
 public:
     const Reaching& at(std::string_view name) const;
@@ -58,19 +57,19 @@ private:
         unsigned levels = 0;
     };
     struct Frame {
-        std::unordered_map<std::string, Change> changes;
-        std::vector<std::string> inBranch;
+        std::unordered_map<std::string_view, Change> changes;
+        std::vector<std::string_view> inBranch;
         std::size_t branches = 1;
         bool hasElse = false;
         std::size_t branchStart = 0;
-        std::string guard;
+        std::string_view guard;
         bool isNegated = false;
     };
 
     void set(std::string_view name, const Reaching& reaching, unsigned levels);
     void endBranch(Frame& frame);
 
-    std::unordered_map<std::string, Reaching> names_;
+    std::unordered_map<std::string_view, Reaching> names_;
     std::vector<Frame> frames_;
 };
 

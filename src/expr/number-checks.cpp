@@ -62,14 +62,17 @@ std::optional<std::string_view> findReferenceRow(const Statement& statement, Ref
     return isFromConstant ? std::nullopt : context.reference->find(kind, number);
 }
 
-std::optional<std::int32_t> decimalReading(std::string_view text) {
-    const std::optional<std::int32_t> value = parseIntegerText(text);
+std::optional<std::int32_t> readWithoutZeros(std::string_view text) {
     const std::size_t sign = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
     std::size_t zeros = sign;
     while (zeros + 1 < text.size() && text[zeros] == '0') {
         ++zeros;
     }
-    if (!value || zeros == sign || !isDigit(text[zeros])) {
+    if (zeros == sign || !isDigit(text[zeros])) {
+        return std::nullopt;
+    }
+    const std::optional<std::int32_t> value = parseIntegerText(text);
+    if (!value) {
         return std::nullopt;
     }
     const std::optional<std::int32_t> decimal =

@@ -22,7 +22,12 @@ void checkItemNumber(Statement& statement, ItemTable table, std::string_view tex
                      const Token* first);
 
 /// The value of a number without its leading zeros, where that is another value; nothing otherwise.
-std::optional<std::int32_t> decimalReading(std::string_view text);
+std::optional<std::int32_t> readWithoutZeros(std::string_view text);
+inline std::optional<std::int32_t> decimalReading(std::string_view text) {
+    const bool mayHaveZeros =
+        text.size() > 1 && (text[0] == '0' || text[0] == '-' || text[0] == '+');
+    return mayHaveZeros ? readWithoutZeros(text) : std::nullopt;
+}
 
 /// The value of the number counted, and another one would have made another text.
 void checkOctal(const Statement& statement, std::string_view text, const Token* first);

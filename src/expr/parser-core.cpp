@@ -83,10 +83,10 @@ void recordFact(const Statement& statement, Fact::Kind kind, std::string_view na
     Fact fact;
     fact.kind = kind;
     fact.position = context.position;
-    fact.columns = columnsOf(context.program, context.position, context.record->lineText,
-                             std::span(first, statement.cursor.place()));
-    fact.name = name;
-    context.record->facts.push_back(std::move(fact));
+    fact.lineText = context.record->lineText;
+    fact.place = placeOf(std::span(first, statement.cursor.place()), fact.lineText);
+    fact.name = context.record->texts.keep(name);
+    context.record->facts.push_back(fact);
 }
 
 void noteEffect(Statement& statement, BlockEffect effect, std::string_view text) {

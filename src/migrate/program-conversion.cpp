@@ -136,7 +136,7 @@ FindingRow rowOf(Conversion& conversion, const Finding& finding) {
     row.todo = finding.todo;
     row.severity = finding.severity;
     row.text = finding.text;
-    row.lines = finding.lines;
+    row.lines.assign(finding.lines.begin(), finding.lines.end());
     if (finding.position.inclusion == nullptr) {
         return row;
     }
@@ -196,14 +196,16 @@ ProgramResult convertOne(const NativePath& path, const ConversionSettings& setti
         convertRead(conversion, record, result);
     } catch (const ParseException& error) {
         result.status = ProgramStatus::unreadable;
-        record.findings.assign(1, unreadableFinding(error));
+        Finding finding = unreadableFinding(error);
+        finding.text = record.texts.keep(finding.text);
+        record.findings.push_back(finding);
     }
-    for (const Finding& finding : record.findings) {
+    tellFindings(record, [&](const Finding& finding) {
         result.findings.push_back(rowOf(conversion, finding));
         if (result.findings.back().file.empty()) {
             result.findings.back().file = result.program;
         }
-    }
+    });
     for (const SourceFile& file : conversion.program.files) {
         const std::string_view text = conversion.program.text.view(file.text);
         result.files.push_back({conversion.keyOf(file), hashOf(text), std::string(text)});

@@ -104,7 +104,7 @@ void runDefine(PreprocessorRun& run, DirectiveLine& directive) {
     std::string directiveText;
     if (const auto preserved = classifyValue(run, body.text, hasNames, value)) {
         const TextSpan nameText = run.program.text.add(name);
-        for (const Defines::Use& use : run.defines.takeUses()) {
+        for (const Defines::Use& use : run.defines.uses()) {
             noteFact(run, Fact::Kind::valueUse, directive.position(),
                      run.program.text.view(use.name));
         }
@@ -118,12 +118,12 @@ void runDefine(PreprocessorRun& run, DirectiveLine& directive) {
         expansion = run.defines.storePreserved(preserved->type, {nameText, valueText});
         directiveText = continuedText(joinWords(head, preserved->value));
     } else {
-        run.defines.takeUses();
         noteFact(run, Fact::Kind::lostDefine, directive.position(), name,
                  run.program.text.view(body.text));
         expansion = run.defines.storeExpansion(value, static_cast<std::uint32_t>(bytes));
         directiveText = unconvertedText(joinWords(head, run.program.text.view(body.text)));
     }
+    run.defines.forgetUses();
     run.defines.table().enter(name, DefineTable::Kind::define, expansion);
     appendDirectiveLine(run, directive.position(), directive.source(), body.comment,
                         {TokenType::CONVERSION_TEXT, {run.program.text.add(directiveText)}});

@@ -86,9 +86,10 @@ public:
         /// By a preserved define, which the conversion may write by its name.
         bool isPreserved = false;
     };
-    /// From now on the names that are replaced are told by takeUses().
+    /// From now on the names that are replaced are told by uses(), until they are forgotten.
     void gatherUses() { gathersUses_ = true; }
-    std::vector<Use> takeUses() { return std::exchange(uses_, {}); }
+    const std::vector<Use>& uses() const { return uses_; }
+    void forgetUses() { uses_.clear(); }
 
     /// Whether the controller defines the name by itself.
     bool isPredefined(std::string_view name) const;

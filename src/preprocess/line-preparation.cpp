@@ -91,14 +91,16 @@ void appendTokens(PreprocessorRun& run, LineList& list, const SubstitutedText& s
 
 /// Tells the passes which names were replaced by text. The line is the last one.
 void noteUses(PreprocessorRun& run, const SourcePosition& position, TextSpan lineText) {
-    for (const Defines::Use& use : run.defines.takeUses()) {
+    for (const Defines::Use& use : run.defines.uses()) {
         const std::string_view name = run.program.text.view(use.name);
         if (!use.isPreserved && mayHaveSeveralValues(*run.record, name)) {
             noteFact(run, Fact::Kind::valueUse, position, name);
             --run.record->facts.back().programLine;  // the line is appended already
-            run.record->facts.back().columns = columnsOf(run.program, position, lineText, use.name);
+            run.record->facts.back().lineText = lineText;
+            run.record->facts.back().place = use.name;
         }
     }
+    run.defines.forgetUses();
 }
 
 /// The first word in `text` from `from` on, a "$" and the letters, digits and "_" behind it, that stands outside

@@ -74,9 +74,9 @@ void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& posit
     fact.kind = kind;
     fact.programLine = static_cast<std::uint32_t>(run.program.list.lines.size());
     fact.position = position;
-    fact.name = name;
-    fact.value = value;
-    run.record->facts.push_back(std::move(fact));
+    fact.name = run.record->texts.keep(name);
+    fact.value = run.record->texts.keep(value);
+    run.record->facts.push_back(fact);
 }
 
 void appendDirectiveLine(PreprocessorRun& run, const SourcePosition& position, TextSpan source,

@@ -175,7 +175,7 @@ bool convertStatement(ConversionContext& context, std::span<const Token> tokens,
 
 void noteGluedCode(const ConversionContext& context, std::span<const Token> tokens,
                    std::string_view text) {
-    if (text.empty() || upperCase(text[0]) != 'N') {
+    if (text.empty() || (text[0] != 'N' && text[0] != 'n')) {
         return;
     }
     // What may stand in front of an N-code has no letters.

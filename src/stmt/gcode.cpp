@@ -124,10 +124,16 @@ bool hasExponent(std::string_view text) {
 
 /// What is written behind a word's letter or axis, its tokens beginning at `first`.
 void checkWordValue(Statement& statement, const Token* first, std::string_view text) {
+    const bool isPlainNumber =
+        statement.cursor.place() - first == 1 &&
+        (first->type == TokenType::INTEGER_LITERAL || first->type == TokenType::FLOAT_LITERAL);
+    if (isPlainNumber) {
+        return;
+    }
     if (hasComparisonBehindNumber({first, statement.cursor.place()})) {
         noteCheck(statement, Check::ComparisonAsValue, first);
     }
-    if (hasExponent(text)) {
+    if (text.find('e') != std::string_view::npos && hasExponent(text)) {
         noteCheck(statement, Check::NumberText, first);
     }
 }
@@ -191,7 +197,8 @@ void writeAxisValue(Statement& statement, std::string_view name, std::size_t axi
         axisNameLength(std::string_view(text).substr(start), axes) > name.size()) {
         // In parentheses it does not go on with its word.
         if (statement.context.record != nullptr && beginsGlued(text[start + name.size()])) {
-            statement.context.record->findings.pop_back();
+            GrowingArray<Finding>& findings = statement.context.record->findings;
+            findings.truncate(findings.size() - 1);
         }
         parenthesise(text, start + name.size());
     }

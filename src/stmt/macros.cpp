@@ -18,7 +18,7 @@ void noteMacro(Statement& statement, std::string_view name, const Macro& macro, 
         takeOff(record, mark);
     }
     for (std::size_t fact = mark.facts; fact < record.facts.size(); ++fact) {
-        record.facts[fact].isInBody = true;
+        record.facts.data()[fact].isInBody = true;
     }
     noteFact(statement, isKept ? Fact::Kind::macro : Fact::Kind::lostMacro, name,
              statement.cursor.place());

@@ -103,7 +103,7 @@ TEST(Findings, OfTheWholeProgramSayWhichNameTheyAreAbout) {
     std::vector<std::string> texts;
     runCommandForFindings(
         {"-o", directory.path().string(), (directory.path() / "main.pgm").string()}, {},
-        [&](const Finding& finding) { texts.push_back(finding.text); });
+        [&](const Finding& finding) { texts.emplace_back(finding.text); });
     EXPECT_EQ(texts, (List{"A jump or call has no target in the output, or two. N7",
                            "A block is not closed, or closed without being opened."}));
 }

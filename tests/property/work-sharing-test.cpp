@@ -9,6 +9,7 @@
 
 #include "bench/corpus.h"
 #include "src/app/conversion.h"
+#include "src/checks/line-record.h"
 #include "src/preprocess/preprocessor.h"
 #include "tests/support/case-run.h"
 #include "tests/support/temporary-directory.h"
@@ -20,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A generated program of every family of lines, preprocessed.
+/// A generated program of every family of lines.
 class GeneratedProgram {
 public:
     GeneratedProgram() {
@@ -32,11 +33,15 @@ public:
         for (const bench::CorpusFile& file : files) {
             writeFile(directory_.path() / file.path, file.text);
         }
-        preprocessProgram(program_, (directory_.path() / files.front().path).string(), axes_,
-                          limits_, predefinedConstants(), fileSystemSource(), &record_);
+        path_ = (directory_.path() / files.front().path).string();
     }
 
-    std::size_t lineCount() const { return program_.list.lines.size(); }
+    std::size_t lineCount() const {
+        Program program;
+        CheckRecord record;
+        read(program, record);
+        return program.list.lines.size();
+    }
 
     struct Conversion {
         std::string output;
@@ -47,18 +52,19 @@ public:
     };
 
     Conversion convert(const WorkSharing& sharing) const {
+        Program program;
+        CheckRecord record;
+        read(program, record);
         MessageLog log;
-        CheckRecord record = record_;
-        ConversionContext context{program_, axes_, limits_, log, {}, 0, &record};
+        ConversionContext context{program, axes_, limits_, log, {}, 0, &record};
         OutputFile output;
         const fs::path path = directory_.path() / "output";
         EXPECT_TRUE(output.open(path));
         convertProgram(context, output, sharing);
         EXPECT_TRUE(output.close());
         Conversion conversion{readFile(path), {}, {}};
-        for (const Finding& finding : record.findings) {
-            conversion.findings += checkLine(finding);
-        }
+        tellFindings(record,
+                     [&](const Finding& finding) { conversion.findings += checkLine(finding); });
         for (const ConversionMessage& message : log) {
             conversion.log += formatDiagnostic(message.position, message.text) + '\n';
         }
@@ -66,12 +72,15 @@ public:
     }
 
 private:
+    void read(Program& program, CheckRecord& record) const {
+        preprocessProgram(program, path_, axes_, limits_, predefinedConstants(), fileSystemSource(),
+                          &record);
+    }
+
     TemporaryDirectory directory_;
+    std::string path_;
     AxisNames axes_;
     Limits limits_;
-    Program program_;
-    /// What the preprocessor found.
-    CheckRecord record_;
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "src/app/conversion.h"
+#include "src/checks/line-record.h"
 #include "src/preprocess/preprocessor.h"
 #include "src/preprocess/site-constants.h"
 
@@ -44,9 +45,8 @@ Converted convert(const std::string& content, const ReferenceRows* reference,
     ProgramOutput output;
     convertProgram(context, output);
     Converted converted{output.text.toString(), {}};
-    for (const Finding& finding : record.findings) {
-        converted.codes.emplace_back(finding.code);
-    }
+    tellFindings(record,
+                 [&](const Finding& finding) { converted.codes.emplace_back(finding.code); });
     return converted;
 }
 
