@@ -1,0 +1,69 @@
+// The whole page: head, the four views, and what is said while the data is read.
+
+import { render } from "preact";
+import { useEffect, useState } from "preact/hooks";
+import { reportOf, type Report } from "../data/report.ts";
+import type { DataSource } from "../data/source.ts";
+import { ChecksView } from "../views/checks/checks-view.tsx";
+import { OverviewView } from "../views/overview/overview-view.tsx";
+import { ProgramView } from "../views/program/program-view.tsx";
+import { WorkView } from "../views/work/work-view.tsx";
+import type { View } from "./address.ts";
+import { PageContext, usePageState } from "./context.ts";
+import { PageFoot, PageHead } from "./frame.tsx";
+
+/** Shows a report. Where its data comes from is the caller's business. */
+export function showReport(root: HTMLElement, source: DataSource): void {
+  render(<Viewer source={source} />, root);
+}
+
+function Viewer({ source }: { source: DataSource }) {
+  const [report, setReport] = useState<Report | null>(null);
+  const [failure, setFailure] = useState("");
+  useEffect(() => {
+    source.summary().then(
+      (summary) => {
+        document.title = `${summary.project.name} – conversion report`;
+        setReport(reportOf(summary));
+      },
+      (error: unknown) => setFailure(error instanceof Error ? error.message : String(error)),
+    );
+  }, [source]);
+  if (failure !== "") {
+    return (
+      <main class="notice">
+        <h1>The report cannot be shown</h1>
+        <p role="alert">{failure}</p>
+      </main>
+    );
+  }
+  return report === null ? (
+    <main class="notice" aria-busy="true">
+      <h1>Conversion report</h1>
+      <p>Reading the data …</p>
+    </main>
+  ) : (
+    <ReportPage report={report} source={source} />
+  );
+}
+
+const viewOf: Readonly<Record<View, () => preact.JSX.Element>> = {
+  overview: OverviewView,
+  work: WorkView,
+  program: ProgramView,
+  checks: ChecksView,
+};
+
+function ReportPage({ report, source }: { report: Report; source: DataSource }) {
+  const page = usePageState(report, source);
+  const Shown = viewOf[page.address.view];
+  return (
+    <PageContext.Provider value={page}>
+      <PageHead />
+      <main id="main" tabIndex={-1} class={`view-${page.address.view}`}>
+        <Shown />
+      </main>
+      <PageFoot />
+    </PageContext.Provider>
+  );
+}
