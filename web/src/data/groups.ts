@@ -9,6 +9,8 @@ export interface Group {
   readonly inOutputs: number;
   readonly open: number;
   readonly programs: number;
+  /** A bit for each of `todos` that occurs. */
+  readonly todoBits: number;
   /** In the order of the report. */
   readonly findings: Int32Array;
 }
@@ -46,12 +48,14 @@ function groupOf(
   let places = 0;
   let programs = 0;
   let open = 0;
+  let todoBits = 0;
   for (const finding of list) {
+    todoBits |= 1 << at(findings.todo, finding);
     places += mark(placeSeen, at(findings.place, finding), rule);
     programs += mark(programSeen, at(findings.program, finding), rule);
     open += at(findings.open, finding);
   }
-  return { rule, places, inOutputs: list.length, open, programs, findings: list };
+  return { rule, places, inOutputs: list.length, open, programs, todoBits, findings: list };
 }
 
 /** 1 if the row did not have this mark. */

@@ -31,7 +31,7 @@ function matchRange(
     if (rest.from < rest.to && rest.afterFrom < rest.afterTo) {
       const anchors = anchorsOf(before, after, rest);
       if (anchors.length > 0) {
-        regions.push(...between(anchors, rest, kept));
+        between(anchors, rest, kept).forEach((part) => regions.push(part));
       } else {
         matchSmall(before, after, rest, kept);
       }

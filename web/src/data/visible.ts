@@ -7,7 +7,13 @@ export type Visible = { readonly text: string; readonly isShownByName: boolean }
 const hidden =
   /[\u0000-\u0008\u000a-\u001f\u007f-\u009f\u00ad\u061c\u180e\u200b-\u200f\u2028-\u202e\u2060-\u206f\ufeff\ufff9-\ufffd]|[\ud800-\udbff](?![\udc00-\udfff])|(?<![\ud800-\udbff])[\udc00-\udfff]/g;
 
+/** Most texts are of these only. */
+const plain = /^[\t -~]*$/;
+
 export function visiblePieces(text: string): Visible[] {
+  if (plain.test(text)) {
+    return [{ text, isShownByName: false }];
+  }
   const pieces: Visible[] = [];
   let from = 0;
   for (const match of text.matchAll(hidden)) {

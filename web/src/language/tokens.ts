@@ -25,11 +25,12 @@ const space = /\s+/y;
 const word = /[A-Za-z_][A-Za-z0-9_]*/y;
 const gcode = /[Gg][0-9]+(?:\.[0-9]+)?/y;
 const addressLetter = /[EFGIJKLMNOPQRSTefgijklmnopqrst](?![A-Za-z_])/y;
+/** An axis, or what takes its place, in front of its value: the X of "X62.5". */
+const axis = /[A-Za-z]{1,2}(?=[0-9]+(?:\.[0-9]*)?(?![A-Za-z0-9_]))/y;
 const number = /0[xXhH][0-9A-Fa-f]+|&[xXhH][0-9A-Fa-f]+|[0-9]+(?:\.[0-9]*)?|\.[0-9]+/y;
 const variable = /\$[A-Za-z_][A-Za-z0-9_]*/y;
 const directive = /#[A-Za-z_][A-Za-z0-9_]*/y;
 const string = /"[^"]*(?:"|$)/y;
-const operator = /[-+*/%=<>!&|^~]+/y;
 
 function endOf(pattern: RegExp, line: string, from: number): number {
   pattern.lastIndex = from;
@@ -84,6 +85,7 @@ function tokenAt(line: string, at: number, language: Language): [end: number, ki
   if ((last = end(space)) > 0) return [last, ""];
   if ((last = end(gcode)) > 0) return [last, "gcode"];
   if ((last = end(addressLetter)) > 0) return [last, "gcode"];
+  if ((last = end(axis)) > 0) return [last, ""];
   if ((last = end(word)) > 0) return [last, language.kindOfWord(line.slice(at, last))];
   if ((last = end(number)) > 0) return [last, "number"];
   if ((last = end(variable)) > 0) return [last, language.kindOfVariable(line.slice(at + 1, last))];
@@ -91,6 +93,5 @@ function tokenAt(line: string, at: number, language: Language): [end: number, ki
     return [last, line.slice(at, last) === marker ? "marker" : "directive"];
   }
   if ((last = end(string)) > 0) return [last, "string"];
-  if ((last = end(operator)) > 0 && !/\/[/*]/.test(line.slice(at, last))) return [last, "operator"];
   return [at + 1, ""];
 }

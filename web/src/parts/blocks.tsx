@@ -5,8 +5,9 @@
 import { Component, createRef, options, type ComponentChildren } from "preact";
 
 const blockSize = 100;
-/** Longer lists are never made whole. */
-export const mostWhole = 20_000;
+/** Longer lists are made whole for paper only, and lists that are longer still are not. */
+export const mostWhole = 5_000;
+const mostPrinted = 20_000;
 
 interface BlocksProps {
   readonly count: number;
@@ -76,9 +77,16 @@ export class Blocks extends Component<BlocksProps, BlocksState> {
       );
     }
     return (
-      <div class="blocks" ref={this.root} role="presentation">
-        {blocks}
-      </div>
+      <>
+        <div class="blocks" ref={this.root} role="presentation">
+          {blocks}
+        </div>
+        {count > mostPrinted && (
+          <p class="print-only">
+            This is a part of a list that is too long for paper: choose less of it by its filters.
+          </p>
+        )}
+      </>
     );
   }
 
@@ -137,7 +145,7 @@ export class Blocks extends Component<BlocksProps, BlocksState> {
 
   /** What is printed has to be there when this returns. */
   private readonly beforePrint = () => {
-    if (!this.isWhole) {
+    if (this.props.count > mostPrinted) {
       return;
     }
     const later = options.debounceRendering;

@@ -1,5 +1,6 @@
 // Text of programs and files: characters that are not seen are shown by their names.
 
+import type { ComponentChildren } from "preact";
 import { visiblePieces } from "../data/visible.ts";
 
 /** More than this of a text is not shown; it can be copied all the same. */
@@ -9,7 +10,7 @@ export function Text({ text }: { text: string }) {
   const shown = text.length > mostShown ? text.slice(0, mostShown) : text;
   return (
     <>
-      <Pieces text={shown} />
+      {visibleText(shown)}
       {shown.length < text.length && <More count={text.length - shown.length} />}
     </>
   );
@@ -19,14 +20,14 @@ export function More({ count }: { count: number }) {
   return <span class="more"> … and {count.toLocaleString("en")} characters more</span>;
 }
 
-export function Pieces({ text }: { text: string }) {
-  return (
-    <>
-      {visiblePieces(text).map(({ text: piece, isShownByName }) =>
+/** What stands for a text: itself, where all of its characters are seen. */
+export function visibleText(text: string): ComponentChildren {
+  const pieces = visiblePieces(text);
+  return pieces.length === 1 && pieces[0]?.isShownByName === false
+    ? text
+    : pieces.map(({ text: piece, isShownByName }) =>
         isShownByName ? <span class="hidden-character">{piece}</span> : piece,
-      )}
-    </>
-  );
+      );
 }
 
 /** A path, which may be broken behind a "/". */

@@ -15,10 +15,10 @@ import {
 import { at, programPath } from "../../data/report.ts";
 import { counted, grouped, outputNames, share, statusNames } from "../../data/wording.ts";
 import { Blocks } from "../../parts/blocks.tsx";
+import { SearchField } from "../../parts/search-field.tsx";
 import { Select, type Option } from "../../parts/select.tsx";
 import { Path } from "../../parts/text.tsx";
 import { WorkBar } from "../../parts/work-signs.tsx";
-import { SearchField } from "../work/filter-form.tsx";
 
 const orderNames: Readonly<Record<ProgramOrder, string>> = {
   path: "path",
@@ -55,7 +55,7 @@ export function ProgramList() {
     <>
       <h1>Programs</h1>
       <form class="filters" role="search" onSubmit={(event) => event.preventDefault()}>
-        <SearchField value={text} onChange={(value) => change({ text: value })} />
+        <SearchField value={text} hint="path" onChange={(value) => change({ text: value })} />
         <Select
           name="Folder"
           value={folder}

@@ -72,7 +72,7 @@ function rowClass(row: number, { texts: { sheet }, selected, found }: SheetState
 function LineNumber({ row, number, state }: { row: number; number: number; state: SheetState }) {
   const { address } = usePage();
   if (number === 0) {
-    return <span class="line-number" />;
+    return null;
   }
   const here = { path: address.parameters["path"] ?? "", ...rowParameters(state.texts.sheet, row) };
   const follow = (event: MouseEvent) => {
@@ -128,7 +128,7 @@ function Margin({
 }) {
   const { report } = usePage();
   if (findings.length === 0) {
-    return <span class="margin" />;
+    return null;
   }
   const kinds: Todo[] = findings.map((finding) => todos[at(report.findings.todo, finding)]!);
   const isOpen = findings.some((finding) => at(report.findings.open, finding) === 1);
@@ -184,7 +184,5 @@ function ChangeSign({ change }: { change: (typeof changes)[number] | undefined }
     <span class="change" role="img" aria-label="taken out by hand" title="taken out by hand">
       −
     </span>
-  ) : (
-    <span class="change" />
-  );
+  ) : null;
 }

@@ -1,12 +1,12 @@
 // Filters, search and order of the work list. All of them stand in the address.
 
-import { useEffect, useState } from "preact/hooks";
 import { usePage } from "../../app/context.ts";
 import { outerFolders } from "../../data/folders.ts";
 import { noFilter, type Filter } from "../../data/filter.ts";
 import { severities, todos } from "../../data/format.ts";
 import type { GroupOrder } from "../../data/groups.ts";
 import { severityNames, todoNames } from "../../data/wording.ts";
+import { SearchField } from "../../parts/search-field.tsx";
 import { Select, type Option } from "../../parts/select.tsx";
 
 const orders: Readonly<Record<GroupOrder, string>> = {
@@ -22,7 +22,7 @@ export function FilterForm({ filter, order }: { filter: Filter; order: GroupOrde
   const isFiltered = Object.values(filter).some((value) => value !== "");
   return (
     <form class="filters" role="search" onSubmit={(event) => event.preventDefault()}>
-      <SearchField value={filter.text} onChange={set("text")} />
+      <SearchField value={filter.text} hint="line, message, path or code" onChange={set("text")} />
       <Select
         name="Folder"
         value={filter.folder}
@@ -87,35 +87,4 @@ const severityOptions: Option[] = [
 
 function withAll(all: string, options: readonly Option[]): Option[] {
   return [["", all], ...options];
-}
-
-/** Waits for a pause in typing before it changes the address, which browsers count. */
-export function SearchField({
-  value,
-  onChange,
-}: {
-  value: string;
-  onChange: (value: string) => void;
-}) {
-  const [typed, setTyped] = useState(value);
-  useEffect(() => setTyped(value), [value]);
-  useEffect(() => {
-    const timer = setTimeout(() => {
-      if (typed !== value) {
-        onChange(typed);
-      }
-    }, 120);
-    return () => clearTimeout(timer);
-  }, [typed]);
-  return (
-    <label class="field search">
-      <span>Search</span>
-      <input
-        type="search"
-        value={typed}
-        placeholder="line, message, path or code"
-        onInput={(event) => setTyped(event.currentTarget.value)}
-      />
-    </label>
-  );
 }

@@ -46,13 +46,12 @@ export function GroupSection({ group, isOpen }: { group: Group; isOpen: boolean 
 /** What is to be done, and the severity; of the first finding, since those of a code are hardly ever different. */
 function GroupSigns({ group }: { group: Group }) {
   const { findings } = usePage().report;
-  const kinds = new Set(Array.from(group.findings, (finding) => at(findings.todo, finding)));
   const severity = severities[at(findings.severity, group.findings[0]!)]!;
   return (
     <span class="group-signs">
-      {[...kinds].sort().map((kind) => (
-        <TodoSign key={kind} todo={todos[kind]!} />
-      ))}{" "}
+      {todos.map((todo, index) =>
+        (group.todoBits & (1 << index)) === 0 ? null : <TodoSign key={todo} todo={todo} />,
+      )}{" "}
       {severity !== "" && <span class="severity">{severityNames[severity].title}</span>}
     </span>
   );
