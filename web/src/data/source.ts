@@ -12,6 +12,7 @@ export interface DataSource {
 /** The data of a page that `torvel-migrate` wrote. */
 export function pageSource(page: Document): DataSource {
   const detail = programLoader(page);
+  let made = "";
   return {
     async summary() {
       const summary = await unpacked<Summary>(textOf(page, "summary"));
@@ -20,11 +21,12 @@ export function pageSource(page: Document): DataSource {
           `The data has format ${summary.format}, and this page reads format ${dataFormat}.`,
         );
       }
+      made = String(summary.made);
       return summary;
     },
     async program(number) {
       const inside = page.getElementById(`program-${number}`)?.textContent;
-      return unpacked<ProgramDetail>(inside ?? (await detail(number)));
+      return unpacked<ProgramDetail>(inside ?? (await detail(number, made)));
     },
   };
 }
@@ -39,8 +41,8 @@ function textOf(page: Document, id: string): string {
 
 declare global {
   interface Window {
-    /** What a file of the folder "programs" calls. */
-    torvelProgram?: (number: number, base64: string) => void;
+    /** What a file of the folder "programs" calls. The stamp is `made` of the report that it was written for. */
+    torvelProgram?: (number: number, base64: string, stamp: string) => void;
     trustedTypes?: {
       createPolicy(
         name: string,
@@ -50,33 +52,47 @@ declare global {
   }
 }
 
+/** What a file of a program gave. */
+interface Given {
+  readonly base64: string;
+  readonly stamp: string;
+}
+
+type ProgramLoader = (number: number, made: string) => Promise<string>;
+
 /** Loads "programs/N.js", which is all that the page's policy lets it load. */
-function programLoader(page: Document): (number: number) => Promise<string> {
-  const waiting = new Map<number, (base64: string) => void>();
-  window.torvelProgram = (number, base64) => waiting.get(number)?.(base64);
+function programLoader(page: Document): ProgramLoader {
+  const given = new Map<number, Given>();
+  window.torvelProgram = (number, base64, stamp) => given.set(number, { base64, stamp });
   const address = scriptAddress();
-  return (number) =>
-    new Promise((resolve, reject) => {
-      const script = page.createElement("script");
-      const end = () => {
-        waiting.delete(number);
-        script.remove();
-      };
-      waiting.set(number, (base64) => {
-        end();
-        resolve(base64);
-      });
-      script.onload = () => {
-        end();
-        reject(new Error(`The file programs/${number}.js holds another program.`));
-      };
-      script.onerror = () => {
-        end();
-        reject(new Error(`The file programs/${number}.js beside this page cannot be read.`));
-      };
-      script.src = address(number) as string;
-      page.head.append(script);
-    });
+  return async (number, made) => {
+    await loaded(page, address(number), `programs/${number}.js`);
+    const program = given.get(number);
+    given.delete(number);
+    if (program === undefined) {
+      throw new Error(`The file programs/${number}.js holds another program.`);
+    }
+    if (program.stamp !== made) {
+      throw new Error("A newer report was written in the place of this one: load the page again.");
+    }
+    return program.base64;
+  };
+}
+
+function loaded(page: Document, address: unknown, name: string): Promise<void> {
+  return new Promise((resolve, reject) => {
+    const script = page.createElement("script");
+    script.onload = () => {
+      script.remove();
+      resolve();
+    };
+    script.onerror = () => {
+      script.remove();
+      reject(new Error(`The file ${name} beside this page cannot be read.`));
+    };
+    script.src = address as string;
+    page.head.append(script);
+  });
 }
 
 /** An address that the policy of the page takes for a script's: nothing but a program's file. */

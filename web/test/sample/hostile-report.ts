@@ -21,6 +21,8 @@ export const hostileTexts = [
   "#/work?code=x&y=z%20+?",
 ];
 
+export const halfOfPair = /[\ud800-\udbff](?![\udc00-\udfff])|(?<![\ud800-\udbff])[\udc00-\udfff]/g;
+
 export function hostileReport(): SampleReport {
   const builder = new ReportBuilder();
   hostileTexts.forEach((text, index) =>
@@ -32,7 +34,8 @@ export function hostileReport(): SampleReport {
     ),
   );
   hostileTexts.forEach((text, index) => {
-    const path = `hall ${index}/${text}/${index} ${text}.pgm`;
+    // No path holds half of a pair: the program that writes the report has decoded it.
+    const path = `hall ${index}/${index} ${text}.pgm`.replace(halfOfPair, "");
     const source = hostileTexts.map((line) => `MSGBOX "${line}" ; ${line}`).join("\n");
     builder.program({
       path,

@@ -31,7 +31,7 @@ export function writeFolder(folder: string, { summary, details }: SampleReport):
   const data = element("summary", { ...summary, details: "files" });
   writeFileSync(`${folder}/index.html`, filled(data));
   details.forEach((detail, number) => {
-    const call = `torvelProgram(${number}, "${packed(detail)}");\n`;
+    const call = `torvelProgram(${number}, "${packed(detail)}", "${summary.made}");\n`;
     writeFileSync(`${folder}/programs/${number}.js`, call);
   });
 }

@@ -51,6 +51,16 @@ export function ProgramSheet({ program, detail }: { program: number; detail: Pro
   useRowKeys({ found, rows, selected, select });
   const top = useRef<HTMLDivElement>(null);
   useStickyHeight(top);
+  if (detail.files.length === 0) {
+    return (
+      <>
+        {found.withoutRow.map((finding) => (
+          <FindingCard key={finding} finding={finding} detail={detail} />
+        ))}
+        <p>The report has no text of this program: its conversion was not begun.</p>
+      </>
+    );
+  }
   return (
     <>
       <div class="sheet-top" ref={top}>
