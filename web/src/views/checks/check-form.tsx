@@ -4,7 +4,7 @@ import { useMemo } from "preact/hooks";
 import { usePage } from "../../app/context.ts";
 import type { CheckGroup, Machine } from "../../data/checks.ts";
 import type { Place } from "../../data/groups.ts";
-import { inlinesOf } from "../../data/markdown.ts";
+import { inlinesOf, markdownBlocks } from "../../data/markdown.ts";
 import { fingerprintOf, type Report } from "../../data/report.ts";
 import { tickKey, type Ticks } from "../../data/ticks.ts";
 import { counted, severityNames } from "../../data/wording.ts";
@@ -99,6 +99,9 @@ function FormItem({ item, machine, ticks }: { item: Item; machine: Machine; tick
           <h3>
             <Inlines inlines={inlinesOf(title)} /> <code class="rule-code">{code}</code>
           </h3>
+          <p class="print-only quiet">
+            <FirstParagraph markdown={help} />
+          </p>
           <details>
             <summary>What to do</summary>
             <Markdown text={help} />
@@ -115,4 +118,10 @@ function FormItem({ item, machine, ticks }: { item: Item; machine: Machine; tick
         />
       );
   }
+}
+
+/** On paper there is room for the gist only. */
+function FirstParagraph({ markdown }: { markdown: string }) {
+  const first = markdownBlocks(markdown).find(({ kind }) => kind === "paragraph");
+  return first?.kind === "paragraph" ? <Inlines inlines={first.text} /> : null;
 }

@@ -2,10 +2,10 @@
 
 import { addressOf } from "../../app/address.ts";
 import { usePage } from "../../app/context.ts";
-import { severities, todos } from "../../data/format.ts";
+import { outputStates, severities, todos } from "../../data/format.ts";
 import { at } from "../../data/report.ts";
 import type { Count, Work } from "../../data/totals.ts";
-import { grouped, severityNames, todoNames } from "../../data/wording.ts";
+import { counted, grouped, outputNames, severityNames, todoNames } from "../../data/wording.ts";
 import { TodoSign } from "../../parts/work-signs.tsx";
 
 export function LeftPart({ work }: { work: Work }) {
@@ -40,6 +40,7 @@ export function LeftPart({ work }: { work: Work }) {
         A line of an included file is one place in the sources, and stands in the output of each
         program that includes it.
       </p>
+      <OutputLinks />
     </section>
   );
 }
@@ -92,5 +93,31 @@ function SeverityRow({ severity, count }: { severity: keyof typeof severityNames
       <td>{grouped(count.places)}</td>
       <td>{grouped(count.inOutputs)}</td>
     </tr>
+  );
+}
+
+/** Outputs that are not as they were generated. */
+function OutputLinks() {
+  const { programs } = usePage().report.summary;
+  const counts = outputStates.map((_, state) =>
+    programs.outputState.filter((one) => one === state),
+  );
+  const shown = outputStates.filter(
+    (name, state) => name !== "none" && name !== "as-generated" && counts[state]!.length > 0,
+  );
+  if (shown.length === 0) {
+    return null;
+  }
+  return (
+    <ul class="outputs">
+      {shown.map((name) => (
+        <li key={name}>
+          <a href={addressOf("program", { status: name })}>
+            {counted(counts[outputStates.indexOf(name)]!.length, "program")}
+          </a>
+          : {outputNames[name]}
+        </li>
+      ))}
+    </ul>
   );
 }
