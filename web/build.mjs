@@ -36,6 +36,15 @@ function filled(template, values) {
   return template.replace(/\{\{(\w+)\}\}/g, (_, name) => values[name]);
 }
 
+/** The licence of what the script holds, as text of a comment. */
+function notice() {
+  const text = readFileSync(`${folder}/node_modules/preact/LICENSE`, "utf8").trim();
+  if (text.includes("--")) {
+    throw new Error("The licence of Preact would end its comment.");
+  }
+  return `The script of this page holds Preact.\n\n${text}`;
+}
+
 export async function reportPage() {
   const script = await bundled("src/main.ts");
   const styles = await bundled("src/style/page.css");
@@ -45,6 +54,7 @@ export async function reportPage() {
   const page = filled(readFileSync(`${folder}/src/page.html`, "utf8"), {
     script,
     styles,
+    notice: notice(),
     scriptHash: hashOf(script),
     styleHash: hashOf(styles),
   });

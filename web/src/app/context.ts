@@ -37,7 +37,7 @@ export function usePageState(report: Report, source: DataSource): Page {
       const now = parsedAddress(location.hash);
       const next = addressOf(now.view, { ...now.parameters, ...parameters });
       if (next !== location.hash) {
-        history[how === "push" ? "pushState" : "replaceState"](null, "", next);
+        history[how === "push" ? "pushState" : "replaceState"](history.state, "", next);
         setHash(next);
       }
     };

@@ -4,6 +4,7 @@ import { render } from "preact";
 import { useEffect, useState } from "preact/hooks";
 import { reportOf, type Report } from "../data/report.ts";
 import type { DataSource } from "../data/source.ts";
+import { visiblePieces } from "../data/visible.ts";
 import { ChecksView } from "../views/checks/checks-view.tsx";
 import { OverviewView } from "../views/overview/overview-view.tsx";
 import { ProgramView } from "../views/program/program-view.tsx";
@@ -11,6 +12,7 @@ import { WorkView } from "../views/work/work-view.tsx";
 import type { View } from "./address.ts";
 import { PageContext, usePageState } from "./context.ts";
 import { PageFoot, PageHead } from "./frame.tsx";
+import { usePlaceInHistory } from "./history.ts";
 
 /** Shows a report. Where its data comes from is the caller's business. */
 export function showReport(root: HTMLElement, source: DataSource): void {
@@ -23,7 +25,7 @@ function Viewer({ source }: { source: DataSource }) {
   useEffect(() => {
     source.summary().then(
       (summary) => {
-        document.title = `${summary.project.name} – conversion report`;
+        document.title = `${visibleName(summary.project.name)} – conversion report`;
         setReport(reportOf(summary));
       },
       (error: unknown) => setFailure(error instanceof Error ? error.message : String(error)),
@@ -54,8 +56,15 @@ const viewOf: Readonly<Record<View, () => preact.JSX.Element>> = {
   checks: ChecksView,
 };
 
+function visibleName(name: string): string {
+  return visiblePieces(name)
+    .map(({ text }) => text)
+    .join("");
+}
+
 function ReportPage({ report, source }: { report: Report; source: DataSource }) {
   const page = usePageState(report, source);
+  usePlaceInHistory(page.address);
   const Shown = viewOf[page.address.view];
   return (
     <PageContext.Provider value={page}>

@@ -1,8 +1,9 @@
 // How rows of a program are named in the address: by the line of the program, else by that of the output.
 
-import type { Parameters } from "../app/address.ts";
 import { at } from "./report.ts";
 import type { Sheet } from "./sheet.ts";
+
+type Parameters = Readonly<Record<string, string>>;
 
 export const noRow: Parameters = { line: "", out: "", now: "", finding: "" };
 

@@ -86,6 +86,7 @@ test("colours are those of the system until others are chosen", async () => {
   await page.emulateMedia({ colorScheme: "light" });
   await isTheme("light");
   await page.getByLabel("Colours").selectOption("dark");
+  await isTheme("dark");
   await page.reload();
   await page.locator("main h1").waitFor();
   await isTheme("dark");
@@ -97,5 +98,26 @@ test("an address that names no view leads to the overview", async () => {
   await page.getByRole("heading", { name: "Overview" }).waitFor();
   await goTo(page, "#/program?path=nowhere.pgm");
   await page.getByText("This report has no program nowhere.pgm").waitFor();
+  await close();
+});
+
+test("a link leads to the top of its view, and the way back to where it was left", async () => {
+  const { page, close } = await open(`${url}#/overview`, {
+    viewport: { width: 1280, height: 300 },
+  });
+  await page.evaluate(() => window.scrollTo(0, 400));
+  await page.waitForFunction(() => window.scrollY === 400);
+  await page.getByRole("link", { name: "Programs", exact: true }).focus();
+  await page.keyboard.press("Enter");
+  await page.getByRole("heading", { name: "Programs" }).waitFor();
+  assert.equal(await page.evaluate(() => window.scrollY), 0);
+  assert.equal(await page.evaluate(() => document.activeElement?.id), "main");
+  await page.goBack();
+  await page.getByRole("heading", { name: "Overview" }).waitFor();
+  // The link at the top was brought into sight before it was followed.
+  await page.evaluate(() => window.scrollTo(0, 400));
+  await page.goForward();
+  await page.goBack();
+  await page.waitForFunction(() => window.scrollY === 400);
   await close();
 });

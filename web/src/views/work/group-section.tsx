@@ -11,6 +11,7 @@ import { counted, grouped, severityNames } from "../../data/wording.ts";
 import { Blocks } from "../../parts/blocks.tsx";
 import { CopyButton } from "../../parts/copy.tsx";
 import { Inlines, Markdown } from "../../parts/markdown.tsx";
+import { Text } from "../../parts/text.tsx";
 import { TodoSign } from "../../parts/work-signs.tsx";
 import { PlaceRow } from "./place-row.tsx";
 
@@ -68,7 +69,9 @@ function GroupContent({ group }: { group: Group }) {
       <details class="help" open>
         <summary>What to write instead</summary>
         <Markdown text={rule.help} />
-        <p class="quiet">{rule.section}</p>
+        <p class="quiet">
+          <Text text={rule.section} />
+        </p>
       </details>
       <p class="group-actions">
         <CopyButton what="Copy a link to this code" text={link} />
