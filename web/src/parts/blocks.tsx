@@ -47,6 +47,8 @@ export class Blocks extends Component<BlocksProps, BlocksState> {
       this.heights.clear();
     }
     if (before.count !== this.props.count) {
+      // Observed anew, blocks that are near are told of once more.
+      this.observer?.disconnect();
       this.setState({ made: firstBlocks(this.props) });
     }
     this.afterChange(before.target !== this.props.target);
@@ -105,24 +107,25 @@ export class Blocks extends Component<BlocksProps, BlocksState> {
   }
 
   private follow(entries: readonly IntersectionObserverEntry[]): void {
-    const made = new Set(this.state.made);
-    for (const { target, isIntersecting, boundingClientRect } of entries) {
-      const block = Number((target as HTMLElement).dataset["block"]);
-      if (isIntersecting) {
-        made.add(block);
-      } else if (!this.isWhole && made.has(block)) {
-        this.heights.set(block, boundingClientRect.height);
-        made.delete(block);
+    this.change((made) => {
+      for (const { target, isIntersecting, boundingClientRect } of entries) {
+        const block = Number((target as HTMLElement).dataset["block"]);
+        if (isIntersecting) {
+          made.add(block);
+        } else if (!this.isWhole && made.delete(block)) {
+          this.heights.set(block, boundingClientRect.height);
+        }
       }
-    }
-    this.setMade(made);
+    });
   }
 
-  private setMade(made: ReadonlySet<number>): void {
-    const { made: before } = this.state;
-    if (made.size !== before.size || [...made].some((block) => !before.has(block))) {
-      this.setState({ made });
-    }
+  private change(act: (made: Set<number>) => void): void {
+    this.setState(({ made: before }) => {
+      const made = new Set(before);
+      act(made);
+      const isSame = made.size === before.size && [...made].every((block) => before.has(block));
+      return isSame ? null : { made };
+    });
   }
 
   /** The next blocks, a few at a time. */
@@ -130,16 +133,7 @@ export class Blocks extends Component<BlocksProps, BlocksState> {
     clearTimeout(this.idle);
     const blockCount = Math.ceil(this.props.count / blockSize);
     if (this.isWhole && this.state.made.size < blockCount) {
-      this.idle = window.setTimeout(() => {
-        const made = new Set(this.state.made);
-        for (let block = 0, more = 3; block < blockCount && more > 0; ++block) {
-          if (!made.has(block)) {
-            made.add(block);
-            --more;
-          }
-        }
-        this.setMade(made);
-      }, 30);
+      this.idle = window.setTimeout(() => this.change((made) => addNext(made, blockCount)), 30);
     }
   }
 
@@ -150,7 +144,7 @@ export class Blocks extends Component<BlocksProps, BlocksState> {
     }
     const later = options.debounceRendering;
     options.debounceRendering = (update: () => void) => update();
-    this.setMade(new Set(Array(Math.ceil(this.props.count / blockSize)).keys()));
+    this.setState({ made: new Set(Array(Math.ceil(this.props.count / blockSize)).keys()) });
     if (later === undefined) {
       delete options.debounceRendering;
     } else {
@@ -173,7 +167,17 @@ export class Blocks extends Component<BlocksProps, BlocksState> {
     if (this.state.made.has(block)) {
       show();
     } else {
-      this.setState({ made: new Set(this.state.made).add(block) }, show);
+      this.setState(({ made }) => ({ made: new Set(made).add(block) }), show);
+    }
+  }
+}
+
+/** Adds a few blocks that are not made yet, the first ones first. */
+function addNext(made: Set<number>, blockCount: number): void {
+  for (let block = 0, more = 3; block < blockCount && more > 0; ++block) {
+    if (!made.has(block)) {
+      made.add(block);
+      --more;
     }
   }
 }

@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import type { Page } from "playwright-core";
-import { longProgram } from "../sample/large-reports.ts";
+import { longProgram, manyPrograms } from "../sample/large-reports.ts";
 import { smallReport } from "../sample/small-report.ts";
 import { browserSession, goTo } from "./opened-page.ts";
 import { pageOf } from "./pages.ts";
@@ -172,5 +172,33 @@ test("far down in a long program", async () => {
   assert.ok((await page.locator(".row").count()) < 5000);
   await goTo(page, "#/program?path=long.pgm&line=1");
   await page.locator(".row.selected", { hasText: "point 1" }).waitFor();
+  await close();
+});
+
+test("a list that is too long to be made whole is made where it is seen", async () => {
+  const { page, close } = await open(`${pageOf("many", manyPrograms(6_000, 6_000))}#/program`);
+  const seen = () =>
+    page.evaluate(() => {
+      const { innerWidth, innerHeight } = window;
+      const shown = document.elementFromPoint(innerWidth / 3, innerHeight / 2);
+      return shown?.closest(".program-row")?.querySelector("a")?.textContent ?? "nothing";
+    });
+  const isSeen = async (pattern: RegExp) => {
+    for (let left = 50; !pattern.test(await seen()); --left) {
+      assert.ok(left > 0, `${await seen()} is no ${pattern}`);
+      await page.waitForTimeout(50);
+    }
+  };
+  await page.evaluate(() => window.scrollTo(0, document.documentElement.scrollHeight / 2));
+  await isSeen(/p02\d\d\d|p03\d\d\d/);
+  assert.ok((await page.locator(".block .program-row").count()) < 1500);
+  // Still long, and at another place of what was seen before.
+  await page.getByLabel("State").selectOption("left");
+  await page.getByText("4,800 programs").waitFor();
+  await page.getByRole("searchbox").fill("hall");
+  await page.evaluate(() => window.scrollTo(0, document.documentElement.scrollHeight));
+  await isSeen(/p05\d\d\d/);
+  await page.getByRole("searchbox").fill("hall3/");
+  await isSeen(/hall3/);
   await close();
 });

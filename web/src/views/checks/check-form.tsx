@@ -38,6 +38,13 @@ export function CheckForm({ machine, groups, ticks }: CheckFormProps) {
   }
   return (
     <div class="check-form">
+      <div class="check-row head" aria-hidden="true">
+        <span />
+        <span class="tick-by">Initials, date</span>
+        <span>Place</span>
+        <span class="place-line">Line</span>
+        <span />
+      </div>
       <Blocks
         count={items.length}
         rowHeight={38}

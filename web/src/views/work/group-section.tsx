@@ -29,9 +29,8 @@ export function GroupSection({ group, isOpen }: { group: Group; isOpen: boolean 
           <span class="twist" aria-hidden="true" />
           <GroupSigns group={group} />
           <span class="group-title">
-            <Inlines inlines={inlinesOf(rule.title)} />
-          </span>{" "}
-          <code class="rule-code">{rule.code}</code>
+            <Inlines inlines={inlinesOf(rule.title)} /> <code class="rule-code">{rule.code}</code>
+          </span>
         </button>
       </h2>
       <p class="group-counts">
