@@ -49,7 +49,7 @@ export function browserSession(): Session {
         }
       });
       await page.goto(url);
-      await page.locator("main h1").waitFor();
+      await page.locator("#main h1, main.notice [role=alert]").first().waitFor();
       return {
         page,
         complaints,
