@@ -1,7 +1,8 @@
 // The sheet of a program whose output a person changed: the output as it is now, with what was taken out beside it.
 
 import { keptLines } from "./line-changes.ts";
-import { linesOf, rebuilt, type Row, type Sheet } from "./sheet.ts";
+import { rebuilt } from "./sheet-builder.ts";
+import { linesOf, type Row, type Sheet } from "./sheet.ts";
 
 const added = 1;
 const removed = 2;

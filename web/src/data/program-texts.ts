@@ -3,7 +3,8 @@
 import type { ProgramDetail } from "./format.ts";
 import { editedSheet } from "./edited-sheet.ts";
 import { at, textAt, type Report } from "./report.ts";
-import { generatedSheet, linesOf, type Sheet } from "./sheet.ts";
+import { generatedSheet } from "./generated-sheet.ts";
+import { linesOf, type Sheet } from "./sheet.ts";
 
 export interface ProgramTexts {
   readonly detail: ProgramDetail;

@@ -3,8 +3,8 @@
 // printing are the browser's own.
 
 import { Component, createRef, options, type ComponentChildren } from "preact";
+import { Block, blockSize } from "./block.tsx";
 
-const blockSize = 100;
 /** Longer lists are made whole for paper only, and lists that are longer still are not. */
 export const mostWhole = 5_000;
 const mostPrinted = 20_000;
@@ -194,56 +194,4 @@ function firstBlocks({ count, target = -1 }: BlocksProps): Set<number> {
     made.add(target < 0 ? 0 : Math.floor(Math.min(target, count - 1) / blockSize));
   }
   return made;
-}
-
-interface BlockProps {
-  readonly block: number;
-  readonly rows: number;
-  readonly height: number;
-  readonly isMade: boolean;
-  readonly row: (index: number) => ComponentChildren;
-  readonly dependencies: readonly unknown[];
-  /** The target, if it is in this block. */
-  readonly target: number;
-  readonly role: "rowgroup" | "presentation";
-}
-
-class Block extends Component<BlockProps> {
-  override shouldComponentUpdate(next: BlockProps): boolean {
-    const { rows, isMade, dependencies, target } = this.props;
-    return (
-      next.rows !== rows ||
-      next.isMade !== isMade ||
-      next.target !== target ||
-      next.dependencies.some((value, i) => value !== dependencies[i])
-    );
-  }
-
-  override render({ block, rows, height, isMade, row, role }: BlockProps) {
-    if (!isMade) {
-      return (
-        <div
-          class="block"
-          role={role}
-          data-block={block}
-          {...(role === "rowgroup" ? { "aria-busy": true } : {})}
-          style={{ height: `${height}px` }}
-        />
-      );
-    }
-    const content = [];
-    for (let index = block * blockSize; index < block * blockSize + rows; ++index) {
-      content.push(row(index));
-    }
-    return (
-      <div
-        class="block made"
-        role={role}
-        data-block={block}
-        style={{ containIntrinsicSize: `auto ${height}px` }}
-      >
-        {content}
-      </div>
-    );
-  }
 }

@@ -6,7 +6,8 @@ import { cpSync, mkdirSync, readFileSync, rmSync, writeFileSync } from "node:fs"
 import { before, test } from "node:test";
 import { pathToFileURL } from "node:url";
 import type { ProgramDetail, Summary } from "../../src/data/format.ts";
-import { generatedSheet, linesOf } from "../../src/data/sheet.ts";
+import { generatedSheet } from "../../src/data/generated-sheet.ts";
+import { linesOf } from "../../src/data/sheet.ts";
 import { programTexts } from "../../src/data/program-texts.ts";
 import { unpacked } from "../../src/data/unpack.ts";
 import { axeViolations } from "./axe.ts";
@@ -106,7 +107,7 @@ const views: Readonly<Record<string, string>> = {
   work: "#/work?show=datacollect-start-no-one-to-one",
   programs: "#/program",
   program: `${program}&out=23`,
-  checks: "#/checks?machine=programs/drilling",
+  checks: "#/checks",
 };
 
 for (const colorScheme of ["light", "dark"] as const) {
@@ -134,6 +135,9 @@ test("the form on paper", { skip }, async () => {
   );
   await page.getByLabel("Your initials").fill("kb");
   await page.getByRole("checkbox").first().check();
+  await page.setViewportSize({ width: 794, height: 560 });
+  await page.emulateMedia({ media: "print" });
+  await page.screenshot({ path: `${pictures}/form.png` });
   const paper = await page.pdf({ path: `${pictures}/form.pdf`, format: "A4" });
   assert.ok(paper.length > 10_000);
   await close();

@@ -5,7 +5,8 @@ import { inclusionHeads, openInclusions, visibleRows } from "../../src/data/fold
 import { findingRows, outputText, programTexts, sourceText } from "../../src/data/program-texts.ts";
 import { reportOf } from "../../src/data/report.ts";
 import { rowOfParameters, rowParameters } from "../../src/data/row-address.ts";
-import { generatedSheet, type Sheet } from "../../src/data/sheet.ts";
+import { generatedSheet } from "../../src/data/generated-sheet.ts";
+import type { Sheet } from "../../src/data/sheet.ts";
 import { smallReport } from "../sample/small-report.ts";
 
 const { summary, details } = smallReport();

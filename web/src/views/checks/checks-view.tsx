@@ -4,10 +4,9 @@ import { useMemo } from "preact/hooks";
 import { addressOf } from "../../app/address.ts";
 import { usePage } from "../../app/context.ts";
 import { checkGroups, machinesOf, type CheckGroup, type Machine } from "../../data/checks.ts";
-import { severities } from "../../data/format.ts";
 import { fingerprintOf } from "../../data/report.ts";
 import { tickKey, type Ticks } from "../../data/ticks.ts";
-import { counted, machineName } from "../../data/wording.ts";
+import { counted, machineName, severityNames } from "../../data/wording.ts";
 import { Select, type Option } from "../../parts/select.tsx";
 import { CheckForm } from "./check-form.tsx";
 import { TickFiles } from "./tick-files.tsx";
@@ -67,7 +66,7 @@ function MachineChoice({ machines, machine }: { machines: readonly Machine[]; ma
       <Select
         name="Severity"
         value={address.parameters["severity"] ?? ""}
-        options={[["", "all"], ...severities.slice(1).map((one): Option => [one, one])]}
+        options={[["", "all"], ...Object.entries(severityNames).map(titled)]}
         onChange={(severity) => change({ severity })}
       />
       <Select
@@ -82,6 +81,10 @@ function MachineChoice({ machines, machine }: { machines: readonly Machine[]; ma
       />
     </form>
   );
+}
+
+function titled([name, { title }]: [string, { readonly title: string }]): Option {
+  return [name, title];
 }
 
 function TickTools({

@@ -35,8 +35,8 @@ export function RunPart({ runs }: { runs: readonly Run[] }) {
             </tr>
           </thead>
           <tbody>
-            {shown.map((run) => (
-              <RunRow key={run.began} run={run} most={most} />
+            {shown.map((run, index) => (
+              <RunRow key={index} run={run} most={most} />
             ))}
           </tbody>
         </table>
