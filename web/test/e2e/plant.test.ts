@@ -130,9 +130,7 @@ for (const colorScheme of ["light", "dark"] as const) {
 }
 
 test("the form on paper", { skip }, async () => {
-  const { page, close } = await open(
-    `${pathToFileURL(file).href}#/checks?machine=programs/drilling`,
-  );
+  const { page, close } = await open(`${pathToFileURL(file).href}#/checks`);
   await page.getByLabel("Your initials").fill("kb");
   await page.getByRole("checkbox").first().check();
   await page.setViewportSize({ width: 794, height: 560 });
