@@ -106,7 +106,7 @@ const views: Readonly<Record<string, string>> = {
   overview: "#/overview",
   work: "#/work?show=datacollect-start-no-one-to-one",
   programs: "#/program",
-  program: `${program}&out=23`,
+  program: `${program}&out=25`,
   checks: "#/checks",
 };
 

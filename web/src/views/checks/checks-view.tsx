@@ -36,7 +36,7 @@ export function ChecksView() {
   return (
     <>
       <h1>
-        Before the first motion <span class="print-only">of {machineName(machine.folder)}</span>
+        Before the first motion<span class="print-only">: {machineName(machine.folder)}</span>
       </h1>
       <p class="lead">
         These lines were converted and may do something else than before. Go through them for each
