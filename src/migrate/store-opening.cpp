@@ -58,7 +58,10 @@ Database openToRead(const NativePath& path, DatabaseUse use) {
         throw StoreError("The store \"" + narrowPath(path) +
                          R"(" is empty. Run "torvel-migrate convert" first.)");
     }
-    bringUpToDate(database, storeSteps(), DatabaseUse::read, narrowPath(path));
+    const std::int64_t version = database.number("PRAGMA user_version");
+    if (version < oldestReadableStore || version > static_cast<std::int64_t>(storeSteps().size())) {
+        bringUpToDate(database, storeSteps(), DatabaseUse::read, narrowPath(path));
+    }
     return database;
 }
 
@@ -104,6 +107,28 @@ Database openWithLog(const NativePath& path) {
     return openToRead(path, DatabaseUse::readFixed);
 }
 
+/// The identity of the project of a store that is made anew; empty if it has none, or cannot be read.
+std::string identityBefore(const NativePath& path) {
+    std::string identity;
+    try {
+        // As if it could not change: nothing is brought together, since it is kept as it is.
+        Database database(path, DatabaseUse::readFixed);
+        Query(database, "SELECT identity FROM project").stepOnce([&identity](const Query& row) {
+            identity = row.bytes(0);
+        });
+    } catch (const StoreError&) {
+        identity.clear();
+    }
+    return identity;
+}
+
+void takeOverIdentity(Database& database, const std::string& identity) {
+    if (!identity.empty()) {
+        Query query(database, "INSERT INTO project (number, folder, identity) VALUES (1, '', ?)");
+        query.bind(0, identity).run();
+    }
+}
+
 /// Keeps a file that is made anew, whatever it is.
 void putStoreAside(const NativePath& path) {
     for (const char* ending : {"", "-wal", "-journal"}) {
@@ -127,7 +152,11 @@ void putStoreAside(const NativePath& path) {
 
 Database openStore(const NativePath& path, StoreUse use) {
     if (use == StoreUse::anew) {
+        const std::string identity = identityBefore(path);
         putStoreAside(path);
+        Database database = openToWrite(path);
+        takeOverIdentity(database, identity);
+        return database;
     }
     if (use != StoreUse::read) {
         return openToWrite(path);

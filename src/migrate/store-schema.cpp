@@ -3,7 +3,8 @@
 // Paths are keys (program-result.h), and they and all texts are bytes, so they are blobs. Hashes are those of
 // content-hash.h, 16 bytes. Numbers of enumerations are their places in program-result.h and findings.h.
 //
-//   project       one row: the way from the store's folder to the project's, where paths begin
+//   project       one row: the way from the store's folder to the project's, where paths begin, and an identity, which
+//                 is chance, and stays
 //   run           one row a run; `ended` is 0 while it is under way, and stays so if it was cut off
 //   notice        what the last run told about the files as a whole
 //   program       one row a program, as it was last converted. `key` is made of everything that its result depends on.
@@ -96,6 +97,10 @@ constexpr std::array steps{
             hash BLOB PRIMARY KEY NOT NULL,
             bytes BLOB NOT NULL
         );
+    )",
+    R"(
+        ALTER TABLE project ADD COLUMN identity BLOB;
+        UPDATE project SET identity = randomblob(16);
     )",
 };
 

@@ -12,4 +12,7 @@ constexpr std::int64_t storeApplication = 0x546f7276;
 /// that was given away is never changed.
 std::span<const char* const> storeSteps();
 
+/// Who reads takes stores of older versions from this one on as they are; they have no `project.identity`.
+constexpr std::int64_t oldestReadableStore = 1;
+
 }  // namespace torvel::migrate

@@ -284,9 +284,23 @@ std::string Store::projectFolder() const {
     return folder;
 }
 
+std::string Store::projectIdentity() const {
+    Database& database = tables_->database();
+    std::string identity;
+    if (database.number("PRAGMA user_version") > 1) {
+        Query(database, "SELECT identity FROM project").stepOnce([&](const Query& row) {
+            const std::optional<ContentHash> bytes = hashAt(row, 0);
+            identity = bytes ? hexadecimal(*bytes) : std::string();
+        });
+    }
+    return identity;
+}
+
 void Store::setProjectFolder(std::string_view folder) {
     if (projectFolder() != folder) {
-        Query query(tables_->database(), "INSERT OR REPLACE INTO project VALUES (1, ?)");
+        Query query(tables_->database(),
+                    "INSERT INTO project (number, folder, identity) VALUES (1, ?, randomblob(16))"
+                    " ON CONFLICT (number) DO UPDATE SET folder = excluded.folder");
         query.bind(0, folder).run();
     }
 }

@@ -129,6 +129,9 @@ public:
     // What there is. `take` may ask for more of the store.
     /// The way from the store's folder to that of its project, where keys begin; empty: nobody has said it yet.
     std::string projectFolder() const;
+    /// What tells the project from others, wherever its folder is seen from: 32 hexadecimal digits; empty: nobody has
+    /// said its folder yet, or the store is of an older version and was only read.
+    std::string projectIdentity() const;
     std::vector<RunRow> runs() const;
     std::vector<Notice> notices() const;
     /// In the order of the programs' keys.

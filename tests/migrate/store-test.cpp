@@ -11,6 +11,7 @@
 #include "src/migrate/database.h"
 #include "src/migrate/packed-findings.h"
 #include "src/migrate/store-lock.h"
+#include "src/migrate/store-schema.h"
 #include "tests/support/temporary-directory.h"
 
 namespace torvel::migrate::test {
@@ -227,7 +228,7 @@ TEST(Store, OneOfANewerVersion) {
     EXPECT_EQ(refusal(path, StoreUse::write), "");
     {
         Database newer(path, DatabaseUse::write);
-        newer.execute("PRAGMA user_version = 2");
+        newer.execute("PRAGMA user_version = 3");
     }
     const std::string before = readFile(path);
     const std::string sentence =
@@ -236,6 +237,55 @@ TEST(Store, OneOfANewerVersion) {
         "another place with --store.";
     EXPECT_EQ(refusal(path, StoreUse::read), sentence);
     EXPECT_EQ(refusal(path, StoreUse::write), sentence);
+}
+
+TEST(Store, TheProjectsIdentityStays) {
+    const TemporaryDirectory folder;
+    const NativePath path = folder.path() / "s";
+    std::string identity;
+    {
+        Store store(path, StoreUse::write);
+        EXPECT_EQ(store.projectIdentity(), "");
+        store.setProjectFolder("..");
+        identity = store.projectIdentity();
+        EXPECT_EQ(identity.size(), 32U);
+        store.setProjectFolder("../..");
+        EXPECT_EQ(store.projectIdentity(), identity);
+    }
+    EXPECT_EQ(Store(path, StoreUse::read).projectIdentity(), identity);
+    {
+        Store store(path, StoreUse::anew);
+        store.setProjectFolder("..");
+        EXPECT_EQ(store.projectIdentity(), identity);
+        EXPECT_EQ(store.projectFolder(), "..");
+    }
+    Store other(folder.path() / "t", StoreUse::write);
+    other.setProjectFolder("..");
+    EXPECT_NE(other.projectIdentity(), identity);
+}
+
+TEST(Store, TheFirstVersionIsReadAndBroughtUpToDate) {
+    const TemporaryDirectory folder;
+    const NativePath path = folder.path() / "s";
+    {
+        Database first(path, DatabaseUse::write);
+        first.execute(storeSteps()[0]);
+        first.execute("INSERT INTO project VALUES (1, '..')");
+        first.execute("PRAGMA user_version = 1");
+    }
+    const std::string before = readFile(path);
+    {
+        const Store store(path, StoreUse::read);
+        EXPECT_EQ(store.projectFolder(), "..");
+        EXPECT_EQ(store.projectIdentity(), "");
+    }
+    EXPECT_EQ(readFile(path), before);
+    {
+        const Store store(path, StoreUse::write);
+        EXPECT_EQ(store.projectFolder(), "..");
+        EXPECT_EQ(store.projectIdentity().size(), 32U);
+    }
+    EXPECT_EQ(Store(path, StoreUse::read).projectIdentity().size(), 32U);
 }
 
 TEST(Store, OlderVersionsGoThroughTheStepsThatTheyLack) {
