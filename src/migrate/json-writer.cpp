@@ -84,11 +84,16 @@ void JsonWriter::separate() {
     if (!isFirst) {
         buffer_ << ",";
     }
-    if (isEmpty_.size() <= depthOfLines) {
+    if (hasLines()) {
         buffer_ << "\n" << std::string_view("    ", 2 * isEmpty_.size());
-    } else if (!isFirst) {
+    } else if (!isFirst && layout_ == JsonLayout::lines) {
         buffer_ << " ";
     }
+}
+
+/// Whether the innermost bracket has a line for each element.
+bool JsonWriter::hasLines() const {
+    return layout_ == JsonLayout::lines && isEmpty_.size() <= depthOfLines;
 }
 
 JsonWriter& JsonWriter::begin(char bracket) {
@@ -100,7 +105,7 @@ JsonWriter& JsonWriter::begin(char bracket) {
 
 JsonWriter& JsonWriter::end(char bracket) {
     const bool wasEmpty = isEmpty_.back();
-    if (!wasEmpty && isEmpty_.size() <= depthOfLines) {
+    if (!wasEmpty && hasLines()) {
         buffer_ << "\n" << std::string_view("    ", 2 * (isEmpty_.size() - 1));
     }
     isEmpty_.pop_back();
@@ -116,7 +121,7 @@ JsonWriter& JsonWriter::plain(std::string_view value) {
 
 JsonWriter& JsonWriter::name(std::string_view name) {
     separate();
-    buffer_ << quotedJson(name) << ": ";
+    buffer_ << quotedJson(name) << (layout_ == JsonLayout::compact ? ":" : ": ");
     isBehindName_ = true;
     return *this;
 }

@@ -9,11 +9,14 @@
 
 namespace torvel::migrate {
 
-/// Writes JSON piece by piece, so that a report need not fit into memory. What stands in a list of the outer levels
-/// begins a line.
+/// How JSON is laid out: with the elements of the outer levels in lines of their own, or without a blank.
+enum class JsonLayout : bool { lines, compact };
+
+/// Writes JSON piece by piece, so that a report need not fit into memory.
 class JsonWriter {
 public:
-    explicit JsonWriter(const TextSink& sink) : buffer_(sink) {}
+    explicit JsonWriter(const TextSink& sink, JsonLayout layout = JsonLayout::lines)
+        : buffer_(sink), layout_(layout) {}
 
     JsonWriter& beginObject() { return begin('{'); }
     JsonWriter& endObject() { return end('}'); }
@@ -26,6 +29,7 @@ public:
     JsonWriter& number(std::int64_t number) { return plain(std::to_string(number)); }
     JsonWriter& number(double number);
     JsonWriter& boolean(bool value) { return plain(value ? "true" : "false"); }
+    JsonWriter& null() { return plain("null"); }
 
     JsonWriter& member(std::string_view key, std::string_view bytes) {
         return name(key).text(bytes);
@@ -43,11 +47,13 @@ private:
     JsonWriter& plain(std::string_view value);
     /// Writes the comma in front of a further value.
     void separate();
+    bool hasLines() const;
 
     /// Brackets down to this depth have lines of their own.
     static constexpr std::size_t depthOfLines = 2;
 
     TextBuffer buffer_;
+    JsonLayout layout_;
     /// By depth: nothing was written yet.
     std::vector<bool> isEmpty_;
     bool isBehindName_ = false;

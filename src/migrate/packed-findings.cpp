@@ -171,22 +171,27 @@ std::optional<std::vector<FindingRow>> unpackedFindings(std::string_view bytes) 
     return unpacker.isAtEnd() ? std::optional(std::move(findings)) : std::nullopt;
 }
 
+std::vector<MappedRun> mappedRuns(const std::vector<MappedLine>& lines) {
+    std::vector<MappedRun> runs;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (i == 0 || !isNextOf(lines[i], lines[i - 1])) {
+            runs.push_back({0, lines[i]});
+        }
+        ++runs.back().count;
+    }
+    return runs;
+}
+
 std::string packedLineMap(const std::vector<MappedLine>& lines) {
     std::string bytes;
     appendNumber(bytes, lines.size());
-    for (std::size_t begin = 0; begin < lines.size();) {
-        std::size_t end = begin + 1;
-        while (end < lines.size() && isNextOf(lines[end], lines[end - 1])) {
-            ++end;
-        }
-        const MappedLine& first = lines[begin];
-        appendNumber(bytes, end - begin);
+    for (const auto& [count, first] : mappedRuns(lines)) {
+        appendNumber(bytes, count);
         appendNumber(bytes, first.file);
         appendNumber(bytes, first.depth);
         appendNumber(bytes, first.line);
         appendNumber(bytes,
                      std::uint64_t{first.outputLineCount} << 1U | (first.isConverted ? 1 : 0));
-        begin = end;
     }
     return bytes;
 }

@@ -18,6 +18,14 @@ std::string packedFindings(const std::vector<FindingRow>& findings);
 /// What `packedFindings` was given; nothing if the bytes are not of that kind.
 std::optional<std::vector<FindingRow>> unpackedFindings(std::string_view bytes);
 
+/// Lines that follow one another in a file and became equally many lines of the output each.
+struct MappedRun {
+    std::size_t count = 0;
+    MappedLine first;
+};
+
+std::vector<MappedRun> mappedRuns(const std::vector<MappedLine>& lines);
+
 std::string packedLineMap(const std::vector<MappedLine>& lines);
 
 std::optional<std::vector<MappedLine>> unpackedLineMap(std::string_view bytes);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,31 @@ struct ReportProgram {
     std::vector<ReportFinding> findings;
 };
 
+/// A file of a program as it was converted.
+struct ReportFile {
+    std::string path;
+    std::string text;
+};
+
+/// The texts of a program. They are bytes.
+struct ReportTexts {
+    /// The program first. None, if its conversion was not begun.
+    std::vector<ReportFile> files;
+    std::vector<MappedLine> lineMap;
+    /// What it was converted to; empty if it was not.
+    std::string generated;
+    /// The output as it is now, unless it is as it was generated or not there.
+    std::optional<std::string> current;
+};
+
+/// What tells the project from others.
+struct ReportProject {
+    /// 32 hexadecimal digits, the same from wherever it is reported.
+    std::string identity;
+    /// The name of its folder.
+    std::string name;
+};
+
 /// Takes the programs one by one, in the order of their keys.
 using ReportProgramTaker = std::function<void(const ReportProgram&)>;
 
@@ -46,10 +72,13 @@ using ReportProgramTaker = std::function<void(const ReportProgram&)>;
 /// of them in memory.
 struct Report {
     std::vector<RunRow> runs;
+    ReportProject project;
     Effort effort;
     /// What is told about the files as a whole.
     std::vector<std::string> notices;
     std::function<void(const ReportProgramTaker&)> forEachProgram;
+    /// The texts of a program by its place in that order, from 0, when the programs were read once. Any thread may ask.
+    std::function<ReportTexts(std::size_t number)> textsOf;
 };
 
 }  // namespace torvel::migrate

@@ -138,6 +138,7 @@ struct Sources {
     std::vector<Entry> entries;
 
     void read(Entry& entry, const ReportProgramTaker& take) const;
+    ReportTexts texts(const Entry& entry) const;
 };
 
 void Sources::read(Entry& entry, const ReportProgramTaker& take) const {
@@ -164,6 +165,64 @@ void Sources::read(Entry& entry, const ReportProgramTaker& take) const {
     take(program);
 }
 
+/// Whether a person may have had a part in what is there.
+bool isForeign(OutputState state) {
+    return state == OutputState::edited || state == OutputState::conflict ||
+           state == OutputState::foreign;
+}
+
+ReportTexts Sources::texts(const Entry& entry) const {
+    const ReportedStore& source = stores[entry.source];
+    const StoredProgram& program = entry.program;
+    ReportTexts texts;
+    for (const StoredFile& file : source.store->files(program)) {
+        texts.files.push_back({keys[entry.source](file.path), source.store->text(file.text)});
+    }
+    texts.lineMap = source.store->lineMap(program);
+    if (program.generated) {
+        texts.generated = source.store->text(*program.generated);
+    }
+    if (entry.output && isForeign(entry.output->state)) {
+        std::string ignored;
+        std::optional<OutputFiles> files =
+            readOutputFiles(source.folder / nativePath(program.output), ignored);
+        if (files) {
+            texts.current = std::move(files->output);
+        }
+    }
+    return texts;
+}
+
+/// That of the store; of one of an older version, which has none, the paths of the outputs make it.
+std::string identityOf(const Store& store) {
+    std::string identity = store.projectIdentity();
+    if (identity.empty()) {
+        KeyBuilder key;
+        store.forEachProgram(
+            [&key](const StoredProgram& program) { key.add("output", program.output); });
+        identity = hexadecimal(key.key());
+    }
+    return identity;
+}
+
+/// Several stores are a project by themselves, in whichever order they are named.
+ReportProject reportedProject(const std::vector<ReportedStore>& stores,
+                              const NativePath& directory) {
+    if (stores.size() == 1) {
+        return {identityOf(*stores[0].store), narrowPath(stores[0].folder.filename())};
+    }
+    std::vector<std::string> identities;
+    for (const ReportedStore& source : stores) {
+        identities.push_back(identityOf(*source.store));
+    }
+    std::sort(identities.begin(), identities.end());
+    KeyBuilder key;
+    for (const std::string& identity : identities) {
+        key.add("store", identity);
+    }
+    return {hexadecimal(key.key()), narrowPath(directory.filename())};
+}
+
 std::vector<Entry> entriesOf(const Sources& sources) {
     std::vector<Entry> entries;
     for (std::size_t i = 0; i < sources.stores.size(); ++i) {
@@ -184,6 +243,7 @@ Report reportOf(std::vector<ReportedStore> stores, const NativePath& directory,
     sources->stores = std::move(stores);
     const bool isSingle = sources->stores.size() == 1;
     Report report;
+    report.project = reportedProject(sources->stores, directory);
     report.effort = effort;
     for (const ReportedStore& source : sources->stores) {
         sources->keys.emplace_back(isSingle ? std::string() : keyOf(source.folder, directory));
@@ -202,6 +262,9 @@ Report reportOf(std::vector<ReportedStore> stores, const NativePath& directory,
         for (Entry& entry : sources->entries) {
             sources->read(entry, take);
         }
+    };
+    report.textsOf = [sources](std::size_t number) {
+        return sources->texts(sources->entries.at(number));
     };
     return report;
 }

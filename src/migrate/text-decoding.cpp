@@ -114,6 +114,30 @@ std::string decodedText(std::string_view bytes) {
     return text;
 }
 
+std::string decodedLines(std::string_view bytes) {
+    const bool isWhole = isUtf8(bytes);
+    if (isWhole && bytes.find('\r') == std::string_view::npos) {
+        return std::string(bytes);
+    }
+    std::string text;
+    text.reserve(bytes.size() + bytes.size() / 8);
+    while (!bytes.empty()) {
+        const std::size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
+        const std::string_view line = bytes.substr(0, end);
+        if (isWhole) {
+            text += line;
+        } else {
+            text += decodedText(line);
+        }
+        if (end != bytes.size()) {
+            text += '\n';
+        }
+        const bool isPair = bytes.substr(end).starts_with("\r\n");
+        bytes.remove_prefix(std::min(end + (isPair ? 2 : 1), bytes.size()));
+    }
+    return text;
+}
+
 std::size_t characterSize(std::string_view text, std::size_t at) {
     return std::max<std::size_t>(validSize(text, at), 1);
 }

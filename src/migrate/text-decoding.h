@@ -13,6 +13,10 @@ namespace torvel::migrate {
 /// `bytes` as UTF-8. Control characters, NUL among them, stay characters: each format has its own way with them.
 std::string decodedText(std::string_view bytes);
 
+/// The text `bytes` with a line feed for each of its line ends, which are CR LF, CR and LF. Each line is decoded by
+/// itself, as findings have it.
+std::string decodedLines(std::string_view bytes);
+
 /// Columns of the line `bytes`, counted in bytes, as columns of its decoded text, counted in units of UTF-16, from 1,
 /// the last one included. What lies behind the end of the line is not known.
 ColumnRange utf16Columns(std::string_view bytes, ColumnRange columns);

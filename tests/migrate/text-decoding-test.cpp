@@ -13,6 +13,18 @@ TEST(TextDecoding, ValidUtf8StaysAsItIs) {
     EXPECT_EQ(decodedText(std::string_view("a\0b\x1B", 4)), std::string_view("a\0b\x1B", 4));
 }
 
+TEST(TextDecoding, LinesAreDecodedByThemselves) {
+    EXPECT_EQ(decodedLines(""), "");
+    EXPECT_EQ(decodedLines("a\nb"), "a\nb");
+    EXPECT_EQ(decodedLines("a\r\nb\rc\n\r\r\n"), "a\nb\nc\n\n\n");
+    EXPECT_EQ(decodedLines("°\r\n"), "°\n");
+    // The first line is no UTF-8, the second one is.
+    EXPECT_EQ(decodedLines("\xB0\n\xC2\xB0\r\n\x80"), "°\n°\n€");
+    EXPECT_EQ(decodedText("\xB0\n\xC2\xB0"), "°\nÂ°");
+    // A character that a line end cuts is none.
+    EXPECT_EQ(decodedLines("\xC2\n\xB0"), "Â\n°");
+}
+
 TEST(TextDecoding, AnythingElseIsWindows1252) {
     EXPECT_EQ(decodedText("90\xB0"), "90°");
     EXPECT_EQ(decodedText("\x80\x92\xE4"), "€’ä");
