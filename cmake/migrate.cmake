@@ -47,7 +47,19 @@ add_custom_command(
     DEPENDS docs/messages.md docs/checks.md cmake/embed-pages.cmake
     VERBATIM)
 
-add_library(torvel_migrate STATIC ${migrate_sources} "${migrate_pages}")
+# The page of `report --html`, which script/build-web makes. It can come and go between two builds.
+set(TORVEL_REPORT_PAGE "${PROJECT_SOURCE_DIR}/build/web/report-page.html" CACHE FILEPATH
+    "The page of torvel-migrate report --html; without it the program says that it has none")
+file(GLOB report_page CONFIGURE_DEPENDS "${TORVEL_REPORT_PAGE}")
+set(embedded_report_page "${PROJECT_BINARY_DIR}/report-page.cpp")
+add_custom_command(
+    OUTPUT "${embedded_report_page}"
+    COMMAND ${CMAKE_COMMAND} "-DPAGE=${report_page}" "-DOUTPUT=${embedded_report_page}"
+            -P ${PROJECT_SOURCE_DIR}/cmake/embed-report-page.cmake
+    DEPENDS ${report_page} cmake/embed-report-page.cmake
+    VERBATIM)
+
+add_library(torvel_migrate STATIC ${migrate_sources} "${migrate_pages}" "${embedded_report_page}")
 target_link_libraries(torvel_migrate PUBLIC torvel_converter migrate_libraries)
 target_compile_definitions(torvel_migrate PRIVATE "TORVEL_VERSION=\"${PROJECT_VERSION}\"")
 

@@ -9,4 +9,7 @@ namespace torvel::migrate {
 std::span<const std::string_view> messagesPage();
 std::span<const std::string_view> checksPage();
 
+/// The report page without data, as it was built of web/ before the program; empty: there was none.
+std::span<const std::string_view> reportPage();
+
 }  // namespace torvel::migrate

@@ -3,17 +3,22 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <ctime>
 #include <functional>
+#include <thread>
 
 #include "src/migrate/command-project.h"
+#include "src/migrate/embedded-pages.h"
 #include "src/migrate/explain.h"
 #include "src/migrate/gate.h"
+#include "src/migrate/html-page.h"
 #include "src/migrate/replaced-file.h"
 #include "src/migrate/report-csv.h"
 #include "src/migrate/report-json.h"
 #include "src/migrate/report-junit.h"
 #include "src/migrate/report-sarif.h"
 #include "src/migrate/reporting.h"
+#include "src/migrate/text-decoding.h"
 
 namespace torvel::migrate {
 
@@ -60,6 +65,38 @@ std::vector<Format> formatsOf(const Options& options) {
     };
 }
 
+std::string emptyPage() {
+    std::string page;
+    for (const std::string_view piece : reportPage()) {
+        page += piece;
+    }
+    return page;
+}
+
+void writePage(const Reporting& reporting, const std::string& path, const Console& console) {
+    const std::string page = emptyPage();
+    const HtmlPage html{reporting.report(), reporting.places(),
+                        reporting.totals(), page,
+                        std::time(nullptr), std::thread::hardware_concurrency()};
+    const std::string told = writeHtmlPage(html, nativePath(path));
+    if (!told.empty()) {
+        console.error(visibleText(decodedText(told)) + '\n');
+    }
+}
+
+/// What is wrong with what was asked for; empty: nothing.
+std::string faultOf(const Options& options, bool asksForAny) {
+    if (!asksForAny) {
+        return "No report was asked for: name a file with --html, --json, --csv, --programs-csv, "
+               "--sarif or --junit.";
+    }
+    if (options.html == "-") {
+        return "The page of --html does not go to the standard output: name a file that ends in "
+               "\".html\", or a folder.";
+    }
+    return {};
+}
+
 /// "-" is the standard output.
 void writeReport(const std::string& path, const Console& console,
                  const std::function<void(const TextSink&)>& write) {
@@ -81,16 +118,19 @@ int statusCommand(const Options& options, const Console& console) {
 
 int reportCommand(const Options& options, const Console& console) {
     const std::vector<Format> formats = formatsOf(options);
-    if (options.html) {
-        console.error("This torvel-migrate was built without the page of --html.\n");
-        return 1;
-    }
-    if (std::none_of(formats.begin(), formats.end(),
-                     [](const Format& format) { return format.path.has_value(); })) {
-        console.error(
-            "No report was asked for: name a file with --json, --csv, --programs-csv, --sarif or "
-            "--junit.\n");
+    const bool asksForAny =
+        options.html || std::any_of(formats.begin(), formats.end(),
+                                    [](const Format& format) { return format.path.has_value(); });
+    if (const std::string fault = faultOf(options, asksForAny); !fault.empty()) {
+        console.error(fault + '\n');
         return wrongUse;
+    }
+    if (options.html && reportPage().empty()) {
+        console.error(
+            "This torvel-migrate was built without the page of --html, for which node and npm are "
+            "needed. Take the one of the packages, or build it again with them: "
+            "docs/building.md tells how.\n");
+        return 1;
     }
     const Reporting reporting = reportingOf(options, projectOf(options));
     for (const Format& format : formats) {
@@ -98,6 +138,9 @@ int reportCommand(const Options& options, const Console& console) {
             writeReport(*format.path, console,
                         [&](const TextSink& sink) { format.write(reporting, sink); });
         }
+    }
+    if (options.html) {
+        writePage(reporting, *options.html, console);
     }
     return 0;
 }

@@ -1,0 +1,36 @@
+# Writes the report page into a C++ file, or that there is none:
+#   cmake -D PAGE=report-page.html -D OUTPUT=report-page.cpp -P embed-report-page.cmake
+# A compiler need not take literals of any length, and the page has lines of any length: it becomes pieces of so many
+# bytes, each byte by its number.
+set(size 4096)
+set(hole "<!--data-->")
+
+set(pieces "")
+if(PAGE)
+    file(READ "${PAGE}" bytes HEX)
+    string(HEX "${hole}" hole_bytes)
+    string(REGEX MATCHALL "${hole_bytes}" holes "${bytes}")
+    list(LENGTH holes count)
+    if(NOT count EQUAL 1)
+        message(FATAL_ERROR "${PAGE} has ${count} places for the report, ${hole}: it has to have one.")
+    endif()
+    string(LENGTH "${bytes}" end)
+    math(EXPR step "2 * ${size}")
+    set(begin 0)
+    while(begin LESS end)
+        string(SUBSTRING "${bytes}" ${begin} ${step} piece)
+        string(REGEX REPLACE "(..)" "\\\\x\\1" piece "${piece}")
+        string(APPEND pieces "    \"${piece}\",\n")
+        math(EXPR begin "${begin} + ${step}")
+    endwhile()
+endif()
+
+set(content "#include \"src/migrate/embedded-pages.h\"\n\nnamespace torvel::migrate {\n\n")
+string(APPEND content "std::span<const std::string_view> reportPage() {\n")
+if(pieces)
+    string(APPEND content "    static constexpr std::string_view pieces[] = {\n${pieces}    };\n    return pieces;\n")
+else()
+    string(APPEND content "    return {};\n")
+endif()
+string(APPEND content "}\n\n}  // namespace torvel::migrate\n")
+file(WRITE "${OUTPUT}" "${content}")
