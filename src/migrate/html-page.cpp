@@ -117,11 +117,12 @@ void writeFolder(const HtmlPage& page, const HtmlTables& tables, const NativePat
     folder.putInPlace();
 }
 
-/// A name as it stands in an address.
-std::string addressOf(std::string_view name) {
+/// A name as it stands in an address, which is UTF-8 on every system but for names that are none.
+std::string addressOf(const NativePath& name) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string address;
-    for (const char c : name) {
+    for (const char8_t unit : name.u8string()) {
+        const char c = static_cast<char>(unit);
         if (isWordCharacter(c) || c == '-' || c == '.') {
             address += c;
         } else {
@@ -134,7 +135,7 @@ std::string addressOf(std::string_view name) {
 
 /// A page that leads to that of a folder beside it.
 std::string doorTo(const NativePath& folder) {
-    const std::string address = addressOf(narrowPath(folder.filename())) + "/index.html";
+    const std::string address = addressOf(folder.filename()) + "/index.html";
     return "<!doctype html>\n<html lang=\"en\">\n<meta charset=\"utf-8\">\n"
            "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'\">\n"
            "<meta http-equiv=\"refresh\" content=\"0; url=" +

@@ -90,7 +90,10 @@ void addStatus(CLI::App& app, Options& options) {
 void addReport(CLI::App& app, Options& options) {
     CLI::App& command = *app.add_subcommand("report", "Write reports, without converting");
     command.add_option("OUTPUT", options.outputs, "Output folders (default: the project's)");
-    command.add_option("--html", options.html, "The page for people")->type_name("PATH");
+    command
+        .add_option("--html", options.html,
+                    "The page for people: a file that ends in .html, or a folder")
+        ->type_name("PATH");
     command.add_option("--json", options.json, "All of it for other programs")->type_name("FILE");
     command.add_option("--csv", options.csv, "A row for each finding")->type_name("FILE");
     command.add_option("--programs-csv", options.programsCsv, "A row for each program")
@@ -103,6 +106,7 @@ void addReport(CLI::App& app, Options& options) {
         "FILE can be - for the standard output.\n"
         "\n"
         "Examples:\n"
+        "  torvel-migrate report --html report.html\n"
         "  torvel-migrate report --csv findings.csv --programs-csv programs.csv\n"
         "  torvel-migrate report line1/converted line2/converted --json plant.json");
 }

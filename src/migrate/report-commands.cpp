@@ -128,8 +128,8 @@ int reportCommand(const Options& options, const Console& console) {
     if (options.html && reportPage().empty()) {
         console.error(
             "This torvel-migrate was built without the page of --html, for which node and npm are "
-            "needed. Take the one of the packages, or build it again with them: "
-            "docs/building.md tells how.\n");
+            "needed. Take the one of the packages, or build it again where they are: "
+            "docs/report-page.md tells how.\n");
         return 1;
     }
     const Reporting reporting = reportingOf(options, projectOf(options));

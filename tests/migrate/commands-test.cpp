@@ -7,7 +7,9 @@
 #include <nlohmann/json.hpp>
 
 #include "src/app/command.h"
+#include "src/migrate/embedded-pages.h"
 #include "src/migrate/store-lock.h"
+#include "tests/migrate/html-decoding.h"
 #include "tests/support/temporary-directory.h"
 
 namespace torvel::migrate::test {
@@ -288,6 +290,30 @@ TEST_F(CommandTest, ReportsAreWrittenAsAWhole) {
               "torvel-migrate: 'nowhere/r.json' could not be written: make sure that its folder is "
               "there and that you may write to it.\n");
     EXPECT_EQ(run({"report", "converted"}).status, 2);
+}
+
+// The page is built by other tools, which need not be there.
+TEST_F(CommandTest, ThePageForPeople) {
+    write("programs/a.pgm", "PROBE X\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    const Outcome outcome = run({"report", "converted", "--html", "report.html"});
+    EXPECT_EQ(outcome.output, "");
+    if (reportPage().empty()) {
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_TRUE(begins(outcome.error, "This torvel-migrate was built without the page"))
+            << outcome.error;
+        EXPECT_FALSE(std::filesystem::exists(path("report.html")));
+    } else {
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.error, "");
+        const nlohmann::json summary = dataOf(read("report.html"), "summary");
+        EXPECT_EQ(summary["strings"][summary["findings"]["lineText"][0].get<int>()], "PROBE X");
+    }
+    const Outcome refused = run({"report", "converted", "--html", "-"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.error,
+              "The page of --html does not go to the standard output: name a file that ends in "
+              "\".html\", or a folder.\n");
 }
 
 TEST_F(CommandTest, WhatCannotBeDone) {

@@ -381,12 +381,12 @@ TEST(HtmlPage, NamesOfAnyKindLeadToTheFolder) {
     const TemporaryDirectory directory;
     Bounds bounds;
     bounds.programs = 1;
-    writePage(programs(2), directory.path() / torvel::test::pathOf("a b#\"<ü>.html"), bounds);
-    const std::string door = readFile(directory.path() / torvel::test::pathOf("a b#\"<ü>.html"));
-    EXPECT_NE(door.find("url=a%20b%23%22%3C%C3%BC%3E_files/index.html\""), std::string::npos)
-        << door;
+    const NativePath path = directory.path() / torvel::test::pathOf("a b#'&;%41ü.html");
+    writePage(programs(2), path, bounds);
+    EXPECT_NE(readFile(path).find("url=a%20b%23%27%26%3B%2541%C3%BC_files/index.html\""),
+              std::string::npos);
     EXPECT_EQ(
-        readFolderPage(directory.path() / torvel::test::pathOf("a b#\"<ü>_files")).details.size(),
+        readFolderPage(directory.path() / torvel::test::pathOf("a b#'&;%41ü_files")).details.size(),
         2U);
 }
 
