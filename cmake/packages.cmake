@@ -37,6 +37,9 @@ if(TORVEL_BUILD_MIGRATE)
          tomlplusplus.txt /usr/share/doc/libtomlplusplus-dev/copyright
          xxHash.txt /usr/share/doc/libxxhash-dev/copyright
          zlib.txt /usr/share/doc/zlib1g-dev/copyright)
+    if(report_page)
+        list(APPEND notices preact.txt "${PROJECT_SOURCE_DIR}/web/node_modules/preact/LICENSE")
+    endif()
 endif()
 while(notices)
     list(POP_FRONT notices name source)
