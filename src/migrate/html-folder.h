@@ -8,7 +8,7 @@
 namespace torvel::migrate {
 
 /// What begins the summary of a page, by which a page is known too.
-constexpr std::string_view htmlSummaryBegin = "<script type=\"text/plain\" id=\"summary\">";
+constexpr std::string_view htmlSummaryBegin = R"(<script type="text/plain" id="summary">)";
 
 /// A folder with a page, `index.html`, and a script for each program, `programs/N.js`. It is written beside the page
 /// that is there, and takes its place as a whole. Everything throws std::runtime_error with a complete message; what

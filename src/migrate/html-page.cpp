@@ -91,7 +91,7 @@ void writeFile(const HtmlPage& page, const HtmlTables& tables,
     const TextWriter elements = [&](const TextSink& sink) {
         writeSummary(page, tables, HtmlDetails::inside, sink);
         for (std::size_t number = 0; number < details.size(); ++number) {
-            sink("<script type=\"text/plain\" id=\"program-" + std::to_string(number) + "\">");
+            sink(R"(<script type="text/plain" id="program-)" + std::to_string(number) + "\">");
             sink(details[number]);
             sink(elementEnd);
         }

@@ -126,8 +126,8 @@ void writeRules(const std::vector<std::string>& codes, JsonWriter& json) {
 
 void writeStrings(const HtmlStrings& strings, JsonWriter& json) {
     json.name("strings").beginList();
-    for (const std::string* text : strings.all()) {
-        json.text(*text);
+    for (const std::string& text : strings.all()) {
+        json.text(text);
     }
     json.endList();
 }

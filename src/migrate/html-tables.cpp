@@ -1,5 +1,7 @@
 #include "src/migrate/html-tables.h"
 
+#include <map>
+
 #include "src/migrate/text-decoding.h"
 
 namespace torvel::migrate {
@@ -98,7 +100,7 @@ std::uint32_t HtmlStrings::numberOf(std::string_view text) {
         return known->second;
     }
     const auto number = static_cast<std::uint32_t>(texts_.size());
-    texts_.push_back(&numbers_.emplace(text, number).first->first);
+    numbers_.emplace(texts_.emplace_back(text), number);
     return number;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -19,7 +19,7 @@ namespace torvel::migrate {
 class HtmlStrings {
 public:
     HtmlStrings() { numberOf({}); }
-    // Its views of texts hold in the one that they were made in, moved or not.
+    // Views of texts are of those of the object itself, moved or not.
     HtmlStrings(const HtmlStrings&) = delete;
     HtmlStrings& operator=(const HtmlStrings&) = delete;
     HtmlStrings(HtmlStrings&&) = default;
@@ -27,19 +27,12 @@ public:
     ~HtmlStrings() = default;
 
     std::uint32_t numberOf(std::string_view text);
-    const std::vector<const std::string*>& all() const { return texts_; }
+    const std::deque<std::string>& all() const { return texts_; }
 
 private:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const {
-            return std::hash<std::string_view>()(text);
-        }
-    };
-
-    /// Its texts stay where they are.
-    std::unordered_map<std::string, std::uint32_t, Hash, std::equal_to<>> numbers_;
-    std::vector<const std::string*> texts_;
+    /// They stay where they are, and the numbers have views of them.
+    std::deque<std::string> texts_;
+    std::unordered_map<std::string_view, std::uint32_t> numbers_;
 };
 
 struct HtmlProgram {

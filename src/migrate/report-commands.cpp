@@ -90,9 +90,9 @@ std::string faultOf(const Options& options, bool asksForAny) {
         return "No report was asked for: name a file with --html, --json, --csv, --programs-csv, "
                "--sarif or --junit.";
     }
-    if (options.html == "-") {
-        return "The page of --html does not go to the standard output: name a file that ends in "
-               "\".html\", or a folder.";
+    if (options.html == "-" || options.html == "") {
+        return "The page of --html goes to a file that ends in \".html\", or to a folder: name "
+               "one.";
     }
     return {};
 }

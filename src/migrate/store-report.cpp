@@ -1,6 +1,7 @@
 #include "src/migrate/store-report.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -212,9 +213,8 @@ ReportProject reportedProject(const std::vector<ReportedStore>& stores,
         return {identityOf(*stores[0].store), narrowPath(stores[0].folder.filename())};
     }
     std::vector<std::string> identities;
-    for (const ReportedStore& source : stores) {
-        identities.push_back(identityOf(*source.store));
-    }
+    std::transform(stores.begin(), stores.end(), std::back_inserter(identities),
+                   [](const ReportedStore& source) { return identityOf(*source.store); });
     std::sort(identities.begin(), identities.end());
     KeyBuilder key;
     for (const std::string& identity : identities) {

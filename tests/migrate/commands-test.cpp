@@ -309,11 +309,13 @@ TEST_F(CommandTest, ThePageForPeople) {
         const nlohmann::json summary = dataOf(read("report.html"), "summary");
         EXPECT_EQ(summary["strings"][summary["findings"]["lineText"][0].get<int>()], "PROBE X");
     }
-    const Outcome refused = run({"report", "converted", "--html", "-"});
-    EXPECT_EQ(refused.status, 2);
-    EXPECT_EQ(refused.error,
-              "The page of --html does not go to the standard output: name a file that ends in "
-              "\".html\", or a folder.\n");
+    for (const char* const none : {"-", ""}) {
+        const Outcome refused = run({"report", "converted", "--html", none});
+        EXPECT_EQ(refused.status, 2);
+        EXPECT_EQ(refused.error,
+                  "The page of --html goes to a file that ends in \".html\", or to a folder: name "
+                  "one.\n");
+    }
 }
 
 TEST_F(CommandTest, WhatCannotBeDone) {

@@ -46,11 +46,18 @@ Report withTexts(Report report, std::vector<ReportTexts> texts) {
     return report;
 }
 
+std::string programName(std::size_t number) {
+    std::string name = std::to_string(number);
+    name.insert(0, 1, 'p');
+    name += ".pgm";
+    return name;
+}
+
 Report programs(std::size_t count, const std::string& text = "HOME X\n") {
     std::vector<ReportProgram> all;
     std::vector<ReportTexts> texts;
     for (std::size_t i = 0; i < count; ++i) {
-        const std::string name = "p" + std::to_string(100000 + i) + ".pgm";
+        const std::string name = programName(100000 + i);
         all.push_back(converted(name, 1, 1, {rewrite(name, 1, "HOME X")}));
         texts.push_back({{{name, text + name}}, {{0, 1, 0, 1, true}}, "Home(X)\n", std::nullopt});
     }
@@ -332,9 +339,11 @@ TEST(HtmlPage, HostileTextsAreData) {
 TEST(HtmlPage, AThousandProgramsOfAStore) {
     Plant plant;
     plant.write("inc.pgm", "HOME Y\nPROBE Y\n");
-    for (int i = 0; i < 1000; ++i) {
-        plant.add("p" + std::to_string(1000 + i) + ".pgm",
-                  "#include \"inc.pgm\"\n$a = " + std::to_string(i) + "\n");
+    for (std::size_t i = 0; i < 1000; ++i) {
+        std::string text = "#include \"inc.pgm\"\n$a = ";
+        text += std::to_string(i);
+        text += '\n';
+        plant.add(programName(1000 + i), text);
     }
     plant.run();
     const Report report = reportOfStore(plant.store(), plant.project.folder);
@@ -431,9 +440,12 @@ TEST(HtmlPage, FilesOfOthersAreNotReplaced) {
     const TemporaryDirectory directory;
     const NativePath folder = directory.path();
     const auto sentence = [&](const std::string& name) {
-        return "'" + (folder / name).string() +
-               "' is not of a page of torvel-migrate, and would be replaced: name another folder "
-               "for the page.";
+        std::string text = "'";
+        text += (folder / name).string();
+        text +=
+            "' is not of a page of torvel-migrate, and would be replaced: name another folder "
+            "for the page.";
+        return text;
     };
     writeFile(folder / "site/index.html", "<html>mine");
     EXPECT_EQ(refusal(programs(1), folder / "site"), sentence("site/index.html"));
