@@ -10,7 +10,10 @@ namespace {
 
 class Builder {
 public:
-    explicit Builder(const Places& places) : cursor_(places) { chainOf({}); }
+    explicit Builder(const Places& places)
+        : cursor_(places), placeNumbers_(places.count(), notMet) {
+        chainOf({});
+    }
 
     void add(const ReportProgram& program) {
         tables_.programs.push_back({string(program.program), string(program.output),
@@ -54,13 +57,15 @@ private:
         return static_cast<std::uint32_t>(tables_.findings.size());
     }
 
-    /// Places have their numbers in the order in which they are met.
+    /// Places are numbered in the order in which they are met.
     std::uint32_t placeOf(const FindingRow& row) {
         const Place& place = cursor_.next(row);
-        if (place.number == tables_.places.size()) {
+        std::uint32_t& number = placeNumbers_[place.number];
+        if (number == notMet) {
+            number = static_cast<std::uint32_t>(tables_.places.size());
             tables_.places.push_back(&place);
         }
-        return place.number;
+        return number;
     }
 
     std::uint16_t ruleOf(const std::string& code) {
@@ -86,7 +91,11 @@ private:
         return entry->second;
     }
 
+    static constexpr std::uint32_t notMet = UINT32_MAX;
+
     Places::Cursor cursor_;
+    /// By the report's number of a place.
+    std::vector<std::uint32_t> placeNumbers_;
     HtmlTables tables_;
     std::map<std::string, std::uint16_t> rules_;
     std::map<std::vector<std::uint32_t>, std::uint32_t> chains_;

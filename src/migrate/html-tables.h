@@ -75,7 +75,7 @@ struct HtmlFurtherLines {
 struct HtmlTables {
     HtmlStrings strings;
     std::vector<HtmlProgram> programs;
-    /// Those of the report, by their numbers.
+    /// Those of the report, in the order in which findings have them.
     std::vector<const Place*> places;
     std::vector<HtmlFinding> findings;
     /// The codes of the findings, by the numbers that these have of them.

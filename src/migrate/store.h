@@ -139,6 +139,7 @@ public:
     std::vector<Input> inputs(const StoredProgram& program) const;
     /// The inputs of all programs, with the numbers of these, each program's in order.
     void forEachInput(const std::function<void(std::int64_t program, const Input&)>& take) const;
+    // Several threads may ask for files, line maps and texts at once: the database lets one of them in at a time.
     std::vector<StoredFile> files(const StoredProgram& program) const;
     std::vector<FindingRow> findings(const StoredProgram& program) const;
     std::vector<MappedLine> lineMap(const StoredProgram& program) const;
