@@ -22,8 +22,7 @@ add_dependencies(command-line-tests BrannicToTorvel64)
 
 if(TORVEL_BUILD_MIGRATE)
     add_windows_test(migrate-tests migrate/commands-test.cpp migrate/options-test.cpp
-                     migrate/plant-test.cpp migrate/merge-test.cpp migrate/html-page-test.cpp
-                     migrate/html-decoding.cpp migrate/plant.cpp migrate/report-example.cpp)
+                     migrate/plant-test.cpp migrate/merge-test.cpp migrate/html-decoding.cpp)
     target_link_libraries(migrate-tests PRIVATE torvel_migrate GTest::gtest_main)
 endif()
 
