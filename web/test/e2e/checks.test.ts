@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import { readFileSync, writeFileSync } from "node:fs";
 import { test } from "node:test";
 import { smallReport } from "../sample/small-report.ts";
-import { browserSession } from "./opened-page.ts";
+import { browserSession, goTo } from "./opened-page.ts";
 import { pageOf } from "./pages.ts";
 
 const { open } = browserSession();
@@ -10,7 +10,7 @@ const url = `${pageOf("checks", smallReport())}#/checks`;
 
 test("a tick has initials and a day, and stays", async () => {
   const { page, close } = await open(url);
-  await page.getByText("0 of 2 places ticked off.").waitFor();
+  await page.getByRole("status").filter({ hasText: "0 of 2 places ticked off." }).waitFor();
   const box = page.getByRole("checkbox", { name: "mill/main.pgm, line 6" });
   await box.click();
   await page.getByText("Type your initials first").waitFor();
@@ -18,16 +18,16 @@ test("a tick has initials and a day, and stays", async () => {
   // The field has the focus.
   await page.keyboard.type("kb");
   await box.check();
-  await page.getByText("1 of 2 places ticked off.").waitFor();
+  await page.getByRole("status").filter({ hasText: "1 of 2 places ticked off." }).waitFor();
   const day = await page.evaluate(() => new Date().toLocaleDateString("sv"));
   await page.locator(".check-row.ticked", { hasText: `kb ${day}` }).waitFor();
   await page.reload();
-  await page.getByText("1 of 2 places ticked off.").waitFor();
+  await page.getByRole("status").filter({ hasText: "1 of 2 places ticked off." }).waitFor();
   await page.getByLabel("State").selectOption("open");
   assert.equal(await page.getByRole("checkbox").count(), 1);
   await page.getByLabel("State").selectOption("");
   await box.uncheck();
-  await page.getByText("0 of 2 places ticked off.").waitFor();
+  await page.getByRole("status").filter({ hasText: "0 of 2 places ticked off." }).waitFor();
   await close();
 });
 
@@ -75,5 +75,9 @@ test("on paper it is a form to sign", async () => {
   assert.equal(await page.getByRole("button", { name: "Print the form" }).isVisible(), false);
   assert.equal(await page.getByRole("navigation").isVisible(), false);
   assert.equal(await page.getByRole("checkbox").first().isVisible(), true);
+  await page.getByRole("heading", { name: "Before the first motion: mill" }).waitFor();
+  assert.equal(await page.getByText("This is a part of the list").count(), 0);
+  await goTo(page, "#/checks?severity=moves&state=open");
+  await page.getByText("This is a part of the list: severity Moves, not ticked off.").waitFor();
   await close();
 });

@@ -200,5 +200,12 @@ test("a list that is too long to be made whole is made where it is seen", async 
   await isSeen(/p05\d\d\d/);
   await page.getByRole("searchbox").fill("hall3/");
   await isSeen(/hall3/);
+  // On paper all of it has to be there at once.
+  await goTo(page, "#/program?sort=lines");
+  const printed = await page.evaluate(() => {
+    window.dispatchEvent(new Event("beforeprint"));
+    return document.querySelectorAll(".block .program-row").length;
+  });
+  assert.equal(printed, 6000);
   await close();
 });

@@ -9,6 +9,7 @@ import { tickKey, type Ticks } from "../../data/ticks.ts";
 import { counted, machineName, severityNames } from "../../data/wording.ts";
 import { Select, type Option } from "../../parts/select.tsx";
 import { CheckForm } from "./check-form.tsx";
+import { PartNotice, Signature, stateOptions } from "./on-paper.tsx";
 import { TickFiles } from "./tick-files.tsx";
 import { useTicks, type TickState } from "./use-ticks.ts";
 
@@ -44,6 +45,7 @@ export function ChecksView() {
       </p>
       <MachineChoice machines={machines} machine={machine} />
       <TickTools ticks={ticks} machine={machine} groups={groups} />
+      <PartNotice />
       <CheckForm machine={machine} groups={groups} ticks={ticks} />
       <Signature />
     </>
@@ -72,11 +74,7 @@ function MachineChoice({ machines, machine }: { machines: readonly Machine[]; ma
       <Select
         name="State"
         value={address.parameters["state"] ?? ""}
-        options={[
-          ["", "all"],
-          ["open", "not ticked off"],
-          ["done", "ticked off"],
-        ]}
+        options={stateOptions}
         onChange={(state) => change({ state })}
       />
     </form>
@@ -103,10 +101,20 @@ function TickTools({
     machine,
     places.map(({ first }) => fingerprintOf(report, first)),
   );
+  const doneText = `${done} of ${counted(places.length, "place")} ticked off.`;
+  return (
+    <>
+      <p class="print-only">{doneText}</p>
+      <TickPanel ticks={ticks} doneText={doneText} />
+    </>
+  );
+}
+
+function TickPanel({ ticks, doneText }: { ticks: TickState; doneText: string }) {
   return (
     <div class="tick-tools">
       <p role="status" class="result">
-        {done} of {counted(places.length, "place")} ticked off.
+        {doneText}
       </p>
       <label class="field">
         <span>Your initials</span>
@@ -136,18 +144,4 @@ function TickTools({
 
 function countTicked(ticks: Ticks, { folder }: Machine, fingerprints: readonly string[]): number {
   return fingerprints.filter((fingerprint) => ticks.has(tickKey(folder, fingerprint))).length;
-}
-
-/** Only on paper. */
-function Signature() {
-  return (
-    <div class="signature print-only">
-      <p>All points were gone through on this machine.</p>
-      <p class="lines">
-        <span>Name</span>
-        <span>Date</span>
-        <span>Signature</span>
-      </p>
-    </div>
-  );
 }
