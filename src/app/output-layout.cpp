@@ -3,13 +3,15 @@
 #include <algorithm>
 
 #include "src/base/characters.h"
+#include "src/base/output-marks.h"
 
 namespace torvel {
 
 namespace {
 
 void appendMarker(const Program& program, const SourceLine& line, TextBuffer& out) {
-    out += "#error_unconvertible (";
+    out += unconvertibleMarker;
+    out += " (";
     out += line.inclusion->file->name;
     out += ':';
     appendNumber(line.lineNumber, out);

@@ -13,19 +13,19 @@ constexpr std::array<std::string_view, 6> kindNames = {"axis parameter",   "task
                                                        "system parameter", "axis item",
                                                        "task item",        "system item"};
 
-bool isName(std::string_view text) {
-    const auto isNameByte = [](char c) { return isLetter(c) || isDigit(c); };
-    return !text.empty() && isLetter(text[0]) && std::all_of(text.begin(), text.end(), isNameByte);
-}
-
 std::string rowText(ReferenceKind kind, std::uint32_t number) {
     return std::string(kindNames[static_cast<std::size_t>(kind)]) + ' ' + std::to_string(number);
 }
 
 }  // namespace
 
+bool isTorvelName(std::string_view text) {
+    const auto isNameByte = [](char c) { return isLetter(c) || isDigit(c); };
+    return !text.empty() && isLetter(text[0]) && std::all_of(text.begin(), text.end(), isNameByte);
+}
+
 void ReferenceRows::add(ReferenceKind kind, std::uint32_t number, std::string_view name) {
-    if (!isName(name)) {
+    if (!isTorvelName(name)) {
         throw std::invalid_argument("The name '" + std::string(name) + "' of " +
                                     rowText(kind, number) +
                                     " is no name of Torvel: a letter, then letters and digits.");

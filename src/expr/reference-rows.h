@@ -20,13 +20,16 @@ enum class ReferenceKind : std::uint8_t {
     systemItem,
 };
 
+/// Whether Torvel could have something of this name: a letter, then letters and digits.
+bool isTorvelName(std::string_view text);
+
 /// What a controller calls its parameters and data items by their legacy numbers, over the rows of data/. They count
 /// for numbers that a program writes; a legacy name goes through the built-in rows, which know which Torvel name is
 /// its own.
 class ReferenceRows {
 public:
     /// Enters a name without its prefix: "ServoLoopGainKp". Throws std::invalid_argument with a sentence if the
-    /// number has a row of that kind, or if the name is none of Torvel's: a letter, then letters and digits.
+    /// number has a row of that kind, or if the name is none of Torvel's.
     void add(ReferenceKind kind, std::uint32_t number, std::string_view name);
 
     /// The name; nothing if there is no row.

@@ -10,6 +10,7 @@
 #define TOML_ASSERT(expr) static_assert(true)
 #include <toml++/toml.h>
 
+#include "src/expr/reference-rows.h"
 #include "src/migrate/path-pattern.h"
 #include "src/migrate/reference-entries.h"
 
@@ -202,10 +203,10 @@ void readNames(const Entry& entry, ReferenceEntries& reference) {
                 "' must end in a decimal number from 0 to 4294967295 without zeros in front.");
         }
         const std::string name = readText(row, "a name in quotes");
-        if (!isReferenceName(name)) {
+        if (!isTorvelName(name)) {
             row.place.fail("'" + name + "' cannot be the name of '" + row.place.key +
-                           "': a name of Torvel begins with a letter or '_' and goes on with "
-                           "letters, digits and '_'.");
+                           "': a name of Torvel begins with a letter and goes on with letters and "
+                           "digits.");
         }
         (reference.*names)[*number] = name;
     }

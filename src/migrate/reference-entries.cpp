@@ -7,6 +7,7 @@
 #include "src/base/parse-exception.h"
 #include "src/lex/keywords.h"
 #include "src/preprocess/line-splitter.h"
+#include "src/preprocess/site-constants.h"
 
 namespace torvel::migrate {
 
@@ -20,13 +21,8 @@ std::optional<std::uint32_t> referenceNumber(std::string_view text) {
     return number;
 }
 
-bool isReferenceName(std::string_view name) {
-    return !name.empty() && !isDigit(name[0]) &&
-           std::all_of(name.begin(), name.end(), isWordCharacter);
-}
-
 std::optional<std::string> faultOfConstantName(std::string_view name) {
-    if (!isReferenceName(name)) {
+    if (!isConstantName(name)) {
         return "it must begin with a letter or '_' and go on with letters, digits and '_'";
     }
     if (keywordKind(name) != TokenType::INVALID) {

@@ -12,9 +12,6 @@ namespace torvel::migrate {
 /// A decimal number without zeros in front: those would make it octal in a program.
 std::optional<std::uint32_t> referenceNumber(std::string_view text);
 
-/// Whether Torvel could have something of this name.
-bool isReferenceName(std::string_view name);
-
 /// Why a program could not use `name` for a constant: the end of a sentence. Nothing: it could.
 std::optional<std::string> faultOfConstantName(std::string_view name);
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "src/base/characters.h"
+#include "src/base/output-marks.h"
 #include "src/preprocess/classification.h"
 
 namespace torvel {
@@ -37,7 +38,7 @@ std::string continuedText(std::string_view text, std::string_view prefix = {}) {
 
 /// A directive that cannot be converted.
 std::string unconvertedText(std::string_view text) {
-    return continuedText(text, "#error_unconvertible ");
+    return continuedText(text, std::string(unconvertibleMarker) + ' ');
 }
 
 /// The value as text: a preserved define in it counts with its own value.

@@ -14,13 +14,8 @@ namespace {
 /// A row's number fits into a slot.
 constexpr std::size_t mostRows = 60'000;
 
-bool isWord(std::string_view text) {
-    return !text.empty() && hasClass(text[0], wordStartClasses) && text[0] != '#' &&
-           std::all_of(text.begin(), text.end(), isWordCharacter);
-}
-
 void check(const std::string& name, const std::string& value) {
-    if (!isWord(name)) {
+    if (!isConstantName(name)) {
         throw std::invalid_argument(
             "The predefined constant '" + name +
             R"(' is no word: a letter or "_", then letters, digits and "_".)");
@@ -33,6 +28,11 @@ void check(const std::string& name, const std::string& value) {
 }
 
 }  // namespace
+
+bool isConstantName(std::string_view text) {
+    return !text.empty() && hasClass(text[0], wordStartClasses) && text[0] != '#' &&
+           std::all_of(text.begin(), text.end(), isWordCharacter);
+}
 
 SiteConstants::SiteConstants(std::map<std::string, std::string> constants)
     : texts_(std::move(constants)) {

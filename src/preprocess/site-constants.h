@@ -3,11 +3,15 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "src/preprocess/predefined-constants.h"
 
 namespace torvel {
+
+/// Whether a name is a word that a program can use: a letter or "_", then letters, digits and "_".
+bool isConstantName(std::string_view text);
 
 /// The predefined constants of a site over the built-in ones: its table, and what the table points to.
 class SiteConstants {

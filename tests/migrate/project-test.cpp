@@ -36,7 +36,7 @@ path = "line3"
 [reference]
 axis_parameters = { 11 = "ServoLoopGainKp", 0 = "First" }
 task_parameters = { 4294967295 = "Last" }
-system_parameters = { 3 = "_x" }
+system_parameters = { 3 = "x" }
 axis_items = { 5 = "Item5" }
 task_items = { 6 = "Item6" }
 system_items = { 7 = "Item7" }
@@ -98,7 +98,7 @@ TEST(ProjectFile, EveryKey) {
     using Names = std::map<std::uint32_t, std::string>;
     EXPECT_EQ(project.reference.axisParameters, (Names{{0, "First"}, {11, "ServoLoopGainKp"}}));
     EXPECT_EQ(project.reference.taskParameters, (Names{{4294967295U, "Last"}}));
-    EXPECT_EQ(project.reference.systemParameters, (Names{{3, "_x"}}));
+    EXPECT_EQ(project.reference.systemParameters, (Names{{3, "x"}}));
     EXPECT_EQ(project.reference.axisItems, (Names{{5, "Item5"}}));
     EXPECT_EQ(project.reference.taskItems, (Names{{6, "Item6"}}));
     EXPECT_EQ(project.reference.systemItems, (Names{{7, "Item7"}}));
@@ -227,10 +227,10 @@ INSTANTIATE_TEST_SUITE_P(
                 "line 2: 'reference.axis_items.5' must be a name in quotes."},
         Refusal{"[reference.axis_items]\n5 = \"Gain Kp\"",
                 "line 2: 'Gain Kp' cannot be the name of 'reference.axis_items.5': a name of "
-                "Torvel begins with a letter or '_' and goes on with letters, digits and '_'."},
+                "Torvel begins with a letter and goes on with letters and digits."},
         Refusal{"[reference.axis_items]\n5 = \"2nd\"",
                 "line 2: '2nd' cannot be the name of 'reference.axis_items.5': a name of "
-                "Torvel begins with a letter or '_' and goes on with letters, digits and '_'."},
+                "Torvel begins with a letter and goes on with letters and digits."},
         Refusal{"[reference]\nconstants = 5",
                 "line 2: 'reference.constants' must be a table of names and texts, such as "
                 "{ CLAMP_CLOSED = \"1\" }."},
