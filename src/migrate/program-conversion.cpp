@@ -11,6 +11,7 @@
 #include "src/base/parse-exception.h"
 #include "src/checks/line-record.h"
 #include "src/migrate/recorded-source.h"
+#include "src/migrate/text-lines.h"
 #include "src/preprocess/line-splitter.h"
 #include "src/preprocess/preprocessor.h"
 
@@ -33,25 +34,11 @@ struct Conversion {
     }
 };
 
-std::vector<std::string_view> linesOf(std::string_view text) {
-    std::vector<std::string_view> lines;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
-        if (line.ends_with('\r')) {
-            line.remove_suffix(1);
-        }
-        lines.push_back(line);
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return lines;
-}
-
 std::string_view sourceLine(Conversion& conversion, const SourcePosition& position) {
     const SourceFile& file = *position.inclusion->file;
     const auto [entry, isNew] = conversion.sourceLines.try_emplace(&file);
     if (isNew) {
-        entry->second = linesOf(conversion.program.text.view(file.text));
+        entry->second = sourceLinesOf(conversion.program.text.view(file.text));
     }
     const std::size_t number = position.lineNumber;
     return number == 0 || number > entry->second.size() ? std::string_view()

@@ -19,12 +19,24 @@ void note(std::vector<Input>& inputs, Input input) {
 }  // namespace
 
 std::string keyOf(const NativePath& path, const NativePath& folder) {
-    return displayPath(path, folder);
+    // A back slash in a name is a byte like others where only "/" separates: the key has to lead to the file.
+    const NativePath relative = path.lexically_relative(folder);
+    const NativePath& key = relative.empty() ? path : relative;
+    return narrowPath(NativePath(key.generic_string<NativePath::value_type>()));
 }
 
 FileSource recordedSource(const FileSource& source, const NativePath& folder,
                           std::vector<Input>& inputs) {
     FileSource recorded = source;
+    recorded.includedPath = [&](const NativePath& directory, std::string_view text) {
+        NativePath path = source.includedPath(directory, text);
+        // Written with back slashes and taken with slashes: the file of the written name was not there.
+        if (const NativePath written = directory / nativePath(text);
+            written != path && text.find('\\') != std::string_view::npos) {
+            note(inputs, {keyOf(source.canonicalPath(written), folder), std::nullopt});
+        }
+        return path;
+    };
     recorded.kind = [&](const NativePath& path) {
         const FileKind kind = source.kind(path);
         if (kind == FileKind::missing) {

@@ -45,6 +45,17 @@ std::size_t positionEnd(std::string_view text) {
 
 }  // namespace
 
+std::vector<std::string_view> sourceLinesOf(std::string_view text) {
+    std::vector<std::string_view> lines;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+        lines.push_back(text.substr(0, end));
+        const std::size_t length = text.substr(end, 2) == "\r\n" ? 2 : 1;
+        text.remove_prefix(std::min(end + length, text.size()));
+    }
+    return lines;
+}
+
 std::vector<TextLine> linesOf(std::string_view text) {
     std::vector<TextLine> lines;
     while (!text.empty()) {

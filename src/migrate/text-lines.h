@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
-// Outputs by lines, for comparing what a person wrote with what the converter generated. A view of a text points into
-// it.
+// Texts by lines: sources as the converter counts their lines, outputs for comparing what a person wrote with what the
+// converter generated. A view of a text points into it.
 
 namespace torvel::migrate {
 
@@ -18,6 +18,9 @@ struct TextLine {
 };
 
 std::vector<TextLine> linesOf(std::string_view text);
+
+/// The lines of a source without their ends, which are LF, CR LF or CR alone.
+std::vector<std::string_view> sourceLinesOf(std::string_view text);
 
 /// Whether texts differ in nothing but LF or CR LF at the ends of lines, and in whether the last line has one.
 bool haveSameLines(std::string_view a, std::string_view b);

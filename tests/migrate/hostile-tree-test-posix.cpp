@@ -11,6 +11,7 @@
 
 #include "src/migrate/discovery.h"
 #include "src/migrate/include-graph.h"
+#include "tests/migrate/plant.h"
 #include "tests/support/temporary-directory.h"
 
 namespace torvel::migrate::test {
@@ -142,6 +143,25 @@ TEST(HostileTree, NamesWithBackSlashes) {
                     "is to be converted.",
                     "d\\e: It is left out, because its name has a back slash. Rename it, if it is "
                     "to be converted."}));
+}
+
+TEST(HostileTree, IncludesWithBackSlashes) {
+    Plant plant;
+    plant.write("inc/part.inc", "G1 X1\n");
+    plant.add("main.pgm", "#include \"inc\\part.inc\"\n");
+    plant.run();
+    plant.run();
+    EXPECT_EQ(plant.convertedNow, List());
+    // A file of the very name that is written comes first, so it is noticed when there is one.
+    plant.write("inc\\part.inc", "G1 Y2\n");
+    plant.run();
+    EXPECT_EQ(plant.convertedNow, List{"main.pgm"});
+    EXPECT_NE(plant.outputs().find("G1 Y2\n"), std::string::npos) << plant.outputs();
+    plant.run();
+    EXPECT_EQ(plant.convertedNow, List());
+    plant.write("inc\\part.inc", "G1 Y3\n");
+    plant.run();
+    EXPECT_EQ(plant.convertedNow, List{"main.pgm"});
 }
 
 TEST(HostileTree, FolderWithoutRights) {

@@ -87,6 +87,20 @@ TEST(ProgramConversion, FindingOfAnIncludedFile) {
     EXPECT_EQ(result.lineMap, map);
 }
 
+TEST(ProgramConversion, LinesEndInAnyWay) {
+    const Folder folder;
+    folder.write("main.pgm", "G1 X1\r$a = 1e3\r\n$b = 2e3\n$c = 3e3\r");
+    const ProgramResult result = folder.convert("main.pgm");
+
+    ASSERT_EQ(result.findings.size(), 3U);
+    EXPECT_EQ(result.findings[0].lineText, "$a = 1e3");
+    EXPECT_EQ(result.findings[0].line, 2U);
+    EXPECT_EQ(result.findings[1].lineText, "$b = 2e3");
+    EXPECT_EQ(result.findings[1].line, 3U);
+    EXPECT_EQ(result.findings[2].lineText, "$c = 3e3");
+    EXPECT_EQ(result.findings[2].line, 4U);
+}
+
 TEST(ProgramConversion, WhatIsNotThere) {
     const Folder folder;
     folder.write("main.pgm", "#include \"missing.pgm\"\n");
