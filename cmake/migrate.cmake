@@ -21,14 +21,23 @@ if(CMAKE_CROSSCOMPILING)
     target_compile_definitions(sqlite3 PRIVATE SQLITE_OMIT_LOAD_EXTENSION SQLITE_DQS=0)
     target_compile_options(sqlite3 PRIVATE -w)
     target_include_directories(migrate_libraries SYSTEM INTERFACE "${third_party}")
-    target_link_libraries(migrate_libraries INTERFACE sqlite3)
+    # So is libdeflate.
+    file(GLOB deflate_sources "${PROJECT_SOURCE_DIR}/build/libdeflate/lib/*.c"
+         "${PROJECT_SOURCE_DIR}/build/libdeflate/lib/*/*.c")
+    add_library(deflate STATIC ${deflate_sources})
+    target_include_directories(deflate SYSTEM PUBLIC "${PROJECT_SOURCE_DIR}/build/libdeflate")
+    target_compile_options(deflate PRIVATE -w)
+    target_link_libraries(migrate_libraries INTERFACE sqlite3 deflate)
 else()
-    set(sqlite_names sqlite3)
-    if(TORVEL_STATIC)
-        list(PREPEND sqlite_names libsqlite3.a)
-    endif()
-    find_library(SQLITE3_LIBRARY NAMES ${sqlite_names} REQUIRED)
-    target_link_libraries(migrate_libraries INTERFACE "${SQLITE3_LIBRARY}" ${CMAKE_DL_LIBS} m)
+    foreach(library sqlite3 deflate)
+        set(names ${library})
+        if(TORVEL_STATIC)
+            list(PREPEND names lib${library}.a)
+        endif()
+        find_library(TORVEL_${library} NAMES ${names} REQUIRED)
+        target_link_libraries(migrate_libraries INTERFACE "${TORVEL_${library}}")
+    endforeach()
+    target_link_libraries(migrate_libraries INTERFACE ${CMAKE_DL_LIBS} m)
 endif()
 
 file(GLOB_RECURSE migrate_sources CONFIGURE_DEPENDS src/migrate/*.cpp)
@@ -44,7 +53,7 @@ add_custom_command(
     OUTPUT "${migrate_pages}"
     COMMAND ${CMAKE_COMMAND} -D FOLDER=${PROJECT_SOURCE_DIR}/docs -D OUTPUT=${migrate_pages}
             -P ${PROJECT_SOURCE_DIR}/cmake/embed-pages.cmake
-    DEPENDS docs/messages.md docs/checks.md cmake/embed-pages.cmake
+    DEPENDS docs/messages.md docs/checks.md docs/plant-findings.md cmake/embed-pages.cmake
     VERBATIM)
 
 # The page of `report --html`, which script/build-web makes. It can come and go between two builds.

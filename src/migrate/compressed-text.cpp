@@ -1,12 +1,10 @@
 #include "src/migrate/compressed-text.h"
 
-// Input that zlib does not change.
-#define ZLIB_CONST
-#include <zlib.h>
+#include <libdeflate.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <new>
+#include <stdexcept>
 #include <utility>
 
 #include "src/migrate/packed-numbers.h"
@@ -15,56 +13,57 @@ namespace torvel::migrate {
 
 namespace {
 
-/// More than zlib makes of a byte.
+/// More than a byte of the format is unpacked to.
 constexpr std::uint64_t greatestRatio = 1100;
 
-/// What zlib is given and gives at a time.
-constexpr std::size_t mostAtOnce = std::size_t{1} << 30U;
+/// The fastest level that makes texts smaller: more would take as much time as the conversion.
+constexpr int level = 1;
 
 }  // namespace
 
 struct Compressor::State {
-    z_stream stream{};
+    State() : compressor(libdeflate_alloc_compressor(level)) {
+        if (compressor == nullptr) {
+            throw std::bad_alloc();
+        }
+    }
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+    ~State() { libdeflate_free_compressor(compressor); }
+
+    libdeflate_compressor* compressor;
+    /// Where texts are compressed before it is known how long they become.
+    std::string room;
 };
 
-Compressor::Compressor() : state_(std::make_unique<State>()) {
-    // The fastest level: more would take as much time as the conversion.
-    if (deflateInit(&state_->stream, 1) != Z_OK) {
-        throw std::bad_alloc();
-    }
-}
+Compressor::Compressor() : state_(std::make_unique<State>()) {}
 
-Compressor::~Compressor() {
-    deflateEnd(&state_->stream);
-}
+Compressor::~Compressor() = default;
 
 std::string Compressor::compressed(std::string_view text) {
-    z_stream& stream = state_->stream;
-    deflateReset(&stream);
+    std::string& room = state_->room;
+    const std::size_t bound = libdeflate_zlib_compress_bound(state_->compressor, text.size());
+    if (room.size() < bound) {
+        room.resize(bound);
+    }
+    const std::size_t length = libdeflate_zlib_compress(state_->compressor, text.data(),
+                                                        text.size(), room.data(), room.size());
+    if (length == 0) {
+        throw std::logic_error("A text does not fit where it was said to fit.");
+    }
     std::string bytes;
     appendNumber(bytes, text.size());
-    const std::size_t head = bytes.size();
-    bytes.resize(head + deflateBound(&stream, static_cast<uLong>(text.size())));
-    // zlib counts with 32 bits what it takes and gives at a time.
-    std::size_t written = head;
-    int code = Z_OK;
-    while (code == Z_OK) {
-        const std::string_view piece = text.substr(0, mostAtOnce);
-        const std::size_t room = std::min(bytes.size() - written, mostAtOnce);
-        stream.next_in = reinterpret_cast<const Bytef*>(piece.data());
-        stream.avail_in = static_cast<uInt>(piece.size());
-        stream.next_out = reinterpret_cast<Bytef*>(bytes.data() + written);
-        stream.avail_out = static_cast<uInt>(room);
-        code = deflate(&stream, piece.size() == text.size() ? Z_FINISH : Z_NO_FLUSH);
-        text.remove_prefix(piece.size() - stream.avail_in);
-        written += room - stream.avail_out;
-    }
-    if (code != Z_STREAM_END) {
-        throw std::bad_alloc();
-    }
-    bytes.resize(written);
-    bytes.shrink_to_fit();
+    bytes.reserve(bytes.size() + length);
+    bytes.append(room, 0, length);
+    forgetLargeRoom();
     return bytes;
+}
+
+void Compressor::forgetLargeRoom() {
+    constexpr std::size_t largest = std::size_t{1} << 20U;
+    if (state_->room.size() > largest) {
+        state_->room = std::string();
+    }
 }
 
 Compressors::Lent Compressors::borrow() {
@@ -95,15 +94,18 @@ std::optional<std::string> uncompressed(std::string_view bytes) {
     if (!length || *length / greatestRatio > bytes.size()) {
         return std::nullopt;
     }
-    std::string text(*length, '\0');
-    uLongf size = static_cast<uLongf>(text.size());
-    const int code =
-        uncompress(reinterpret_cast<Bytef*>(text.data()), &size,
-                   reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uLong>(bytes.size()));
-    if (code != Z_OK || size != text.size()) {
-        return std::nullopt;
+    const std::unique_ptr<libdeflate_decompressor, decltype(&libdeflate_free_decompressor)>
+        decompressor(libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
+    if (!decompressor) {
+        throw std::bad_alloc();
     }
-    return text;
+    std::string text(*length, '\0');
+    std::size_t read = 0;
+    // Without a place for its length the text has to be exactly as long as it says.
+    const libdeflate_result result = libdeflate_zlib_decompress_ex(
+        decompressor.get(), bytes.data(), bytes.size(), text.data(), text.size(), &read, nullptr);
+    return result == LIBDEFLATE_SUCCESS && read == bytes.size() ? std::optional(std::move(text))
+                                                                : std::nullopt;
 }
 
 }  // namespace torvel::migrate

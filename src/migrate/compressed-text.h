@@ -23,6 +23,8 @@ public:
 
 private:
     struct State;
+    void forgetLargeRoom();
+
     std::unique_ptr<State> state_;
 };
 

@@ -106,7 +106,7 @@ std::string runText(const RunSummary& summary, Seconds elapsed) {
         text += fmt::format("; {} not there any more",
                             summary.removed == 1 ? "1 is" : grouped(summary.removed) + " are");
     }
-    return text + ".\n";
+    return text + ".";
 }
 
 void tellNotices(const std::vector<Notice>& notices, const Console& console) {
@@ -135,13 +135,18 @@ int convertCommand(const Options& options, const Console& console) {
         return 1;
     }
 
-    const Reporting reporting({{store, work.project.folder}}, workingDirectory(), work.project);
+    const auto asGenerated =
+        std::make_shared<const std::unordered_set<std::string>>(std::move(summary.asGenerated));
+    const Reporting reporting({{store, work.project.folder, asGenerated}}, workingDirectory(),
+                              work.project);
     summary.row.openFindings = reporting.totals().allOpen().places;
     store->endRun(summary.row);
     if (!options.isQuiet) {
-        console.output(runText(summary, Clock::now() - began));
-        console.output(summaryText(reporting.report(), reporting.totals(),
-                                   summaryViewOf(console.outputTerminal())));
+        const Terminal terminal = console.outputTerminal();
+        const std::string text = runText(summary, Clock::now() - began);
+        console.output(terminal.width == 0 ? text + '\n' : wrapped(text, terminal.width));
+        console.output(
+            summaryText(reporting.report(), reporting.totals(), summaryViewOf(terminal)));
     }
     const int status = gateStatus(reporting, work.project, console);
     store->close();

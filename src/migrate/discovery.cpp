@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "src/base/characters.h"
+#include "src/migrate/in-threads.h"
 #include "src/migrate/include-graph.h"
 #include "src/migrate/include-scan.h"
 #include "src/migrate/recorded-source.h"
@@ -330,16 +331,13 @@ void listParts(Search& search) {
 
 Discovery findPrograms(const Project& project, unsigned threads) {
     SourceWalk walk = walkSources(project);
-    if (threads == 0) {
-        threads = std::max(std::thread::hardware_concurrency(), 1U);
-    }
     Search search{project, std::move(walk.files), std::move(walk.unmatched), {}, {}, {}, {}};
     search.found.notices = std::move(walk.notices);
     IncludeGraph files;
     for (const WalkedFile& file : search.walked) {
         files.push_back({file.key, file.path, {}, {}});
     }
-    search.graph = readIncludeGraph(std::move(files), project.folder, threads);
+    search.graph = readIncludeGraph(std::move(files), project.folder, threadCount(threads));
     findIncluded(search);
     choosePrograms(search);
     breakCircles(search);

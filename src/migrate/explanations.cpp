@@ -247,6 +247,7 @@ const Explanations& explanations() {
         Explanations entries;
         addEntries(messagesPage(), entries);
         addEntries(checksPage(), entries);
+        addEntries(plantPage(), entries);
         return entries;
     }();
     return all;

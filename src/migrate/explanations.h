@@ -25,7 +25,7 @@ struct Explanation {
 /// By code.
 using Explanations = std::map<std::string, Explanation, std::less<>>;
 
-/// The entries of both pages. They are read when first asked for.
+/// The entries of all pages. They are read when first asked for.
 const Explanations& explanations();
 
 /// The entries of a page.

@@ -10,6 +10,10 @@
 
 namespace torvel::migrate {
 
+unsigned threadCount(unsigned asked) {
+    return asked != 0 ? asked : std::max(std::thread::hardware_concurrency(), 1U);
+}
+
 namespace {
 
 /// Less work is not worth a thread.

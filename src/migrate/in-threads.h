@@ -5,6 +5,9 @@
 
 namespace torvel::migrate {
 
+/// The threads that were asked for; 0: as many as there are processors.
+unsigned threadCount(unsigned asked);
+
 /// Calls work(number, thread) with each number below `count`, in up to `threads` threads, the caller's own counted.
 /// Returns when all is done, or throws what `work` threw first.
 void inThreads(unsigned threads, std::size_t count,

@@ -18,13 +18,16 @@ NativePath temporaryPath(const NativePath& path) {
 NewFile::NewFile(NativePath path) : path_(std::move(path)), temporary_(temporaryPath(path_)) {}
 
 bool NewFile::write(std::string_view bytes, Flush flush) {
-    std::error_code failure;
-    std::filesystem::create_directories(unboundedPath(path_.parent_path()), failure);
-    if (failure) {
-        error_ = failure.message();
-        return false;
+    int descriptor = createFile(temporary_);
+    if (descriptor < 0) {
+        std::error_code failure;
+        std::filesystem::create_directories(unboundedPath(path_.parent_path()), failure);
+        if (failure) {
+            error_ = failure.message();
+            return false;
+        }
+        descriptor = createFile(temporary_);
     }
-    const int descriptor = createFile(temporary_);
     if (descriptor < 0) {
         return fail();
     }

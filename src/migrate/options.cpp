@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "src/migrate/path-pattern.h"
 #include "src/migrate/recorded-source.h"
 
 namespace torvel::migrate {
@@ -29,6 +30,16 @@ void addStoreOptions(CLI::App& command, Options& options) {
         ->type_name("FILE");
 }
 
+/// A pattern of the command line is made tidy, and refused, as one of the project file.
+CLI::Validator patternCheck() {
+    return {[](std::string& text) {
+                text = tidyPattern(std::move(text));
+                const auto fault = faultOfPattern(text);
+                return fault ? "The pattern '" + text + "' " + *fault + "." : std::string();
+            },
+            "", "pattern"};
+}
+
 void addConvert(CLI::App& app, Options& options) {
     CLI::App& command = *app.add_subcommand("convert", "Convert what is new or has changed");
     command.add_option("SOURCE", options.sources, "Folders with programs, or single programs");
@@ -43,14 +54,17 @@ void addConvert(CLI::App& app, Options& options) {
         .add_option("--programs", options.programs,
                     "Patterns of programs (default: **/*.pgm **/*.prg)")
         ->type_name("PATTERN")
+        ->transform(patternCheck())
         ->allow_extra_args(false);
     command
         .add_option("--always", options.programsAlways,
                     "Patterns of files that are programs though others include them")
         ->type_name("PATTERN")
+        ->transform(patternCheck())
         ->allow_extra_args(false);
     command.add_option("--exclude", options.exclude, "Patterns of what is left out")
         ->type_name("PATTERN")
+        ->transform(patternCheck())
         ->allow_extra_args(false);
     command.add_flag("--keep-extension", options.keepExtension,
                      "part.pgm becomes part.pgm.torvel, not part.torvel");

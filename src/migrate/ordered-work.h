@@ -71,6 +71,9 @@ public:
         {
             const std::lock_guard lock(mutex_);
             toFinish_.push_back(std::move(piece));
+            if (idle_ == 0) {
+                return;  // who is at work looks for more before it waits
+            }
         }
         forThreads_.notify_one();
     }
@@ -106,7 +109,9 @@ private:
     void workOff() {
         std::unique_lock lock(mutex_);
         while (true) {
+            ++idle_;
             forThreads_.wait(lock, [this] { return isOver() || !toFinish_.empty() || mayBegin(); });
+            --idle_;
             if (isOver()) {
                 return;
             }
@@ -122,8 +127,16 @@ private:
                 }
                 failure_ = std::current_exception();
             }
+            wakeOthers();
+        }
+    }
+    /// After a step: those who can go on now.
+    void wakeOthers() {
+        if (idle_ > 0 && (isOver() || !toFinish_.empty() || mayBegin())) {
             forThreads_.notify_all();
-            forCaller_.notify_all();
+        }
+        if (failure_ || finished_ == count_ || made_.contains(taken_)) {
+            forCaller_.notify_one();
         }
     }
     void makeOne(std::unique_lock<std::mutex>& lock) {
@@ -162,6 +175,8 @@ private:
     std::size_t taken_ = 0;
     std::size_t finished_ = 0;
     std::size_t bytes_ = 0;
+    /// Threads that wait.
+    unsigned idle_ = 0;
     bool isStopped_ = false;
     std::exception_ptr failure_;
     std::map<std::size_t, std::unique_ptr<Piece>> made_;

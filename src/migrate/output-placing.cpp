@@ -2,21 +2,11 @@
 
 #include <utility>
 
+#include "src/migrate/output-records.h"
+
 namespace torvel::migrate {
 
 namespace {
-
-OutputHistory historyOf(const OutputTask& task) {
-    OutputHistory history;
-    history.base = task.texts.base;
-    if (task.texts.conflict) {
-        history.conflict = {*task.texts.conflict, task.record.conflictFile.value_or(ContentHash{})};
-    }
-    history.pending = task.texts.pending;
-    history.placed = task.record.placed;
-    history.placedConflict = task.record.placedConflict;
-    return history;
-}
 
 /// Whether the text of the conflict has become the base.
 bool isConflictOver(const OutputHistory& before, const OutputHistory& after) {
@@ -78,7 +68,7 @@ SourceFiles sourceFilesOf(const Project& project, const Discovery& discovery) {
 PlanOutput placingOutputs(SourceFiles sources) {
     const auto shared = std::make_shared<const SourceFiles>(std::move(sources));
     return [shared](const OutputTask& task) {
-        const OutputHistory history = historyOf(task);
+        const OutputHistory history = historyOf(task.record, task.texts);
         auto plan = std::make_shared<const OutputPlan>(
             planOutput(task.path, history, task.generated, *shared));
         const OutputHistory& after = plan->decision.history;
@@ -86,6 +76,7 @@ PlanOutput placingOutputs(SourceFiles sources) {
         planned.isConflictOver = isConflictOver(history, after);
         planned.placed = after.placed;
         planned.placedConflict = after.placedConflict;
+        planned.isAsGenerated = plan->decision.action == OutputAction::writeGenerated;
         planned.leftAlone = leftAlone(*plan);
         planned.message = plan->message;
         if (plan->decision.action != OutputAction::refuse) {

@@ -50,6 +50,18 @@ OutputTexts textsOf(const OutputRecord& record, const Store& store) {
     return {text(record.base), text(record.pending), text(record.conflict)};
 }
 
+OutputHistory historyOf(const OutputRecord& record, const OutputTexts& texts) {
+    OutputHistory history;
+    history.base = texts.base;
+    if (texts.conflict) {
+        history.conflict = {*texts.conflict, record.conflictFile.value_or(ContentHash{})};
+    }
+    history.pending = texts.pending;
+    history.placed = record.placed;
+    history.placedConflict = record.placedConflict;
+    return history;
+}
+
 void notePlanned(OutputRecord& record, const ContentHash& generated, const PlannedOutput& plan) {
     if (plan.isConflictOver) {
         record.base = record.conflict;

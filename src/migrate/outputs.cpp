@@ -32,32 +32,39 @@ std::optional<std::string> readBytes(const NativePath& path) {
     return failed ? std::nullopt : std::optional(std::move(bytes));
 }
 
-bool isLink(const NativePath& path) {
-    std::error_code error;
-    return std::filesystem::symlink_status(unboundedPath(path), error).type() ==
-           std::filesystem::file_type::symlink;
-}
+/// Where a file is to be written.
+struct FilePlace {
+    NativePath path;
+    /// Nothing is there, not even a link: the usual case, which is told by one question to the system.
+    bool isFree = false;
+};
 
 /// The file that a path leads to. A sentence if it may not be an output's.
-NativePath placeOf(const NativePath& path, std::string& message) {
+FilePlace placeOf(const NativePath& path, std::string& message) {
+    using std::filesystem::file_type;
+    std::error_code error;
+    const file_type type = std::filesystem::symlink_status(unboundedPath(path), error).type();
+    if (type == file_type::not_found) {
+        return {path, true};
+    }
     const FileKind kind = fileKind(path);
     if (kind == FileKind::directory || kind == FileKind::other) {
         message = sentence(path, kind == FileKind::directory
                                      ? " is a folder: take it away, so that a file can be written."
                                      : " is no regular file: take it away, so that one can be "
                                        "written.");
-        return path;
+        return {path};
     }
-    if (!isLink(path)) {
-        return path;
+    if (type != file_type::symlink) {
+        return {path};
     }
     if (kind == FileKind::missing) {
         message = sentence(path,
                            " is a symbolic link that leads to no file: take it away, so that a "
                            "file can be written.");
-        return path;
+        return {path};
     }
-    return canonicalPath(path);
+    return {canonicalPath(path)};
 }
 
 /// Reads a file if one is there. False: that cannot be done.
@@ -75,6 +82,10 @@ bool read(const NativePath& path, std::optional<std::string>& bytes, std::string
     return true;
 }
 
+bool readAt(const FilePlace& place, std::optional<std::string>& bytes, std::string& message) {
+    return place.isFree || read(place.path, bytes, message);
+}
+
 bool isWriteProtected(const NativePath& path) {
     std::error_code error;
     const auto status = std::filesystem::status(unboundedPath(path), error);
@@ -85,8 +96,12 @@ bool isWriteProtected(const NativePath& path) {
            (status.permissions() & write) == std::filesystem::perms::none;
 }
 
-/// Why nothing may be written to `path`; empty: it may.
-std::string objection(const NativePath& path, const SourceFiles& sources) {
+/// Why nothing may be written there; empty: it may.
+std::string objection(const FilePlace& place, const SourceFiles& sources) {
+    if (place.isFree) {
+        return {};
+    }
+    const NativePath& path = place.path;
     const FileIdentity identity = fileIdentity(path);
     if (identity != FileIdentity() && sources.contains(identity)) {
         return sentence(path,
@@ -193,24 +208,24 @@ OutputPlan planOutput(const NativePath& output, const OutputHistory& history,
     OutputPlan plan;
     plan.decision.history = history;
     std::string message;
-    plan.output = placeOf(output, message);
-    plan.conflict = placeOf(conflictPath(output), message);
-    std::optional<OutputFiles> files;
-    if (message.empty()) {
-        files = readOutputFiles(output, message);
-    }
-    if (!files) {
+    const FilePlace outputPlace = placeOf(output, message);
+    const FilePlace conflictPlace = placeOf(conflictPath(output), message);
+    plan.output = outputPlace.path;
+    plan.conflict = conflictPlace.path;
+    OutputFiles files;
+    if (!message.empty() || !readAt(outputPlace, files.output, message) ||
+        !readAt(conflictPlace, files.conflict, message)) {
         plan.decision.action = OutputAction::refuse;
         plan.message = std::move(message);
         return plan;
     }
-    plan.outputHash = hashOf(files->output);
-    plan.conflictHash = hashOf(files->conflict);
-    const OutputHistory now = settled(history, *files);
-    plan.decision = decideOutput(now, *files, generated);
+    plan.outputHash = hashOf(files.output);
+    plan.conflictHash = hashOf(files.conflict);
+    const OutputHistory now = settled(history, files);
+    plan.decision = decideOutput(now, files, generated);
     const OutputAction action = plan.decision.action;
     if (writesOutput(action) || action == OutputAction::writeConflict) {
-        message = objection(writesOutput(action) ? plan.output : plan.conflict, sources);
+        message = objection(writesOutput(action) ? outputPlace : conflictPlace, sources);
     }
     if (!message.empty()) {
         refuse(plan, std::move(message));
@@ -241,22 +256,21 @@ CarriedOut carryOut(const OutputPlan& plan) {
 
 CarriedOut placeText(const NativePath& path, std::string_view text, const SourceFiles& sources) {
     std::string message;
-    const NativePath place = placeOf(path, message);
+    const FilePlace place = placeOf(path, message);
     const std::string bytes = platformText(text);
     if (!message.empty()) {
         return {false, message};
     }
-    const std::optional<std::string> old = readBytes(place);
-    if (old == bytes) {
+    if (!place.isFree && readBytes(place.path) == bytes) {
         return {true, {}};
     }
     message = objection(place, sources);
     if (!message.empty()) {
         return {false, message};
     }
-    NewFile file(place);
+    NewFile file(place.path);
     if (!file.write(bytes, Flush::no) || !file.putInPlace()) {
-        return {false, sentence(place, " cannot be written (" + file.error() + ").")};
+        return {false, sentence(place.path, " cannot be written (" + file.error() + ").")};
     }
     return {true, {}};
 }

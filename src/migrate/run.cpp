@@ -14,6 +14,7 @@
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/ordered-work.h"
 #include "src/migrate/output-records.h"
+#include "src/migrate/program-faults.h"
 
 namespace torvel::migrate {
 
@@ -74,8 +75,7 @@ public:
           store_(store),
           options_(options),
           observer_(observer),
-          threads_(options.threads != 0 ? options.threads
-                                        : std::max(std::thread::hardware_concurrency(), 1U)),
+          threads_(threadCount(options.threads)),
           settings_(settingsOfMachines(project, discovery, options)),
           known_(knownPrograms(store)),
           texts_(store.textHashes()),
@@ -124,6 +124,7 @@ private:
     std::mutex placedMutex_;
     /// Records of outputs that were put in place, which the store does not know yet.
     std::vector<OutputRecord> placed_;
+    std::unordered_set<std::string> asGenerated_;
     std::vector<std::pair<const FoundProgram*, std::string>> told_;
 };
 
@@ -201,10 +202,10 @@ ProgramResult Run::resultOf(const FoundProgram& found, const MachineSettings& se
     ProgramResult result;
     if (!found.collidesWith.empty()) {
         result.status = ProgramStatus::collides;
-        result.findings = {findingOfWhole(found, "output-collides", sentenceOnCollision(found))};
+        result.findings = {findingOfWhole(found, outputCollides, sentenceOnCollision(found))};
     } else if (!settings.fault.empty()) {
         result.status = ProgramStatus::unreadable;
-        result.findings = {findingOfWhole(found, "parameters-unreadable", settings.fault)};
+        result.findings = {findingOfWhole(found, parametersUnreadable, settings.fault)};
     } else {
         result = convertOne(found.path, settings.conversion);
     }
@@ -277,6 +278,9 @@ void Run::place(ConvertedProgram& program) {
     if (placed.isDone) {
         noteDone(*program.record);
         const std::lock_guard lock(placedMutex_);
+        if (program.plan.isAsGenerated) {
+            asGenerated_.insert(program.record->output);
+        }
         placed_.push_back(std::move(*program.record));
     }
 }
@@ -369,6 +373,7 @@ void Run::end() {
     std::stable_sort(told_.begin(), told_.end(), [](const auto& left, const auto& right) {
         return left.first < right.first;  // in the order of the programs
     });
+    summary_.asGenerated = std::move(asGenerated_);
     for (auto& [found, message] : told_) {
         summary_.outputNotices.push_back({found->output, std::move(message)});
     }

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "src/base/file-source.h"
@@ -67,6 +68,8 @@ struct PlannedOutput {
     std::optional<ContentHash> placed;
     /// The hash of the conflict file that is about the generated text when it is done.
     std::optional<ContentHash> placedConflict;
+    /// The output is as it was generated when it is done.
+    bool isAsGenerated = false;
     /// The output stays as it is, and so it will until it changes: the hash of its bytes, or `noFile`.
     std::optional<ContentHash> leftAlone;
     std::string message;
@@ -113,6 +116,8 @@ struct RunSummary {
     bool isCancelled = false;
     /// What is to be told of the outputs that this run looked at, in the order of the programs.
     std::vector<Notice> outputNotices;
+    /// Outputs that this run put in place as they were generated.
+    std::unordered_set<std::string> asGenerated;
 };
 
 /// Throws StoreError when the store cannot be written, std::bad_alloc; what was done until then is kept.

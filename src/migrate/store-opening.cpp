@@ -46,7 +46,7 @@ Database openToWrite(const NativePath& path) {
     // A power cut may take the last transactions, and nothing else: they are found out by the next run.
     database.execute("PRAGMA synchronous = NORMAL");
     // The log is taken over seldom, since each time waits for the disk.
-    database.execute("PRAGMA wal_autocheckpoint = 4000");
+    database.execute("PRAGMA wal_autocheckpoint = 16000");
     bringUpToDate(database, storeSteps(), DatabaseUse::write, narrowPath(path));
     return database;
 }

@@ -7,6 +7,7 @@
 
 #include "src/migrate/open-findings.h"
 #include "src/migrate/output-decision.h"
+#include "src/migrate/output-records.h"
 #include "src/migrate/outputs.h"
 #include "src/migrate/recorded-source.h"
 
@@ -19,39 +20,6 @@ struct OutputNow {
     OutputState state = OutputState::none;
     /// By finding; empty: all are open.
     std::vector<bool> isOpen;
-};
-
-/// The texts that the store has of an output, as long as they are looked at.
-class StoredHistory {
-public:
-    StoredHistory(const Store& store, const OutputRecord& record)
-        : base_(text(store, record.base)),
-          pending_(text(store, record.pending)),
-          conflict_(text(store, record.conflict)) {
-        history_.base = base_;
-        history_.pending = pending_;
-        history_.placed = record.placed;
-        history_.placedConflict = record.placedConflict;
-        if (conflict_) {
-            history_.conflict = {*conflict_, record.conflictFile.value_or(ContentHash{})};
-        }
-    }
-    StoredHistory(const StoredHistory&) = delete;
-    StoredHistory& operator=(const StoredHistory&) = delete;
-    ~StoredHistory() = default;
-
-    const OutputHistory& history() const { return history_; }
-
-private:
-    static std::optional<std::string> text(const Store& store,
-                                           const std::optional<ContentHash>& hash) {
-        return hash ? std::optional(store.text(*hash)) : std::nullopt;
-    }
-
-    std::optional<std::string> base_;
-    std::optional<std::string> pending_;
-    std::optional<std::string> conflict_;
-    OutputHistory history_;
 };
 
 /// Whether the bytes are what the program was converted to last, on any system.
@@ -79,6 +47,9 @@ OutputNow outputNow(const ReportedStore& source, const StoredProgram& program,
     if (program.status != ProgramStatus::converted || !program.outputRecord || !program.generated) {
         return {};
     }
+    if (source.asGenerated && source.asGenerated->contains(program.output)) {
+        return {OutputState::asGenerated, {}};
+    }
     std::string ignored;
     std::optional<OutputFiles> files =
         readOutputFiles(source.folder / nativePath(program.output), ignored);
@@ -88,8 +59,8 @@ OutputNow outputNow(const ReportedStore& source, const StoredProgram& program,
     if (!files->conflict && isAsGenerated(program, files->output)) {
         return {OutputState::asGenerated, {}};
     }
-    const StoredHistory stored(*source.store, *program.outputRecord);
-    const OutputHistory history = settled(stored.history(), *files);
+    const OutputTexts texts = textsOf(*program.outputRecord, *source.store);
+    const OutputHistory history = settled(historyOf(*program.outputRecord, texts), *files);
     const std::string generated = source.store->text(*program.generated);
     OutputNow now;
     now.state = outputStateOf(history, *files);
@@ -109,9 +80,8 @@ public:
             return key;
         }
         const NativePath path = nativePath(prefix_) / nativePath(key);
-        std::string text = narrowPath(path.lexically_normal());
-        std::replace(text.begin(), text.end(), '\\', '/');
-        return text;
+        return narrowPath(
+            NativePath(path.lexically_normal().generic_string<NativePath::value_type>()));
     }
 
     void operator()(FindingRow& row) const {

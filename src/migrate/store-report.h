@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "src/migrate/report.h"
@@ -15,6 +16,8 @@ struct ReportedStore {
     std::shared_ptr<const Store> store;
     /// The folder of its project, canonical: where its keys begin.
     NativePath folder;
+    /// Outputs that were put in place as they were generated, just now, and need not be read again. Null: none.
+    std::shared_ptr<const std::unordered_set<std::string>> asGenerated;
 };
 
 /// The report of several stores, their programs in one order. The keys of a single one stay as they are; those of

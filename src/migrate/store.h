@@ -44,10 +44,8 @@ struct OutputRecord {
     bool operator==(const OutputRecord&) const = default;
 };
 
-/// A program as the store has it, without its texts.
-struct StoredProgram {
-    /// What the store calls it.
-    std::int64_t number = 0;
+/// What is known of a program, without its texts.
+struct ProgramRow {
     std::string program;
     std::string output;
     std::string machine;
@@ -58,7 +56,14 @@ struct StoredProgram {
     std::uint64_t convertedLines = 0;
     /// The text that it was converted to, which the line map is about; none: it was not converted.
     std::optional<ContentHash> generated;
+    /// What is known of its output.
     std::optional<OutputRecord> outputRecord;
+};
+
+/// A program as the store has it.
+struct StoredProgram : ProgramRow {
+    /// What the store calls it.
+    std::int64_t number = 0;
 };
 
 /// One run of the converter over the project.
@@ -87,24 +92,15 @@ struct PackedText {
     std::shared_ptr<const std::string> bytes;
 };
 
-/// A result in the form in which it is written, which any thread can make.
-struct PackedProgram {
-    std::string program;
-    std::string output;
-    std::string machine;
-    ProgramStatus status{};
-    ContentHash key{};
-    std::uint64_t lines = 0;
-    std::uint64_t convertedLines = 0;
+/// A result in the form in which it is written, which any thread can make. Without a record of the output that stays as
+/// it was.
+struct PackedProgram : ProgramRow {
     std::vector<Input> inputs;
     std::vector<StoredFile> files;
     std::string findings;
     std::string lineMap;
-    std::optional<ContentHash> generated;
     /// Texts of files and of the output that may not be in the store yet.
     std::vector<PackedText> texts;
-    /// What is to be known of the output from now on; nothing: as it was.
-    std::optional<OutputRecord> outputRecord;
 };
 
 /// All of a result but its texts.

@@ -6,6 +6,7 @@
 
 #include "src/migrate/embedded-pages.h"
 #include "src/migrate/explanations.h"
+#include "src/migrate/program-faults.h"
 #include "src/migrate/text-decoding.h"
 #include "tests/support/check-rows.h"
 #include "tests/support/message-rows.h"
@@ -34,6 +35,7 @@ TEST(Explain, ThePagesAreInside) {
     const std::string docs = TORVEL_SOURCE_DIR "/docs/";
     EXPECT_EQ(joined(messagesPage()), torvel::test::readFile(docs + "messages.md"));
     EXPECT_EQ(joined(checksPage()), torvel::test::readFile(docs + "checks.md"));
+    EXPECT_EQ(joined(plantPage()), torvel::test::readFile(docs + "plant-findings.md"));
 }
 
 TEST(Explain, EveryCodeHasAnEntry) {
@@ -54,6 +56,13 @@ TEST(Explain, EveryCodeHasAnEntry) {
         ASSERT_NE(entry, explanations().end()) << row.code;
         EXPECT_EQ(entry->second.title, row.title);
         EXPECT_FALSE(entry->second.body.empty()) << row.code;
+    }
+    for (const std::string_view code : programFaults) {
+        ++count;
+        const auto entry = explanations().find(code);
+        ASSERT_NE(entry, explanations().end()) << code;
+        EXPECT_FALSE(entry->second.body.empty()) << code;
+        EXPECT_FALSE(entry->second.sectionText.empty()) << code;
     }
     EXPECT_EQ(explanations().size(), count) << "an entry that nothing has as its code";
 }
@@ -80,6 +89,25 @@ comment such as /* $rampValueDecel */ in the place of each
 argument that the Brannic statement does not carry. Put a
 value in the place of every comment; until then the Torvel
 program does not compile.
+)");
+}
+
+TEST(Explain, AProgramThatIsNotConverted) {
+    EXPECT_EQ(explainedCode("parameters-unreadable", 70),
+              R"(Failed to load or parse the parameter file.
+
+The machine's parameter file is not there, cannot be read, or is none.
+The programs of that machine are not converted, since the numbers of
+their axes would be wrong. The finding names the file. Give the right
+one, as parameters in migration.toml or with -p, or export it from the
+controller again.
+
+Command line:
+    torvel-migrate convert programs -o converted -p machine.xml
+
+Not converted: to be settled in the plant:
+The program has no output until this is settled. The others are
+converted all the same, and the next run converts it.
 )");
 }
 

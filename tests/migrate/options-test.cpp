@@ -79,6 +79,21 @@ TEST(Options, WrongUseEndsWithTwo) {
     }
 }
 
+TEST(Options, PatternsAreThoseOfTheProjectFile) {
+    const ParsedOptions parsed = parseOptions({"convert", "--programs", "./line1\\*.pgm",
+                                               "--always", "tests/", "--exclude", ".\\old\\**"});
+    ASSERT_TRUE(parsed.options) << parsed.error;
+    EXPECT_EQ(parsed.options->programs, (std::vector<std::string>{"line1/*.pgm"}));
+    EXPECT_EQ(parsed.options->programsAlways, (std::vector<std::string>{"tests"}));
+    EXPECT_EQ(parsed.options->exclude, (std::vector<std::string>{"old/**"}));
+    for (const char* const option : {"--programs", "--always", "--exclude"}) {
+        const ParsedOptions refused = parseOptions({"convert", option, "a/[bc"});
+        EXPECT_EQ(refused.status, 2);
+        EXPECT_FALSE(refused.options);
+        EXPECT_NE(refused.error.find("The pattern 'a/[bc' "), std::string::npos) << refused.error;
+    }
+}
+
 TEST(Options, StandInPlaceOfTheProject) {
     const torvel::test::TemporaryDirectory directory;
     std::filesystem::create_directories(directory.path() / "plant/line1");

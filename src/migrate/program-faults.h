@@ -1,0 +1,16 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+// Codes of findings about programs that are not converted. They stand beside those of messages and checks, and have
+// their entries in docs/plant-findings.md.
+
+namespace torvel::migrate {
+
+constexpr std::string_view outputCollides = "output-collides";
+constexpr std::string_view parametersUnreadable = "parameters-unreadable";
+
+constexpr std::array<std::string_view, 2> programFaults{outputCollides, parametersUnreadable};
+
+}  // namespace torvel::migrate
