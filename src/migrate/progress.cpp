@@ -72,7 +72,7 @@ void ProgressTeller::tell(const RunProgress& progress) {
         return;
     }
     const Terminal terminal = askTerminal_();
-    if (terminal.isTerminal) {
+    if (terminal.canRedraw) {
         next_ = progress.elapsed + betweenDrawings;
         // The last column is left free: a full line would make some terminals go on to the next.
         const unsigned width = std::max(terminal.width, 2U) - 1;

@@ -21,15 +21,17 @@ void interrupt(int number) {
 
 Terminal terminalOf(int descriptor) {
     Terminal terminal;
-    terminal.isTerminal = isatty(descriptor) == 1;
     winsize size{};
-    if (terminal.isTerminal && ioctl(descriptor, TIOCGWINSZ, &size) == 0) {
+    if (isatty(descriptor) != 1) {
+        return terminal;
+    }
+    if (ioctl(descriptor, TIOCGWINSZ, &size) == 0) {
         terminal.width = size.ws_col;
     }
-    const char* const noColour = std::getenv("NO_COLOR");
     const char* const kind = std::getenv("TERM");
-    terminal.hasColour = terminal.isTerminal && (noColour == nullptr || *noColour == '\0') &&
-                         kind != nullptr && std::string_view(kind) != "dumb";
+    terminal.canRedraw = kind != nullptr && std::string_view(kind) != "dumb";
+    const char* const noColour = std::getenv("NO_COLOR");
+    terminal.hasColour = terminal.canRedraw && (noColour == nullptr || *noColour == '\0');
     return terminal;
 }
 

@@ -19,8 +19,7 @@ Terminal terminalOf(DWORD number) {
     Terminal terminal;
     const HANDLE handle = GetStdHandle(number);
     DWORD mode = 0;
-    terminal.isTerminal = GetConsoleMode(handle, &mode) != 0;
-    if (!terminal.isTerminal) {
+    if (GetConsoleMode(handle, &mode) == 0) {
         return terminal;
     }
     CONSOLE_SCREEN_BUFFER_INFO information;
@@ -28,9 +27,9 @@ Terminal terminalOf(DWORD number) {
         terminal.width =
             static_cast<unsigned>(information.srWindow.Right - information.srWindow.Left + 1);
     }
+    terminal.canRedraw = SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
     const char* const noColour = std::getenv("NO_COLOR");
-    terminal.hasColour = (noColour == nullptr || *noColour == '\0') &&
-                         SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+    terminal.hasColour = terminal.canRedraw && (noColour == nullptr || *noColour == '\0');
     return terminal;
 }
 

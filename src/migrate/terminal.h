@@ -4,9 +4,10 @@
 
 namespace torvel::migrate {
 
-/// What standard error is: progress goes there.
+/// What a standard stream is. By default no terminal.
 struct Terminal {
-    bool isTerminal = false;
+    /// A terminal on which a line can be drawn again. One that is called "dumb", or not at all, gets whole lines.
+    bool canRedraw = false;
     /// Columns; 0: not known.
     unsigned width = 0;
     bool hasColour = false;
