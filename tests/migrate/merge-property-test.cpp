@@ -13,6 +13,7 @@
 #include "src/migrate/line-changes.h"
 #include "src/migrate/merge.h"
 #include "src/migrate/text-lines.h"
+#include "tests/migrate/other-program.h"
 #include "tests/support/temporary-directory.h"
 
 namespace torvel::migrate::test {
@@ -218,7 +219,7 @@ TEST(MergeProperties, MergesAsGitDoes) {
         const Lines generated = changed(base, "generated", random);
         const std::optional<std::string> expected = mergeByGit(base, edited, generated);
         if (!expected) {
-            GTEST_SKIP() << "There is no git here.";
+            TORVEL_TEST_NEEDS("git");
         }
         const MergedText merged = mergeByLines(textOf(base), textOf(edited), textOf(generated));
         EXPECT_EQ(merged.text, *expected);

@@ -122,7 +122,7 @@ TEST(ReportCsv, NoPrograms) {
 
 TEST(ReportCsv, AnotherReaderFindsHostileTexts) {
     if (!runs({"python3", "-c", "import csv"})) {
-        GTEST_SKIP() << "python3 is not installed";
+        TORVEL_TEST_NEEDS("python3");
     }
     const std::string name = "'=cmd|' /C calc'!A0\n\"</script><!--<script>,;°.pgm";
     const nlohmann::json findings = readBack(findingsCsv(hostileReport()));

@@ -107,7 +107,7 @@ TEST(ReportJson, HostileTextsComeBackAsTheyAre) {
 
 TEST(ReportJson, FollowsItsSchema) {
     if (!runs({"python3", "-W", "ignore", "-c", "from jsonschema import Draft202012Validator"})) {
-        GTEST_SKIP() << "python3-jsonschema is not installed";
+        TORVEL_TEST_NEEDS("python3-jsonschema");
     }
     const torvel::test::TemporaryDirectory directory;
     const std::string path = (directory.path() / "report.json").string();

@@ -83,7 +83,7 @@ TEST(ReportJUnit, AnXmlLibraryFindsHostileTexts) {
 
 TEST(ReportJUnit, FollowsItsSchema) {
     if (!runs({"xmllint", "--version"})) {
-        GTEST_SKIP() << "xmllint is not installed";
+        TORVEL_TEST_NEEDS("xmllint");
     }
     const torvel::test::TemporaryDirectory directory;
     const std::string path = (directory.path() / "report.xml").string();

@@ -15,8 +15,7 @@ namespace torvel::migrate::test {
 
 namespace {
 
-/// Where `npm install --prefix build/sarif @microsoft/sarif-multitool` puts the validator, with the schema of what it
-/// reads.
+/// Where script/setup puts the validator, with the schema of what it reads.
 const std::filesystem::path packages = TORVEL_SOURCE_DIR "/build/sarif/node_modules";
 
 std::string sarif(const Report& report) {
@@ -141,11 +140,10 @@ TEST(ReportSarif, NoPrograms) {
 TEST(ReportSarif, FollowsItsSchema) {
     const std::filesystem::path schema = findFile("sarif-2.1.0.json");
     if (schema.empty()) {
-        GTEST_SKIP() << "no schema in build/sarif; npm install --prefix build/sarif "
-                        "@microsoft/sarif-multitool puts it there";
+        TORVEL_TEST_NEEDS("the schema of SARIF in build/sarif");
     }
     if (!runs({"python3", "-W", "ignore", "-c", "import jsonschema"})) {
-        GTEST_SKIP() << "python3-jsonschema is not installed";
+        TORVEL_TEST_NEEDS("python3-jsonschema");
     }
     const torvel::test::TemporaryDirectory directory;
     const std::string path = (directory.path() / "report.sarif").string();
@@ -169,8 +167,7 @@ sys.exit(1 if errors else 0)
 TEST(ReportSarif, PassesTheValidator) {
     const std::filesystem::path validator = findFile("Sarif.Multitool");
     if (validator.empty()) {
-        GTEST_SKIP() << "no validator in build/sarif; npm install --prefix build/sarif "
-                        "@microsoft/sarif-multitool puts it there";
+        TORVEL_TEST_NEEDS("the validator of SARIF in build/sarif");
     }
     const torvel::test::TemporaryDirectory directory;
     const std::string path = (directory.path() / "report.sarif").string();
