@@ -6,6 +6,7 @@
 
 #include "src/migrate/file-hashes.h"
 #include "src/migrate/in-threads.h"
+#include "src/migrate/output-records.h"
 
 namespace torvel::migrate {
 
@@ -29,8 +30,9 @@ HashesNow hashesNow(const Project& project, const Discovery& discovery,
 }
 
 /// Whether the output is not what the program was converted to, and something may be done about it.
-bool isOutputOpen(const Project& project, const OutputRecord& record) {
-    if (record.pending || record.conflict) {
+bool isOutputOpen(const Project& project, const OutputRecord& record, bool restoresDeleted) {
+    if (record.pending || record.conflict ||
+        (restoresDeleted && isDeleted(record, project.folder / nativePath(record.output)))) {
         return true;
     }
     if (!record.leftAlone) {
@@ -41,7 +43,7 @@ bool isOutputOpen(const Project& project, const OutputRecord& record) {
 }
 
 bool hasChanged(const Project& project, const FoundProgram& found, const KnownProgramSet& known,
-                const HashesNow& hashes, const MachineSettings& settings) {
+                const HashesNow& hashes, const MachineSettings& settings, bool restoresDeleted) {
     const auto entry = known.programs.find(found.program);
     if (entry == known.programs.end()) {
         return true;
@@ -52,7 +54,7 @@ bool hasChanged(const Project& project, const FoundProgram& found, const KnownPr
         inputs.push_back({known.inputs[number], hashes[number]});
     }
     return stored.key != keyOfProgram(found, settings, inputs) ||
-           (stored.outputRecord && isOutputOpen(project, *stored.outputRecord));
+           (stored.outputRecord && isOutputOpen(project, *stored.outputRecord, restoresDeleted));
 }
 
 }  // namespace
@@ -88,8 +90,10 @@ std::vector<std::size_t> changedPrograms(const Project& project, const Discovery
     std::vector<char> isChanged(discovery.programs.size());
     inThreads(threads, isChanged.size(), [&](std::size_t i, unsigned) {
         const FoundProgram& found = discovery.programs[i];
-        isChanged[i] =
-            hasChanged(project, found, known, hashes, settings.at(found.parameters)) ? 1 : 0;
+        isChanged[i] = hasChanged(project, found, known, hashes, settings.at(found.parameters),
+                                  options.restoresDeleted)
+                           ? 1
+                           : 0;
     });
     std::vector<std::size_t> changed;
     for (std::size_t i = 0; i < isChanged.size(); ++i) {

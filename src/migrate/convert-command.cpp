@@ -69,6 +69,7 @@ void prepare(Work& work, const Options& options, const Console& console) {
     run.isCancelled = console.isInterrupted;
     run.reference = rowsOf(work.project.reference);
     run.constants = constantsOf(work.project.reference);
+    run.restoresDeleted = options.restore;
     run.isPartial = !work.project.named.empty();
     run.source = anyCaseSource(fileSystemSource(), work.listings, [](const OtherCase&) {});
     work.discovery = findPrograms(work.project, options.threads);

@@ -77,6 +77,9 @@ void addConvert(CLI::App& app, Options& options) {
         ->delimiter(',')
         ->check(CLI::IsMember(failWords));
     command.add_flag("--rebuild", options.rebuild, "Begin with an empty store");
+    command.add_flag(
+        "--restore", options.restore,
+        "Write outputs again that were deleted; with SOURCE only those of its programs");
     command.add_flag("-q,--quiet", options.isQuiet, "Tell errors only");
     addStoreOptions(command, options);
     addProjectOption(command, options);
@@ -84,6 +87,7 @@ void addConvert(CLI::App& app, Options& options) {
         "Examples:\n"
         "  torvel-migrate convert programs -o converted -p machine.xml\n"
         "  torvel-migrate convert --fail-on moves,rewrite\n"
+        "  torvel-migrate convert --restore programs/line1/part.pgm\n"
         "\n"
         "Exit status: 0 done, 1 the run could not be done, 2 wrong use, 3 findings that are not\n"
         "accepted (with a baseline or --fail-on only).");

@@ -16,6 +16,7 @@ struct Options {
     /// A project file; none: migration.toml of the working directory, if it is there.
     std::optional<std::string> project;
     bool isQuiet = false;
+    bool restore = false;
 
     // What the project file says too; it is overridden where something is given here.
     /// Of "convert": folders, or program files.

@@ -43,6 +43,10 @@ void settleRecord(OutputRecord& record, const NativePath& output) {
     }
 }
 
+bool isDeleted(const OutputRecord& record, const NativePath& output) {
+    return record.base && fileKind(output) == FileKind::missing;
+}
+
 OutputTexts textsOf(const OutputRecord& record, const Store& store) {
     const auto text = [&](const std::optional<ContentHash>& hash) {
         return hash ? std::optional(store.text(*hash)) : std::nullopt;

@@ -10,6 +10,9 @@ namespace torvel::migrate {
 /// Finds out whether what was about to be put in place when the record was written is there.
 void settleRecord(OutputRecord& record, const NativePath& output);
 
+/// Whether an output that was put in place is there no more.
+bool isDeleted(const OutputRecord& record, const NativePath& output);
+
 /// The texts that a record is about.
 OutputTexts textsOf(const OutputRecord& record, const Store& store);
 

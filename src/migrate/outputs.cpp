@@ -134,7 +134,10 @@ std::string messageOf(const OutputPlan& plan) {
                 "stays as it is. Leave no conflict markers in it, delete " +
                     conflict + ", and convert again.");
         case OutputAction::leaveDeleted:
-            return sentence(plan.output, " was deleted, so it is not written again.");
+            return sentence(
+                plan.output,
+                " was deleted, so it is not written again. To have it back, convert with "
+                "--restore.");
         case OutputAction::leaveForeign:
             return sentence(plan.output,
                             " is there, and the store does not know from what it was made, so it "

@@ -255,6 +255,11 @@ void Run::planOutput(ConvertedProgram& program, const ContentHash& generated) {
     record.program = found.program;
     const NativePath path = outputPath(found.output);
     settleRecord(record, path);
+    if (options_.restoresDeleted && isDeleted(record, path)) {
+        record.base.reset();  // as if nothing had ever been put there
+        record.conflict.reset();
+        record.conflictFile.reset();
+    }
     const OutputTexts texts = textsOf(record, store_);
     program.plan =
         options_.planOutput({found, path, record, texts, program.generated, program.log});

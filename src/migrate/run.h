@@ -93,6 +93,8 @@ struct RunOptions {
     std::shared_ptr<const SiteConstants> constants;
     /// Only some of the project's programs were looked for: the others stay as they are.
     bool isPartial = false;
+    /// Outputs that a person has deleted are written again.
+    bool restoresDeleted = false;
     PlanOutput planOutput;
     /// Waits until the outputs that were put in place are on the disk; called before the store is told that they are.
     std::function<void()> flushOutputs;

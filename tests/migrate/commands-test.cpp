@@ -249,6 +249,47 @@ TEST_F(CommandTest, AnInterruptedRunIsGoneOnWith) {
     EXPECT_EQ(read("converted/p19.torvel"), "G1 X19\n\n");
 }
 
+TEST_F(CommandTest, DeletedOutputsComeBackWhenAskedFor) {
+    for (const std::string name : {"a", "b", "c"}) {
+        write("programs/" + name + ".pgm", "G1 X1\n");
+    }
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    std::filesystem::remove(path("converted/a.torvel"));
+    std::filesystem::remove(path("converted/b.torvel"));
+    // One that is noticed by a run, and one that is not.
+    write("programs/a.pgm", "G1 X2\n");
+    const Outcome noticed = run({"convert", "programs"});
+    EXPECT_NE(noticed.error.find("To have it back, convert with --restore."), std::string::npos)
+        << noticed.error;
+    EXPECT_FALSE(std::filesystem::exists(path("converted/a.torvel")));
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    EXPECT_FALSE(std::filesystem::exists(path("converted/a.torvel")));
+
+    // An edit of another program is no deletion.
+    write("converted/c.torvel", "G1 X3\n");
+    const Outcome restored = run({"convert", "programs", "--restore"});
+    EXPECT_EQ(restored.status, 0);
+    EXPECT_EQ(restored.error, "");
+    EXPECT_TRUE(begins(restored.output, "Converted 2 programs in ")) << restored.output;
+    EXPECT_EQ(read("converted/a.torvel"), "G1 X2\n\n");
+    EXPECT_EQ(read("converted/b.torvel"), "G1 X1\n\n");
+    EXPECT_EQ(read("converted/c.torvel"), "G1 X3\n");
+    EXPECT_EQ(report({"converted"})["programs"][0]["outputState"], "as-generated");
+    EXPECT_TRUE(begins(run({"convert", "programs", "--restore"}).output, "Converted 0 programs"));
+}
+
+TEST_F(CommandTest, OneDeletedOutputComesBack) {
+    write("migration.toml", "sources = [\"programs\"]\n");
+    write("programs/a.pgm", "G1 X1\n");
+    write("programs/b.pgm", "G1 X1\n");
+    EXPECT_EQ(run({"convert"}).status, 0);
+    std::filesystem::remove(path("converted/a.torvel"));
+    std::filesystem::remove(path("converted/b.torvel"));
+    EXPECT_EQ(run({"convert", "--restore", "programs/b.pgm"}).status, 0);
+    EXPECT_FALSE(std::filesystem::exists(path("converted/a.torvel")));
+    EXPECT_EQ(read("converted/b.torvel"), "G1 X1\n\n");
+}
+
 TEST_F(CommandTest, SeveralOutputsAreReportedTogether) {
     write("line1/programs/a.pgm", "PROBE X\n");
     write("line2/programs/a.pgm", "PROBE Y\n");

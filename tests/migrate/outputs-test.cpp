@@ -104,7 +104,10 @@ TEST_F(Outputs, AnOutputsLife) {
     std::filesystem::remove(output());
     const OutputPlan deleted = place(third);
     EXPECT_EQ(deleted.decision.action, OutputAction::leaveDeleted);
-    EXPECT_EQ(deleted.message, output().string() + " was deleted, so it is not written again.");
+    EXPECT_EQ(deleted.message,
+              output().string() +
+                  " was deleted, so it is not written again. To have it back, convert with "
+                  "--restore.");
     EXPECT_EQ(filesIn(path("out")), 0U);
 }
 
