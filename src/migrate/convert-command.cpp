@@ -48,7 +48,7 @@ std::shared_ptr<const SiteConstants> constantsOf(const ReferenceEntries& entries
 Store openForWriting(const Project& project, bool isRebuilt) {
     const NativePath path = storePath(project);
     std::error_code ignored;  // opening the store tells what is wrong
-    std::filesystem::create_directories(path.parent_path(), ignored);
+    std::filesystem::create_directories(unboundedPath(path.parent_path()), ignored);
     Store store(path, isRebuilt ? StoreUse::anew : StoreUse::write);
     store.setProjectFolder(pathFrom(canonicalPath(path.parent_path()), project.folder));
     return store;

@@ -249,6 +249,26 @@ TEST_F(CommandTest, AnInterruptedRunIsGoneOnWith) {
     EXPECT_EQ(read("converted/p19.torvel"), "G1 X19\n\n");
 }
 
+TEST_F(CommandTest, PathsLongerThanWindowsUsuallyTakes) {
+    std::string folder;
+    for (const char letter : {'a', 'b', 'c'}) {
+        folder += std::string(100, letter) + '/';
+    }
+    const auto place = [&](const std::string& name) { return unboundedPath(path(name)); };
+    writeFile(place("programs/" + folder + "part.pgm"), "G1 X1\nPROBE X\n");
+    const Outcome outcome = run({"convert", "programs"});
+    EXPECT_EQ(outcome.status, 0) << outcome.error;
+    const std::string output = readFile(place("converted/" + folder + "part.torvel"));
+    EXPECT_TRUE(output.starts_with("G1 X1")) << output;
+    const nlohmann::json program = report({"converted"})["programs"][0];
+    EXPECT_EQ(program["path"], "programs/" + folder + "part.pgm");
+    EXPECT_EQ(program["outputState"], "as-generated");
+    EXPECT_TRUE(begins(run({"convert", "programs"}).output, "Converted 0 programs"));
+    for (const char* const name : {"programs", "converted"}) {
+        std::filesystem::remove_all(place(name));
+    }
+}
+
 TEST_F(CommandTest, DeletedOutputsComeBackWhenAskedFor) {
     for (const std::string name : {"a", "b", "c"}) {
         write("programs/" + name + ".pgm", "G1 X1\n");
