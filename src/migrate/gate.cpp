@@ -104,7 +104,7 @@ GateResult gate(const Report& report, const Places& places, const std::optional<
     std::map<ContentHash, std::uint32_t> open;
     visitPlaces(report, places,
                 [&](const ReportProgram& program, const FindingRow& row, const Place& place) {
-                    const ContentHash& group = places.group(place);
+                    const ContentHash& group = place.group;
                     ++open[group];
                     if (place.openBefore < countIn(known, group)) {
                         ++result.known;
@@ -142,11 +142,11 @@ Baseline accepted(const Report& report, const Places& places, const Baseline& ba
             if (!countsInGate(finding)) {
                 continue;
             }
-            const bool isKnown = place.openBefore < countIn(known, places.group(place));
+            const bool isKnown = place.openBefore < countIn(known, place.group);
             if (!isKnown && (!isMeantProgram || !has(filter.codes, finding.row.code))) {
                 continue;
             }
-            AcceptedGroup& group = groups[places.group(place)];
+            AcceptedGroup& group = groups[place.group];
             if (group.ordinals.empty() || finding.row.line < group.entry.line) {
                 group.entry = entryFor(finding.row);
             }

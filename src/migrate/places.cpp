@@ -1,10 +1,8 @@
 #include "src/migrate/places.h"
 
 #include <algorithm>
-#include <cstring>
 #include <stdexcept>
 #include <tuple>
-#include <unordered_map>
 
 #include "src/base/characters.h"
 #include "src/migrate/finding-names.h"
@@ -26,18 +24,10 @@ std::uint64_t detailOf(const FindingRow& row) {
     return detail;
 }
 
-bool isBefore(const Place& left, const Place& right) {
-    return std::tie(left.line, left.column, left.detail) <
-           std::tie(right.line, right.column, right.detail);
+/// What a place is told by, in the order of its group and file.
+auto identityOf(const Place& place) {
+    return std::tie(place.group, place.line, place.column, place.detail);
 }
-
-struct FirstBytes {
-    std::size_t operator()(const ContentHash& hash) const {
-        std::size_t value = 0;
-        std::memcpy(&value, hash.data(), sizeof(value));
-        return value;
-    }
-};
 
 }  // namespace
 
@@ -71,81 +61,53 @@ ContentHash groupOf(const FindingRow& row) {
                     hexadecimal(hashOf(comparableLine(row.lineText))));
 }
 
-/// Puts the places of a report together.
-class Places::Builder {
-public:
-    explicit Builder(Places& result) : result_(result) {}
-
-    void add(const ReportFinding& finding) {
-        const FindingRow& row = finding.row;
-        const ContentHash key = groupOf(row);
-        const auto [entry, isNew] =
-            numbers_.try_emplace(key, static_cast<std::uint32_t>(members_.size()));
-        if (isNew) {
-            result_.groups_.push_back(key);
-            members_.emplace_back();
-        }
-        Place place;
-        place.line = row.line;
-        place.column = row.columns.first;
-        place.detail = detailOf(row);
-        place.group = entry->second;
-        place.todo = row.todo;
-        place.severity = row.severity;
-        Place& found = result_.places_[numberOf(place, members_[place.group])];
-        found.isOpen = found.isOpen || finding.isOpen;
-        result_.sequence_.push_back(found.number);
-    }
-
-    void finish() {
-        for (const std::vector<std::uint32_t>& members : members_) {
-            std::uint32_t ordinal = 0;
-            std::uint32_t open = 0;
-            for (const std::uint32_t number : members) {
-                Place& place = result_.places_[number];
-                place.ordinal = ordinal++;
-                place.openBefore = open;
-                open += place.isOpen ? 1 : 0;
-            }
-        }
-    }
-
-private:
-    /// The number of the place among the members of its group, which it joins if it is new.
-    std::uint32_t numberOf(Place& place, std::vector<std::uint32_t>& members) {
-        std::vector<Place>& places = result_.places_;
-        const auto at = std::lower_bound(members.begin(), members.end(), place,
-                                         [&places](std::uint32_t number, const Place& searched) {
-                                             return isBefore(places[number], searched);
-                                         });
-        if (at != members.end() && !isBefore(place, places[*at])) {
-            return *at;
-        }
-        place.number = static_cast<std::uint32_t>(places.size());
-        members.insert(at, place.number);
-        places.push_back(place);
-        return place.number;
-    }
-
-    Places& result_;
-    std::unordered_map<ContentHash, std::uint32_t, FirstBytes> numbers_;
-    /// By group: the numbers of its places, in the order of the file.
-    std::vector<std::vector<std::uint32_t>> members_;
-};
-
 Places::Places(const Report& report) {
-    Builder builder(*this);
-    report.forEachProgram([&builder](const ReportProgram& program) {
+    // A place for each finding, with the finding's number; equal ones are joined when all are there.
+    report.forEachProgram([this](const ReportProgram& program) {
         for (const ReportFinding& finding : program.findings) {
-            builder.add(finding);
+            Place place;
+            place.group = groupOf(finding.row);
+            place.detail = detailOf(finding.row);
+            place.line = finding.row.line;
+            place.column = finding.row.columns.first;
+            place.number = static_cast<std::uint32_t>(places_.size());
+            place.todo = finding.row.todo;
+            place.severity = finding.row.severity;
+            place.isOpen = finding.isOpen;
+            places_.push_back(place);
+            sequence_.push_back(0);
         }
     });
-    builder.finish();
+    join();
+}
+
+void Places::join() {
+    std::sort(places_.begin(), places_.end(), [](const Place& left, const Place& right) {
+        return identityOf(left) < identityOf(right);
+    });
+    std::uint32_t count = 0;
+    for (const Place& each : places_) {
+        Place* const last = count == 0 ? nullptr : &places_[count - 1];
+        const std::uint32_t finding = each.number;
+        if (last != nullptr && identityOf(*last) == identityOf(each)) {
+            last->isOpen = last->isOpen || each.isOpen;
+        } else {
+            Place& place = places_[count] = each;
+            place.number = count++;
+            if (last != nullptr && last->group == place.group) {
+                place.ordinal = last->ordinal + 1;
+                place.openBefore = last->openBefore + (last->isOpen ? 1 : 0);
+            }
+        }
+        sequence_[finding] = count - 1;
+    }
+    places_.resize(count);
+    places_.shrink_to_fit();
 }
 
 std::string Places::fingerprint(const Place& place) const {
     KeyBuilder key;
-    key.add("group", hexadecimal(group(place)));
+    key.add("group", hexadecimal(place.group));
     key.add("ordinal", std::to_string(place.ordinal));
     return hexadecimal(key.key());
 }

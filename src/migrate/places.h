@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "src/migrate/report.h"
 
@@ -12,16 +12,16 @@
 
 namespace torvel::migrate {
 
-/// A place, with what tells it from others of the same file, code and text of the line.
+/// A place. A plant may have millions of them, so a row is all that is kept of one.
 struct Place {
-    std::uint32_t line = 0;
-    std::uint32_t column = 0;
+    /// What it shares with others of the same file, code and text of the line, which are its group.
+    ContentHash group{};
     /// What tells findings of one place apart: a hash of the text and the todo.
     std::uint64_t detail = 0;
-    /// Which of all places it is, in the order in which the report has them.
+    std::uint32_t line = 0;
+    std::uint32_t column = 0;
+    /// Which of all places it is.
     std::uint32_t number = 0;
-    /// The number of its group.
-    std::uint32_t group = 0;
     /// How many of its group stand before it in the file, and how many of these are open.
     std::uint32_t ordinal = 0;
     std::uint32_t openBefore = 0;
@@ -47,7 +47,6 @@ public:
     explicit Places(const Report& report);
 
     std::size_t count() const { return places_.size(); }
-    const ContentHash& group(const Place& place) const { return groups_[place.group]; }
     /// Names the place in reports of any date: it stays the same when lines are inserted or moved. 32 hexadecimal
     /// digits.
     std::string fingerprint(const Place& place) const;
@@ -65,12 +64,12 @@ public:
     };
 
 private:
-    class Builder;
+    void join();
 
-    std::vector<Place> places_;
-    std::vector<ContentHash> groups_;
+    // Lists that are never held twice while they grow.
+    std::deque<Place> places_;
     /// By finding of the report: the number of its place.
-    std::vector<std::uint32_t> sequence_;
+    std::deque<std::uint32_t> sequence_;
 };
 
 }  // namespace torvel::migrate

@@ -54,9 +54,13 @@ std::string noticeLine(const Notice& notice) {
 int gateStatus(const Reporting& reporting, const Project& project, const Console& console) {
     bool isThere = false;
     Baseline baseline = readBaseline(baselinePath(project), isThere);
+    const std::vector<FailOn> failOn = failOnOf(project);
+    if (!isThere && failOn.empty()) {
+        return 0;  // nothing is asked, and the findings need not be read once more
+    }
     const GateResult result =
         gate(reporting.report(), reporting.places(),
-             isThere ? std::optional(std::move(baseline)) : std::nullopt, failOnOf(project));
+             isThere ? std::optional(std::move(baseline)) : std::nullopt, failOn);
     const std::string text = gateText(result, mostToldOfGate);
     if (!text.empty()) {
         console.error(text);
