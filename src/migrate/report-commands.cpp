@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <ctime>
 #include <functional>
-#include <thread>
 
 #include "src/migrate/command-project.h"
 #include "src/migrate/embedded-pages.h"
 #include "src/migrate/explain.h"
 #include "src/migrate/gate.h"
 #include "src/migrate/html-page.h"
+#include "src/migrate/in-threads.h"
 #include "src/migrate/replaced-file.h"
 #include "src/migrate/report-csv.h"
 #include "src/migrate/report-json.h"
@@ -77,7 +77,7 @@ void writePage(const Reporting& reporting, const std::string& path, const Consol
     const std::string page = emptyPage();
     const HtmlPage html{reporting.report(), reporting.places(),
                         reporting.totals(), page,
-                        std::time(nullptr), std::thread::hardware_concurrency()};
+                        std::time(nullptr), threadCount(0)};
     const std::string told = writeHtmlPage(html, nativePath(path));
     if (!told.empty()) {
         console.error(visibleText(decodedText(told)) + '\n');
