@@ -56,6 +56,20 @@ public:
         rows_[size_++] = row;
     }
 
+    /// For who appends many rows: where the next one belongs, and behind the last that there is room for. Where there
+    /// is none, room is made. The rows count when they are told by endAt().
+    struct Room {
+        Row* next;
+        const Row* limit;
+    };
+    Room makeRoom() {
+        if (size_ == capacity_) {
+            grow();
+        }
+        return {rows_ + size_, rows_ + capacity_};
+    }
+    void endAt(const Row* end) { size_ = static_cast<std::size_t>(end - rows_); }
+
 private:
     /// Half as much again: what is never touched costs no memory.
     void grow() {

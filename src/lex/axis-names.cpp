@@ -44,7 +44,23 @@ AxisNames::AxisNames(std::vector<std::string> names)
         }
         slots_[slot] = axis + 1;
     }
+    findBeginnings();
     findContinuations();
+}
+
+void AxisNames::findBeginnings() {
+    for (const std::string_view name : names_) {
+        if (!name.empty()) {
+            const auto first = static_cast<unsigned char>(name[0]);
+            begins_[first] = true;
+            letters_[first] = letters_[first] || name.size() == 1;
+        }
+    }
+    for (const std::string_view name : names_) {
+        if (name.size() > 1 && isDigit(name[1])) {
+            letters_[static_cast<unsigned char>(name[0])] = false;
+        }
+    }
 }
 
 void AxisNames::findContinuations() {

@@ -28,6 +28,13 @@ public:
     /// there is none. Takes time in proportion to the longest name.
     std::size_t lengthAt(std::string_view word) const;
 
+    /// Whether some name begins with `c`.
+    bool mayBegin(char c) const { return begins_[static_cast<unsigned char>(c)]; }
+
+    /// Whether `c` is a name, and so it is in front of a digit, since no longer name goes on with one. No keyword
+    /// is one letter or has a digit behind the first: such a word is the axis whatever follows.
+    bool isLetter(char c) const { return letters_[static_cast<unsigned char>(c)]; }
+
     /// Whether some name is another one followed by `c`, whatever follows then.
     bool goesOnWith(char c) const { return continuations_[static_cast<unsigned char>(c)]; }
 
@@ -38,6 +45,7 @@ public:
     std::size_t longestName() const { return longestName_; }
 
 private:
+    void findBeginnings();
     void findContinuations();
     std::optional<std::uint32_t> find(std::string_view word, std::uint64_t hash) const;
 
@@ -45,6 +53,8 @@ private:
     std::vector<std::uint32_t> slots_;  // axis number + 1 by hash, open addressing; 0 is free
     std::size_t longestName_ = 0;
     bool areOfParameterFile_ = true;
+    std::array<bool, 256> begins_{};
+    std::array<bool, 256> letters_{};
     std::array<bool, 256> continuations_{};
 };
 

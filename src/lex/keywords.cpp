@@ -1,5 +1,6 @@
 #include "src/lex/keywords.h"
 
+#include <array>
 #include <iterator>
 
 #include "src/lex/word-table.h"
@@ -19,22 +20,40 @@ constexpr WordRow spellings[] = {
 
 constexpr WordTable keywords(spellings);
 
-/// Names, without their "$", that may carry an index as digits behind them.
-constexpr WordRow numberedNames[] = {
-    {"GLOBAL", TokenType::GLOBAL_VARIABLE},   {"GLOB", TokenType::GLOBAL_VARIABLE},
-    {"TASK", TokenType::TASK_VARIABLE},       {"INFO", TokenType::INFO_VARIABLE},
-    {"STRGLOB", TokenType::STRGLOB_VARIABLE}, {"STRTASK", TokenType::STRTASK_VARIABLE},
-    {"APTGLOB", TokenType::APTGLOB_VARIABLE}, {"APTTASK", TokenType::APTTASK_VARIABLE},
-    {"BO", TokenType::BO_VARIABLE},           {"BI", TokenType::BI_VARIABLE},
-    {"RO", TokenType::RO_VARIABLE},           {"RI", TokenType::RI_VARIABLE},
-    {"DO", TokenType::DO_VARIABLE},           {"DI", TokenType::DI_VARIABLE},
-    {"WO", TokenType::WO_VARIABLE},           {"WI", TokenType::WI_VARIABLE},
-    {"AO", TokenType::AO_VARIABLE},           {"AI", TokenType::AI_VARIABLE},
-    {"PORT", TokenType::PORT_VARIABLE},       {"TASKINDEX", TokenType::TASKINDEX_VARIABLE},
-};
+/// No keyword is one letter or has a digit behind the first, which AxisNames::isLetter() relies on.
+constexpr bool areLongWords = [] {
+    for (const WordRow& row : spellings) {
+        if (!isDigit(row.word[0]) && (row.word.size() == 1 || isDigit(row.word[1]))) {
+            return false;
+        }
+    }
+    return true;
+}();
+static_assert(areLongWords);
 
-/// Names, without their "$", that are compared whole: with digits behind them they are user variables.
-constexpr WordRow wholeNames[] = {
+/// Names of variables without their "$". Those up to TASKINDEX may carry an index as digits behind them; the others
+/// are compared whole: with digits behind them they are user variables.
+constexpr WordRow variableNames[] = {
+    {"GLOBAL", TokenType::GLOBAL_VARIABLE},
+    {"GLOB", TokenType::GLOBAL_VARIABLE},
+    {"TASK", TokenType::TASK_VARIABLE},
+    {"INFO", TokenType::INFO_VARIABLE},
+    {"STRGLOB", TokenType::STRGLOB_VARIABLE},
+    {"STRTASK", TokenType::STRTASK_VARIABLE},
+    {"APTGLOB", TokenType::APTGLOB_VARIABLE},
+    {"APTTASK", TokenType::APTTASK_VARIABLE},
+    {"BO", TokenType::BO_VARIABLE},
+    {"BI", TokenType::BI_VARIABLE},
+    {"RO", TokenType::RO_VARIABLE},
+    {"RI", TokenType::RI_VARIABLE},
+    {"DO", TokenType::DO_VARIABLE},
+    {"DI", TokenType::DI_VARIABLE},
+    {"WO", TokenType::WO_VARIABLE},
+    {"WI", TokenType::WI_VARIABLE},
+    {"AO", TokenType::AO_VARIABLE},
+    {"AI", TokenType::AI_VARIABLE},
+    {"PORT", TokenType::PORT_VARIABLE},
+    {"TASKINDEX", TokenType::TASKINDEX_VARIABLE},
     {"RETURN", TokenType::RETURN_VARIABLE},
     {"PGLOBAL", TokenType::SYSTEM_PARAMETER},
     {"PGLOB", TokenType::SYSTEM_PARAMETER},
@@ -45,8 +64,38 @@ constexpr WordRow wholeNames[] = {
     {"TASKSTATUS", TokenType::TASKSTATUS_VARIABLE},
 };
 
-constexpr WordTable numberedVariables(numberedNames);
-constexpr WordTable wholeVariables(wholeNames);
+constexpr WordTable variables(variableNames);
+
+/// By first letter, which second letters follow it: most names of users are told by these.
+constexpr auto variableLetters = [] {
+    std::array<std::uint32_t, 32> letters{};
+    for (const WordRow& row : variableNames) {
+        letters[static_cast<unsigned char>(row.word[0]) % 32U] |= std::uint32_t{1}
+                                                                  << row.word[1] % 32;
+    }
+    return letters;
+}();
+
+bool mayBeginVariableName(char first, char second) {
+    return (variableLetters[static_cast<unsigned char>(first) % 32U] >>
+                (static_cast<unsigned char>(second) % 32U) &
+            1U) != 0;
+}
+
+/// Whether a name of the table is compared whole.
+bool isWhole(TokenType kind) {
+    using enum TokenType;
+    switch (kind) {
+        case RETURN_VARIABLE:
+        case SYSTEM_PARAMETER:
+        case AXIS_PARAMETER:
+        case TASK_PARAMETER:
+        case SYSTEMSTATUS_VARIABLE:
+        case AXISSTATUS_VARIABLE:
+        case TASKSTATUS_VARIABLE: return true;
+        default: return false;
+    }
+}
 
 }  // namespace
 
@@ -55,13 +104,14 @@ TokenType keywordKind(std::string_view word) {
 }
 
 TokenType variableKind(std::string_view word) {
+    if (word.size() < 3 || !mayBeginVariableName(word[1], word[2])) {
+        return TokenType::VARIABLE;
+    }
     const std::string_view digits = trailingDigits(word);
     const std::string_view name = word.substr(1, word.size() - digits.size() - 1);
-    TokenType kind = numberedVariables.find(name);
-    if (kind == TokenType::INVALID && digits.empty()) {
-        kind = wholeVariables.find(name);
-    }
-    return kind == TokenType::INVALID ? TokenType::VARIABLE : kind;
+    const TokenType kind = variables.find(name);
+    const bool isUsers = kind == TokenType::INVALID || (!digits.empty() && isWhole(kind));
+    return isUsers ? TokenType::VARIABLE : kind;
 }
 
 }  // namespace torvel

@@ -7,8 +7,10 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <string>
 
+#include "src/base/byte-block.h"
 #include "src/base/characters.h"
 #include "src/base/messages.h"
 #include "src/base/parse-exception.h"
@@ -18,14 +20,17 @@ namespace torvel {
 
 namespace {
 
-/// The kind of a word that is this one letter; TokenType::INVALID for H and for letters outside E to T.
-TokenType addressLetterKind(char letter) {
-    constexpr std::string_view letters = "EFGIJKLMNOPQRST";
-    const std::size_t index = letters.find(upperCase(letter));
-    return index == std::string_view::npos
-               ? TokenType::INVALID
-               : static_cast<TokenType>(static_cast<std::size_t>(TokenType::LETTER_E) + index);
-}
+/// The kinds of words that are one letter, by the letter; TokenType::INVALID for H and for letters outside E to T.
+constexpr std::array<TokenType, 256> addressLetters = []() {
+    std::array<TokenType, 256> kinds{};
+    auto kind = static_cast<std::uint32_t>(TokenType::LETTER_E);
+    for (const char letter : std::string_view("EFGIJKLMNOPQRST")) {
+        kinds[static_cast<unsigned char>(letter)] = TokenType{kind};
+        kinds[static_cast<unsigned char>(lowerCase(letter))] = TokenType{kind};
+        ++kind;
+    }
+    return kinds;
+}();
 
 /// The kind of a G-code word or an address letter, told by its first byte and the one behind it;
 /// TokenType::INVALID for any other word.
@@ -33,8 +38,9 @@ TokenType letterKind(char first, char following) {
     if ((first == 'G' || first == 'g') && isDigit(following)) {
         return TokenType::GCODE_WORD;
     }
-    return hasClass(following, letterClass | underscoreClass) ? TokenType::INVALID
-                                                              : addressLetterKind(first);
+    return hasClass(following, letterClass | underscoreClass)
+               ? TokenType::INVALID
+               : addressLetters[static_cast<unsigned char>(first)];
 }
 
 /// The length of AXISF at the end of the word or before a digit; 0 if it does not begin so.
@@ -60,44 +66,52 @@ WordStart startOfWord(std::string_view word, const AxisNames& axes) {
     if (const TokenType keyword = keywordKind(word); keyword != TokenType::INVALID) {
         return {keyword, word.size()};
     }
-    if (const std::size_t length = axisFeedrateLength(word, axes); length != 0) {
-        return {TokenType::AXIS_FEEDRATE, length};
-    }
-    // "X10" is the axis X and 10.
-    if (const std::size_t length = axes.lengthAt(word); length != 0) {
-        return {TokenType::AXIS_NAME, length};
+    if (axes.mayBegin(word[0])) {
+        if (const std::size_t length = axisFeedrateLength(word, axes); length != 0) {
+            return {TokenType::AXIS_FEEDRATE, length};
+        }
+        // "X10" is the axis X and 10.
+        if (const std::size_t length = axes.lengthAt(word); length != 0) {
+            return {TokenType::AXIS_NAME, length};
+        }
     }
     return {TokenType::IDENTIFIER, word.size()};
 }
 
 /// What a byte begins.
-struct Start {
-    enum class Kind : std::uint8_t { single, word, number, punctuation };
+enum class Start : std::uint8_t { punctuation, single, blank, word, number };
 
-    Kind kind = Kind::punctuation;
-    /// The kind of token that a single character is whatever follows.
-    TokenType single = TokenType::INVALID;
-};
+/// The kinds of token that a single character is whatever follows.
+constexpr std::array<TokenType, 256> singles = []() {
+    std::array<TokenType, 256> kinds{};
+    using enum TokenType;
+    kinds['('] = LEFT_PAREN;
+    kinds[')'] = RIGHT_PAREN;
+    kinds['['] = LEFT_BRACKET;
+    kinds[']'] = RIGHT_BRACKET;
+    kinds[','] = COMMA;
+    kinds['.'] = DOT;
+    kinds[':'] = COLON;
+    kinds['@'] = AT;
+    kinds['^'] = CARET;
+    kinds['~'] = TILDE;
+    return kinds;
+}();
 
 constexpr std::array<Start, 256> starts = []() {
     std::array<Start, 256> table{};
     for (unsigned c = 0; c < table.size(); ++c) {
         const char character = static_cast<char>(c);
-        table[c].kind = isDigit(character)                      ? Start::Kind::number
-                        : hasClass(character, wordStartClasses) ? Start::Kind::word
-                                                                : Start::Kind::punctuation;
+        if (isDigit(character)) {
+            table[c] = Start::number;
+        } else if (hasClass(character, wordStartClasses)) {
+            table[c] = Start::word;
+        } else if (isBlank(character)) {
+            table[c] = Start::blank;
+        } else if (singles[c] != TokenType::INVALID) {
+            table[c] = Start::single;
+        }
     }
-    using enum TokenType;
-    table['('] = {Start::Kind::single, LEFT_PAREN};
-    table[')'] = {Start::Kind::single, RIGHT_PAREN};
-    table['['] = {Start::Kind::single, LEFT_BRACKET};
-    table[']'] = {Start::Kind::single, RIGHT_BRACKET};
-    table[','] = {Start::Kind::single, COMMA};
-    table['.'] = {Start::Kind::single, DOT};
-    table[':'] = {Start::Kind::single, COLON};
-    table['@'] = {Start::Kind::single, AT};
-    table['^'] = {Start::Kind::single, CARET};
-    table['~'] = {Start::Kind::single, TILDE};
     return table;
 }();
 
@@ -110,26 +124,28 @@ struct Lexeme {
 /// Each reader takes the place of a token's first byte.
 class Lexer {
 public:
-    Lexer(const TextStore& text, const AxisNames& axes, TextSpan code,
-          const SourcePosition& position, GrowingArray<Token>& tokens)
-        : tokens_(tokens),
+    Lexer(const TextStore& text, const AxisNames& axes, const SourcePosition& position,
+          GrowingArray<Token>& tokens)
+        : text_(text),
           axes_(axes),
           position_(position),
-          code_(code),
-          begin_(text.view(code).data()),
-          end_(begin_ + code.length),
-          wordEnd_(begin_) {}
+          tokens_(tokens),
+          room_(tokens.makeRoom()) {}
 
-    void run() {
-        for (const char* next = endOfRun(begin_, blankClass); next != end_;
-             next = endOfRun(next, blankClass)) {
-            const Start start = starts[static_cast<unsigned char>(*next)];
-            Lexeme lexeme{start.single, next + 1};
-            switch (start.kind) {
-                case Start::Kind::single: break;
-                case Start::Kind::word: lexeme = readWord(next); break;
-                case Start::Kind::number: lexeme = readNumber(next); break;
-                case Start::Kind::punctuation: lexeme = readPunctuation(next); break;
+    void lex(TextSpan code) {
+        const char* next = text_.view(code).data();
+        bias_ = code.offset - addressOf(next);
+        end_ = next + code.length;
+        wordEnd_ = next;
+        while (next != end_) {
+            const auto byte = static_cast<unsigned char>(*next);
+            Lexeme lexeme{};
+            switch (starts[byte]) {
+                case Start::blank: ++next; continue;
+                case Start::single: lexeme = {singles[byte], next + 1}; break;
+                case Start::word: lexeme = readWord(next); break;
+                case Start::number: lexeme = readNumber(next); break;
+                case Start::punctuation: lexeme = readPunctuation(next); break;
             }
             if (lexeme.type != TokenType::INVALID) {
                 append(lexeme.type, next, lexeme.last);
@@ -138,6 +154,17 @@ public:
         }
     }
 
+    void append(const Token& token) {
+        if (room_.next == room_.limit) [[unlikely]] {
+            finish();
+            room_ = tokens_.makeRoom();
+        }
+        *room_.next++ = token;
+    }
+
+    /// The tokens count from now on.
+    void finish() { tokens_.endAt(room_.next); }
+
 private:
     /// The byte `distance` behind `at`; NUL behind the end.
     char peek(const char* at, std::ptrdiff_t distance = 1) const {
@@ -145,33 +172,51 @@ private:
     }
 
     void append(TokenType type, const char* first, const char* last) {
-        tokens_.push_back({type,
-                           {code_.subspan(static_cast<std::size_t>(first - begin_),
-                                          static_cast<std::size_t>(last - first))}});
+        append({type, {{addressOf(first) + bias_, static_cast<std::uint32_t>(last - first)}}});
     }
 
-    /// Where the characters of `classes` end that begin at `from`.
-    const char* endOfRun(const char* from, unsigned classes) const {
-        const char* const end = end_;
-        while (from != end && hasClass(*from, classes)) {
-            ++from;
+    /// The lower half of a place in memory, from which a place in the text is as far everywhere in a code.
+    static std::uint32_t addressOf(const char* at) {
+        return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(at));
+    }
+
+    /// Where the bytes end that begin at `from` and are of the kind that `areOf` tells of a block.
+    template <typename AreOf>
+    const char* endOfRun(const char* from, AreOf areOf) const {
+        while (true) {
+            const auto length = static_cast<unsigned>(std::countr_one(areOf(ByteBlock(from))));
+            if (length < ByteBlock::size) {
+                return std::min(from + length, end_);
+            }
+            if (end_ - from <= static_cast<std::ptrdiff_t>(ByteBlock::size)) {
+                return end_;
+            }
+            from += ByteBlock::size;
         }
-        return from;
+    }
+    const char* endOfDigits(const char* from) const {
+        return endOfRun(from, [](const ByteBlock& block) { return block.digits(); });
+    }
+    const char* endOfWordCharacters(const char* from) const {
+        return endOfRun(from, [](const ByteBlock& block) { return block.wordCharacters(); });
     }
 
     /// Where the word at `first` ends. A word that holds many tokens is measured once.
     const char* endOfWord(const char* first) {
         if (first >= wordEnd_) {
-            wordEnd_ = endOfRun(first + 1, wordClasses);
+            wordEnd_ = endOfWordCharacters(first + 1);
         }
         return wordEnd_;
     }
 
     Lexeme readWord(const char* first) {
-        const TokenType letter = letterKind(*first, peek(first));
+        const char following = peek(first);
+        const TokenType letter = letterKind(*first, following);
         if (letter != TokenType::INVALID) {
-            return {letter,
-                    letter == TokenType::GCODE_WORD ? endOfRun(first + 1, digitClass) : first + 1};
+            return {letter, letter == TokenType::GCODE_WORD ? endOfDigits(first + 1) : first + 1};
+        }
+        if (axes_.isLetter(*first) && !hasClass(following, letterClass | underscoreClass)) {
+            return {TokenType::AXIS_NAME, first + 1};
         }
         const char* last = endOfWord(first);
         const std::string_view word(first, static_cast<std::size_t>(last - first));
@@ -180,7 +225,7 @@ private:
     }
 
     Lexeme readNumber(const char* first) {
-        const char* last = endOfRun(first + 1, digitClass);
+        const char* last = endOfDigits(first + 1);
         if (last != end_) {
             if (isLetter(*last)) {
                 const char letter = upperCase(*last);
@@ -192,7 +237,7 @@ private:
                     return {keyword, last + 1};
                 }
             } else if (*last == '.') {
-                return {TokenType::FLOAT_LITERAL, endOfRun(last + 1, digitClass)};
+                return {TokenType::FLOAT_LITERAL, endOfDigits(last + 1)};
             }
         }
         return {TokenType::INTEGER_LITERAL, last};
@@ -200,7 +245,11 @@ private:
 
     /// A prefix of two characters ("0x", "0H", "&h") and hexadecimal digits.
     Lexeme readHexadecimal(const char* first) {
-        return {TokenType::HEX_LITERAL, endOfRun(first + 2, hexDigitClass)};
+        const char* last = first + 2;
+        while (last != end_ && isHexDigit(*last)) {
+            ++last;
+        }
+        return {TokenType::HEX_LITERAL, last};
     }
 
     Lexeme readString(const char* first) {
@@ -213,7 +262,7 @@ private:
     }
 
     Lexeme readVariable(const char* first) {
-        const char* last = endOfRun(first + 1, wordClasses);
+        const char* last = endOfWordCharacters(first + 1);
         return {variableKind({first, static_cast<std::size_t>(last - first)}), last};
     }
 
@@ -289,42 +338,42 @@ private:
                              {std::string_view(at, 1), std::to_string(value)}, position_);
     }
 
-    GrowingArray<Token>& tokens_;
+    const TextStore& text_;
     const AxisNames& axes_;
     const SourcePosition& position_;
-    TextSpan code_;
-    const char* begin_;
-    const char* end_;
-    const char* wordEnd_;
+    GrowingArray<Token>& tokens_;
+    GrowingArray<Token>::Room room_;
+    std::uint32_t bias_ = 0;
+    const char* end_ = nullptr;
+    const char* wordEnd_ = nullptr;
 };
 
 }  // namespace
 
 void lexLine(const TextStore& text, const AxisNames& axes, TextSpan code,
              const SourcePosition& position, GrowingArray<Token>& tokens) {
-    Lexer(text, axes, code, position, tokens).run();
+    Lexer lexer(text, axes, position, tokens);
+    lexer.lex(code);
+    lexer.finish();
 }
 
 std::span<const Token> tokensOf(const Program& program, const LineList& list, std::size_t line,
                                 const AxisNames& axes, GrowingArray<Token>& room) {
     const SourcePosition position = list.lines[line].position();
     room.clear();
+    Lexer lexer(program.text, axes, position, room);
     if (!list.hasTokens(line)) {
-        lexLine(program.text, axes, list.codeOf(line), position, room);
-        return {room.data(), room.size()};
-    }
-    const std::span<const Token> tokens = list.tokensOf(line);
-    const auto isPiece = [](const Token& token) { return token.type == TokenType::INVALID; };
-    if (std::none_of(tokens.begin(), tokens.end(), isPiece)) {
-        return tokens;
-    }
-    for (const Token& token : tokens) {
-        if (isPiece(token)) {
-            lexLine(program.text, axes, token.text, position, room);
-        } else {
-            room.push_back(token);
+        lexer.lex(list.codeOf(line));
+    } else {
+        for (const Token& token : list.tokensOf(line)) {
+            if (token.type == TokenType::INVALID) {
+                lexer.lex(token.text);  // a piece
+            } else {
+                lexer.append(token);
+            }
         }
     }
+    lexer.finish();
     return {room.data(), room.size()};
 }
 

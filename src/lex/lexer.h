@@ -15,8 +15,8 @@ namespace torvel {
 void lexLine(const TextStore& text, const AxisNames& axes, TextSpan code,
              const SourcePosition& position, GrowingArray<Token>& tokens);
 
-/// Whether lexLine() might throw for `code`, a text of a TextStore whose quotes pair. Where the processor
-/// compares sixteen bytes at once, as many are read.
+/// Whether lexLine() might throw for `code`, a text of a TextStore whose quotes pair. It is read
+/// in blocks of sixteen bytes.
 bool mayBeRefused(std::string_view code);
 
 /// The tokens of a line: those that it has already, or else lexed into `room`.

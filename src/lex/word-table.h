@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "src/base/characters.h"
@@ -84,14 +85,43 @@ private:
     }
 
     static bool isUpperCaseOf(std::string_view upper, std::string_view word) {
-        if (upper.size() != word.size()) {
+        const std::size_t size = word.size();
+        if (upper.size() != size) {
             return false;
         }
         std::size_t i = 0;
-        while (i < word.size() && upper[i] == upperCase(word[i])) {
+        for (; i + 8 <= size; i += 8) {
+            if (upperCaseOf(bytesAt<std::uint64_t>(word, i)) != bytesAt<std::uint64_t>(upper, i)) {
+                return false;
+            }
+        }
+        if (i + 4 <= size) {
+            if (upperCaseOf(bytesAt<std::uint32_t>(word, i)) != bytesAt<std::uint32_t>(upper, i)) {
+                return false;
+            }
+            i += 4;
+        }
+        while (i < size && upper[i] == upperCase(word[i])) {
             ++i;
         }
-        return i == word.size();
+        return i == size;
+    }
+
+    template <typename Number>
+    static Number bytesAt(std::string_view text, std::size_t at) {
+        Number bytes = 0;
+        std::memcpy(&bytes, text.data() + at, sizeof bytes);
+        return bytes;
+    }
+
+    /// Bytes of a number in upper case. The highest bit of each tells that it is at least "a", or behind "z".
+    static std::uint64_t upperCaseOf(std::uint64_t bytes) {
+        constexpr std::uint64_t each = 0x0101010101010101U;
+        const std::uint64_t low = bytes & (0x7FU * each);
+        const std::uint64_t fromA = low + (0x80U - 'a') * each;
+        const std::uint64_t behindZ = low + (0x7FU - 'z') * each;
+        const std::uint64_t areLower = fromA & ~behindZ & ~bytes & (0x80U * each);
+        return bytes - (areLower >> 2U);
     }
 
     const WordRow (&rows_)[count];
