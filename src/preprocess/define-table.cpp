@@ -6,15 +6,6 @@
 
 namespace torvel {
 
-std::size_t DefineTable::slotOf(std::string_view name, std::uint64_t hash) const {
-    std::size_t slot = hash & (slots_.size() - 1);
-    while (slots_[slot].number != 0 && (slots_[slot].hash != static_cast<std::uint32_t>(hash) ||
-                                        names_[slots_[slot].number - 1].text != name)) {
-        slot = (slot + 1) & (slots_.size() - 1);
-    }
-    return slot;
-}
-
 void DefineTable::growSlots() {
     std::vector<Slot> old(slots_.empty() ? 64 : slots_.size() * 2);
     old.swap(slots_);
@@ -115,21 +106,6 @@ void DefineTable::show(std::uint32_t scope) {
     scopes_[scope].takenOff = none;
     scopes_[scope].isHidden = false;
     hiddenScopes_ -= 1;
-}
-
-const DefineTable::Entry* DefineTable::find(std::string_view name, std::uint64_t hash) {
-    if (names_.empty()) {
-        return nullptr;
-    }
-    const std::uint32_t number = slots_[slotOf(name, hash)].number;
-    if (number == 0) {
-        return nullptr;
-    }
-    Name& found = names_[number - 1];
-    if (hiddenScopes_ != 0) {
-        takeOffHidden(found);
-    }
-    return found.top == none ? nullptr : &entries_[found.top];
 }
 
 const DefineTable::Entry* DefineTable::findUntaken(std::string_view name,

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "src/base/characters.h"
 #include "src/base/program.h"
 #include "src/preprocess/long-names.h"
 
@@ -32,13 +33,16 @@ struct NameLengths {
     static constexpr std::size_t bits = 64;
 
     std::array<std::uint64_t, pairs> byPair{};
-    /// By byte: whether a name or a string begins with it, and whether it is a name.
+    /// Which third bytes names with the pair have, by their lower five bits; all if one has no third byte.
+    std::array<std::uint32_t, pairs> thirds{};
+    /// By byte: whether a name or a string begins with it.
     std::array<bool, 256> begins = [] {
         std::array<bool, 256> bytes{};
         bytes['"'] = true;
         return bytes;
     }();
-    std::array<bool, 256> isName{};
+    /// Whether a name begins with anything but a letter, "_" and "$", or has a character that ends a word.
+    bool hasOddNames = false;
 
     static constexpr std::size_t pairOf(char first, char second) {
         return (static_cast<unsigned char>(first) * 33U ^ static_cast<unsigned char>(second)) %
@@ -52,15 +56,36 @@ struct NameLengths {
             return;
         }
         begins[first] = true;
+        hasOddNames = hasOddNames || !(isLetter(name[0]) || name[0] == '_' || name[0] == '$');
+        for (const char c : name) {
+            hasOddNames = hasOddNames || isWhiteSpace(c) || c == '"';
+        }
         if (name.size() == 1) {
-            isName[first] = true;
+            for (unsigned second = 0; second < 256; ++second) {
+                enter(pairOf(name[0], static_cast<char>(second)), 1, allThirds);
+            }
         } else if (name.size() < LongNames::shortest) {
-            byPair[pairOf(name[0], name[1])] |= std::uint64_t{1} << name.size();
+            enter(pairOf(name[0], name[1]), name.size(),
+                  name.size() == 2 ? allThirds : thirdOf(name[2]));
         }
     }
     constexpr std::uint64_t of(char first, char second) const {
-        return byPair[pairOf(first, second)] |
-               (isName[static_cast<unsigned char>(first)] ? 2U : 0U);
+        return byPair[pairOf(first, second)];
+    }
+    /// Whether a name may begin with the three bytes from `at` on, or with less.
+    bool mayBegin(const char* at) const {
+        return (thirds[pairOf(at[0], at[1])] & thirdOf(at[2])) != 0;
+    }
+
+private:
+    static constexpr std::uint32_t allThirds = ~std::uint32_t{0};
+
+    static constexpr std::uint32_t thirdOf(char third) {
+        return std::uint32_t{1} << static_cast<unsigned char>(third) % 32U;
+    }
+    constexpr void enter(std::size_t pair, std::size_t length, std::uint32_t third) {
+        byPair[pair] |= std::uint64_t{1} << length;
+        thirds[pair] |= third;
     }
 };
 
@@ -101,7 +126,20 @@ public:
 
     /// What `name`, whose FNV-1a hash is `hash`, is here; null if no `#define`, `#macro` or `#undef`
     /// that can be seen has named it.
-    const Entry* find(std::string_view name, std::uint64_t hash);
+    const Entry* find(std::string_view name, std::uint64_t hash) {
+        if (names_.empty()) {
+            return nullptr;
+        }
+        const std::uint32_t number = slots_[slotOf(name, hash)].number;
+        if (number == 0) {
+            return nullptr;
+        }
+        Name& found = names_[number - 1];
+        if (hiddenScopes_ != 0) {
+            takeOffHidden(found);
+        }
+        return found.top == none ? nullptr : &entries_[found.top];
+    }
 
     /// Whether an entry counts everywhere, not only in a branch that is open.
     bool isProgramWide(const Entry& entry) { return rootOf(entry.scope_) == 0; }
@@ -155,7 +193,14 @@ private:
         std::uint32_t number = 0;  // of the name + 1; 0: free
     };
 
-    std::size_t slotOf(std::string_view name, std::uint64_t hash) const;
+    std::size_t slotOf(std::string_view name, std::uint64_t hash) const {
+        std::size_t slot = hash & (slots_.size() - 1);
+        while (slots_[slot].number != 0 && (slots_[slot].hash != static_cast<std::uint32_t>(hash) ||
+                                            names_[slots_[slot].number - 1].text != name)) {
+            slot = (slot + 1) & (slots_.size() - 1);
+        }
+        return slot;
+    }
     std::uint32_t intern(std::string_view name);
     void growSlots();
     std::uint32_t addScope();

@@ -4,16 +4,19 @@
 // cut the longest name wins, and cutting goes on behind it.
 //
 // Only spans that a name could be are looked up: the lengths of the names that begin with a span's
-// first two characters are known, and one hash runs along.
+// first two characters are known, and one hash runs along. Where names begin with a letter, "_" or "$",
+// and none is very long, cuts are told for many bytes at once (cut-search.h).
 
 #include "src/preprocess/defines.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <optional>
 
 #include "src/base/characters.h"
 #include "src/base/hash.h"
+#include "src/preprocess/cut-search.h"
 #include "src/preprocess/name-cuts.h"
 
 namespace torvel {
@@ -102,57 +105,116 @@ std::size_t wordLength(std::string_view text) {
 /// Looks for names in one text, from left to right.
 class Defines::NameFinder {
 public:
-    NameFinder(Defines& defines, std::string_view text, std::size_t rowLimit, bool withProgramNames)
+    /// `starts` are those of the text.
+    NameFinder(Defines& defines, std::string_view text, const NameStarts& starts,
+               std::size_t rowLimit, bool withProgramNames)
         : defines_(defines),
           text_(text),
           rowLimit_(rowLimit),
           withProgramNames_(withProgramNames),
-          lengths_(withProgramNames ? defines.table_.lengths() : *defines.predefined_.lengths),
+          lengths_(defines.lengths(withProgramNames)),
+          starts_(starts),
           hasLongNames_(withProgramNames && !defines.table_.longNames().empty()) {}
 
     /// The first name at or behind `at`, which is a cut; its place is then `at`. No expansion: there is
     /// none.
     Match next(std::size_t& at) {
-        const std::array<bool, 256>& begins = lengths_.begins;
+        if (lengths_.hasOddNames || hasLongNames_) [[unlikely]] {
+            return nextOfAny(at);
+        }
         const char* const begin = text_.data();
         const char* const end = begin + text_.size();
-        const char* next = begin + at;
+        starts_.moveTo(begin + at);
         while (true) {
-            while (next != end && !begins[static_cast<unsigned char>(*next)]) {
-                ++next;
-            }
-            if (next == end) {
+            const char* const start = starts_.find();
+            if (start == end) {
                 return {};
             }
-            if (*next == '"') {
-                next = std::find(next + 1, end, '"');
-                if (next == end) {
-                    return {};
-                }
-                ++next;
+            if (*start == '"') {
+                starts_.moveTo(behindString(start));
                 continue;
             }
-            const char* const cut = findCut(next, end);
-            if (next == begin || isCut(next[-1], *next)) {
-                at = static_cast<std::size_t>(next - begin);
-                if (const Match match = longestAt(at, cut); match.expansion != nullptr) {
+            if (start == begin || isCut(start[-1], *start)) {
+                if (const Match match = longestAt(start); match.expansion != nullptr) {
+                    at = static_cast<std::size_t>(start - begin);
                     return match;
                 }
             }
-            next = cut;
+            starts_.stepOver();
         }
     }
 
 private:
-    /// `cut` is the first place behind `start` where a name may end.
-    Match longestAt(std::size_t start, const char* cut) {
-        if (hasLongNames_) [[unlikely]] {
-            if (const Match match = longName(start); match.expansion != nullptr) {
-                return match;
+    /// Behind the string that begins at `quote`, or the end.
+    const char* behindString(const char* quote) const {
+        const char* const end = text_.data() + text_.size();
+        const char* const closing = std::find(quote + 1, end, '"');
+        return closing == end ? end : closing + 1;
+    }
+
+    /// The same where names begin with any character, or are long.
+    Match nextOfAny(std::size_t& at) {
+        const std::array<bool, 256>& begins = lengths_.begins;
+        const char* const begin = text_.data();
+        const char* const end = begin + text_.size();
+        const char* place = begin + at;
+        while (true) {
+            while (place != end && !begins[static_cast<unsigned char>(*place)]) {
+                ++place;
+            }
+            if (place == end) {
+                return {};
+            }
+            if (*place == '"') {
+                place = behindString(place);
+                continue;
+            }
+            if (place == begin || isCut(place[-1], *place)) {
+                at = static_cast<std::size_t>(place - begin);
+                if (hasLongNames_) {
+                    if (const Match match = longName(at); match.expansion != nullptr) {
+                        return match;
+                    }
+                }
+                if (const Match match = longestOfAny(place); match.expansion != nullptr) {
+                    return match;
+                }
+            }
+            place = findCut(place, end);
+        }
+    }
+
+    /// The longest name at `start`, a cut.
+    Match longestAt(const char* start) {
+        const char* const end = text_.data() + text_.size();
+        const CutDistances distances = cutsBehind(start, end);
+        const std::uint64_t lengths = lengths_.of(start[0], start[1]) & distances.inWord;
+        if (lengths >> CutDistances::known != 0) [[unlikely]] {
+            return longestOfAny(start);
+        }
+        return longestOf(start, lengths & distances.cuts & ~std::uint64_t{1});
+    }
+
+    /// The longest name at `begin` of one of the lengths.
+    Match longestOf(const char* begin, std::uint64_t lengths) {
+        Match best;
+        std::uint64_t hash = fnvOffsetBasis;
+        const char* hashed = begin;
+        for (; lengths != 0; lengths &= lengths - 1) {
+            const auto length = static_cast<std::size_t>(std::countr_zero(lengths));
+            for (; hashed != begin + length; ++hashed) {
+                hash = extendHash(hash, *hashed);
+            }
+            if (const Expansion* expansion = find({begin, length}, hash)) {
+                best = {length, expansion};
             }
         }
-        const char* const begin = text_.data() + start;
-        const std::size_t room = text_.size() - start;
+        return best;
+    }
+
+    /// The longest name at `begin`, whatever names are made of.
+    Match longestOfAny(const char* begin) {
+        const auto room = static_cast<std::size_t>(text_.data() + text_.size() - begin);
         const std::uint64_t lengths = lengths_.of(begin[0], room > 1 ? begin[1] : '\0');
         if (lengths >> 1U == 0) {
             return {};
@@ -161,6 +223,7 @@ private:
         Match best;
         std::uint64_t hash = fnvOffsetBasis;
         const char* hashed = begin;
+        const char* cut = findCut(begin, limit);
         while (true) {
             const auto length = static_cast<std::size_t>(cut - begin);
             if (length >= NameLengths::bits) {
@@ -213,6 +276,7 @@ private:
     std::size_t rowLimit_;
     bool withProgramNames_;
     const NameLengths& lengths_;
+    NameStarts starts_;
     bool hasLongNames_;
     /// The long names in the word from `wordStart_` to `wordEnd_`.
     std::optional<LongNameSearch> longNames_;
@@ -224,7 +288,7 @@ private:
 const DefineTable::Entry* Defines::findInProgram(std::string_view name, std::uint64_t hash) {
     const DefineTable::Entry* entry = table_.find(name, hash);
     if (entry != nullptr &&
-        !(entry->kind == DefineTable::Kind::undefined && table_.isProgramWide(*entry))) {
+        (entry->kind != DefineTable::Kind::undefined || !table_.isProgramWide(*entry))) {
         return entry;
     }
     const DefineTable::Entry* untaken = table_.findUntaken(name, hash);
@@ -236,7 +300,12 @@ const DefineTable::Entry* Defines::findInProgram(std::string_view name, std::uin
 const Expansion* Defines::find(std::string_view name, std::uint64_t hash, std::size_t rowLimit,
                                bool withProgramNames) {
     if (withProgramNames) {
-        if (const DefineTable::Entry* entry = findInProgram(name, hash)) {
+        const DefineTable::Entry* entry = table_.find(name, hash);
+        if (entry != nullptr && entry->kind == DefineTable::Kind::define) {
+            return &entry->expansion;
+        }
+        entry = findInProgram(name, hash);
+        if (entry != nullptr) {
             return entry->kind == DefineTable::Kind::define ? &entry->expansion : nullptr;
         }
     }
@@ -271,20 +340,33 @@ const Expansion& Defines::predefinedExpansion(std::size_t row) {
     return predefinedExpansions_[row].expansion;
 }
 
+const NameLengths& Defines::lengths(bool withProgramNames) const {
+    return withProgramNames ? table_.lengths() : *predefined_.lengths;
+}
+
 bool Defines::substituteText(TextSpan text, std::size_t rowLimit, bool withProgramNames,
                              SubstitutedText& out) {
     const std::string_view all = program_.text.view(text);
-    NameFinder names(*this, all, rowLimit, withProgramNames);
-    std::size_t at = 0;
-    Match match = names.next(at);
-    if (match.expansion == nullptr) {
+    const NameLengths& known = lengths(withProgramNames);
+    NameStarts starts(all, known);
+    // Most texts without names are told here.
+    if (starts.find() == all.data() + all.size() && !known.hasOddNames &&
+        table_.longNames().empty()) {
         return false;
     }
+    NameFinder names(*this, all, starts, rowLimit, withProgramNames);
+    std::size_t at = 0;
     std::size_t plainStart = 0;
-    for (; match.expansion != nullptr; match = names.next(at)) {
+    bool isFound = false;
+    while (true) {
+        const Match match = names.next(at);
+        if (match.expansion == nullptr) {
+            break;
+        }
+        isFound = true;
         const Expansion expansion = *match.expansion;
         out.addPlain(text.subspan(plainStart, at - plainStart));
-        if (gathersUses_ && withProgramNames) {
+        if (gathersUses_ && withProgramNames) [[unlikely]] {
             const bool isToken = expansion.pieces.count == 1 &&
                                  pieces_[expansion.pieces.first].kind == Piece::Kind::token;
             uses_.push_back({text.subspan(at, match.length), isToken});
@@ -298,8 +380,10 @@ bool Defines::substituteText(TextSpan text, std::size_t rowLimit, bool withProgr
         at += match.length;
         plainStart = at;
     }
-    out.addPlain(text.subspan(plainStart, all.size() - plainStart));
-    return true;
+    if (isFound) {
+        out.addPlain(text.subspan(plainStart, all.size() - plainStart));
+    }
+    return isFound;
 }
 
 Expansion Defines::storeExpansion(const SubstitutedText& value, std::uint32_t bytes) {

@@ -99,6 +99,7 @@ public:
     bool isMacro(std::string_view name);
 
 private:
+    const NameLengths& lengths(bool withProgramNames) const;
     const DefineTable::Entry* findInProgram(std::string_view name, std::uint64_t hash);
     const Expansion* find(std::string_view name, std::uint64_t hash, std::size_t rowLimit,
                           bool withProgramNames);
