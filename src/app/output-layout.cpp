@@ -16,7 +16,7 @@ void appendMarker(const Program& program, const SourceLine& line, TextBuffer& ou
     out += ':';
     appendNumber(line.lineNumber, out);
     out += "): ";
-    out += program.text.view(line.text);
+    out.appendStored(program.text.view(line.text));
 }
 
 /// The text, trimmed, and the comment behind it. False: nothing but white space came of it.
@@ -24,10 +24,13 @@ bool appendConverted(const Program& program, const SourceLine& line, std::string
                      TextBuffer& out) {
     const std::string_view trimmed = trimBlanks(text);
     const bool isBlankLine = std::all_of(trimmed.begin(), trimmed.end(), isWhiteSpace);
-    out += trimmed;
+    out.appendStored(trimmed);
     if (!line.comment.empty()) {
-        out += isBlankLine ? "// " : " // ";
-        out += program.text.view(line.comment);
+        if (!isBlankLine) {
+            out += ' ';
+        }
+        out += "// ";
+        out.appendStored(program.text.view(line.comment));
     }
     return !isBlankLine || !line.comment.empty();
 }

@@ -9,7 +9,7 @@ namespace torvel {
 void TextBuffer::grow(std::size_t size) {
     const std::size_t count = this->size();
     const std::size_t room = std::max(size, 2 * static_cast<std::size_t>(limit_ - begin_));
-    char* const grown = new char[room];
+    char* const grown = new char[room + spareSize];
     std::memcpy(grown, begin_, count);
     release();
     begin_ = grown;

@@ -64,10 +64,23 @@ public:
         copy(end_, text.data(), text.size());
         end_ += text.size();
     }
+    /// The same for a text of a TextStore or of another TextBuffer, behind which some bytes can be read: copied
+    /// sixteen bytes at a time, the last ones with what follows.
+    void appendStored(std::string_view text) {
+        makeRoom(text.size());
+        char* to = end_;
+        const char* from = text.data();
+        end_ += text.size();
+        for (; to < end_; to += spareSize, from += spareSize) {
+            std::memcpy(to, from, spareSize);
+        }
+    }
     void append(std::size_t count, char c) {
-        makeRoom(count);
-        std::memset(end_, c, count);
-        end_ += count;
+        if (count != 0) {
+            makeRoom(count);
+            std::memset(end_, c, count);
+            end_ += count;
+        }
     }
     TextBuffer& operator+=(std::string_view text) {
         append(text);
@@ -149,9 +162,11 @@ private:
     void take(TextBuffer& other) noexcept;
 
     static constexpr std::size_t shortSize = 40;
+    /// So many bytes behind the limit can be read and written, but do not count.
+    static constexpr std::size_t spareSize = 16;
 
     /// The room of a short text: first, since the others point into it.
-    std::array<char, shortSize> inside_;
+    std::array<char, shortSize + spareSize> inside_;
     char* begin_ = inside_.data();
     char* end_ = inside_.data();
     char* limit_ = inside_.data() + shortSize;

@@ -35,7 +35,7 @@ bool hasHexPrefix(std::string_view text) {
 }
 
 /// The value of a text that is nothing but so few digits that each value of them is a double.
-std::optional<double> wholeNumber(std::string_view text) {
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
     if (text.size() > std::numeric_limits<double>::digits10) {
         return std::nullopt;
     }
@@ -46,7 +46,7 @@ std::optional<double> wholeNumber(std::string_view text) {
         }
         value = 10 * value + (c - '0');
     }
-    return static_cast<double>(value);
+    return value;
 }
 
 }  // namespace
@@ -54,6 +54,11 @@ std::optional<double> wholeNumber(std::string_view text) {
 std::optional<std::int32_t> parseIntegerText(std::string_view text) {
     if (text.empty()) {
         return 0;
+    }
+    if (text[0] != '0') {
+        if (const auto whole = wholeNumber(text); whole && *whole <= INT32_MAX) {
+            return static_cast<std::int32_t>(*whole);
+        }
     }
     auto [negative, digits] = readSign(text);
     int base = 10;
@@ -87,8 +92,9 @@ std::optional<double> parseRealText(std::string_view text) {
     } else if (digits.empty() ||
                (!isDigit(digits[0]) && !isLetter(digits[0]) && digits[0] != '.')) {
         return std::nullopt;
-    } else if (const std::optional<double> whole = wholeNumber(digits)) {
-        return negative ? -*whole : *whole;
+    } else if (const std::optional<std::int64_t> whole = wholeNumber(digits)) {
+        const auto value = static_cast<double>(*whole);
+        return negative ? -value : value;
     }
     double value = 0;
     const char* const end = digits.data() + digits.size();

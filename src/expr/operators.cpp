@@ -15,6 +15,7 @@
 
 #include "src/expr/expressions.h"
 #include "src/expr/number-text.h"
+#include "src/expr/variables.h"
 
 namespace torvel {
 
@@ -34,14 +35,21 @@ constexpr auto operatorNumbers = [] {
     return numbers;
 }();
 
-/// The current token's operator, if it groups to the left and binds at least as tightly as `loosest`.
-const BinaryOperator* operatorAt(const TokenCursor& cursor, Precedence loosest) {
-    const auto type = static_cast<std::uint32_t>(cursor.type());
+/// The operator that a kind of token is; null: it is none.
+const BinaryOperator* operatorOf(TokenType token) {
+    const auto type = static_cast<std::uint32_t>(token);
     if (type < firstOperator || type > lastOperator || operatorNumbers[type - firstOperator] == 0) {
         return nullptr;
     }
-    const BinaryOperator& entry = binaryOperators[operatorNumbers[type - firstOperator] - 1];
-    return entry.level >= loosest && entry.level < Precedence::power ? &entry : nullptr;
+    return &binaryOperators[operatorNumbers[type - firstOperator] - 1];
+}
+
+/// The current token's operator, if it groups to the left and binds at least as tightly as `loosest`.
+const BinaryOperator* operatorAt(const TokenCursor& cursor, Precedence loosest) {
+    const BinaryOperator* const entry = operatorOf(cursor.type());
+    const bool isMeant =
+        entry != nullptr && entry->level >= loosest && entry->level < Precedence::power;
+    return isMeant ? entry : nullptr;
 }
 
 /// unary ** power, grouping to the right
@@ -66,6 +74,17 @@ Precedence translatePower(Statement& statement, ExpressionText& out) {
         parenthesise(out, exponentStart);
     }
     return power.level;
+}
+
+/// The value of a text that was written when the cursor reached its place, if it is a number.
+std::optional<double> numberOf(const TokenCursor& cursor, std::string_view text) {
+    if (text.starts_with('$')) {
+        return std::nullopt;  // a variable, as most are
+    }
+    const TokenType last = cursor.previous();
+    const bool isDefine =
+        last == TokenType::PROGRAM_VARIABLE_DEFINE || last == TokenType::GLOBAL_VARIABLE_DEFINE;
+    return isDefine ? std::nullopt : parseRealText(text);
 }
 
 /// The value of a sum as long as both sides of every operator were numbers.
@@ -93,19 +112,52 @@ public:
 private:
     static std::optional<double> numberAt(const TokenCursor& cursor, const ExpressionText& out,
                                           std::size_t start) {
-        const std::string_view text = std::string_view(out).substr(start);
-        return isNumberText(cursor, text) ? parseRealText(text) : std::nullopt;
+        return numberOf(cursor, std::string_view(out).substr(start));
     }
 
     std::size_t start_;
     std::optional<double> value_;
 };
 
+/// Whether the operand of the power level at the cursor is one token, as most are, and what follows is no part of it.
+/// Who asks for checks asks for what is behind the longer way.
+bool isOneToken(const Statement& statement) {
+    const TokenCursor& cursor = statement.cursor;
+    const TokenType type = cursor.type();
+    const TokenType following = cursor.following();
+    const bool isNumber = type == TokenType::INTEGER_LITERAL || type == TokenType::FLOAT_LITERAL ||
+                          type == TokenType::NUMBER_DEFINE;
+    return (isNumber || (isBareVariable(cursor) && following != TokenType::PLUS_PLUS &&
+                         following != TokenType::MINUS_MINUS)) &&
+           following != TokenType::STAR_STAR && statement.context.record == nullptr;
+}
+
+/// Writes such an operand.
+void writeOneToken(Statement& statement, ExpressionText& out) {
+    if (statement.cursor.is(TokenType::NUMBER_DEFINE)) {
+        translateNumericLiteral(statement, out);
+    } else {
+        writeToken(statement, out);
+    }
+}
+
+/// Whether the operator behind the current token, which is an operand, is one of those that bind at least as tightly
+/// as `loosest`.
+bool goesOn(const TokenCursor& cursor, Precedence loosest) {
+    const BinaryOperator* const entry = operatorOf(cursor.following());
+    return entry != nullptr && entry->level >= loosest;
+}
+
 /// The binary levels from `loosest` up: operands of the power level, joined by operators that bind at
 /// least as tightly as `loosest`, each level grouping to the left.
 Precedence translateBinary(Statement& statement, Precedence loosest, ExpressionText& out) {
     const std::size_t start = out.size();
-    Precedence binding = translatePower(statement, out);
+    Precedence binding = Precedence::primary;
+    if (isOneToken(statement)) {
+        writeOneToken(statement, out);
+    } else {
+        binding = translatePower(statement, out);
+    }
     std::optional<NumberSum> sum;
     while (const BinaryOperator* entry = operatorAt(statement.cursor, loosest)) {
         if (entry->refusal) {
@@ -126,7 +178,12 @@ Precedence translateBinary(Statement& statement, Precedence loosest, ExpressionT
         }
         out += entry->text;
         const std::size_t rightStart = out.size();
-        const Precedence right = translateBinary(statement, tighterThan(entry->level), out);
+        Precedence right = Precedence::primary;
+        if (isOneToken(statement) && !goesOn(statement.cursor, tighterThan(entry->level))) {
+            writeOneToken(statement, out);
+        } else {
+            right = translateBinary(statement, tighterThan(entry->level), out);
+        }
         if (isSum && sum->fold(statement.cursor, entry->token, rightStart, out)) {
             binding = out[start] == '-' ? Precedence::unary : Precedence::primary;
             continue;
@@ -168,13 +225,15 @@ Precedence translateUnary(Statement& statement, ExpressionText& out) {
 }
 
 Precedence translateExpression(Statement& statement, ExpressionText& out) {
+    if (isOneToken(statement) && !goesOn(statement.cursor, Precedence::logicalOr)) {
+        writeOneToken(statement, out);
+        return Precedence::primary;
+    }
     return translateBinary(statement, Precedence::logicalOr, out);
 }
 
 bool isNumberText(const TokenCursor& cursor, std::string_view text) {
-    const TokenType last = cursor.previous();
-    return last != TokenType::PROGRAM_VARIABLE_DEFINE &&
-           last != TokenType::GLOBAL_VARIABLE_DEFINE && parseRealText(text).has_value();
+    return numberOf(cursor, text).has_value();
 }
 
 }  // namespace torvel

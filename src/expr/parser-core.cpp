@@ -22,18 +22,6 @@ std::string_view expectToken(Statement& statement, std::initializer_list<TokenTy
     return expectToken(statement, TokenTypes(types.begin(), types.size()));
 }
 
-std::string_view expectToken(Statement& statement, TokenType type) {
-    return expectToken(statement, TokenTypes(&type, 1));
-}
-
-bool acceptToken(Statement& statement, TokenType type) {
-    if (!statement.cursor.is(type)) {
-        return false;
-    }
-    statement.cursor.advance();
-    return true;
-}
-
 void reportUnexpectedToken(Statement& statement, TokenTypes types) {
     if (statement.isRefused) {
         return;

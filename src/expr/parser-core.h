@@ -122,10 +122,30 @@ bool isOneOf(TokenType type, TokenTypes types);
 /// it as unexpected, and the text is empty.
 std::string_view expectToken(Statement& statement, TokenTypes types);
 std::string_view expectToken(Statement& statement, std::initializer_list<TokenType> types);
-std::string_view expectToken(Statement& statement, TokenType type);
+inline std::string_view expectToken(Statement& statement, TokenType type) {
+    if (!statement.cursor.is(type)) {
+        return expectToken(statement, TokenTypes(&type, 1));
+    }
+    const std::string_view text = statement.cursor.text();
+    statement.cursor.advance();
+    return text;
+}
+
+/// Appends the current token, which is no preserved define, and steps over it.
+inline void writeToken(Statement& statement, TextBuffer& out) {
+    const TextSpan text = statement.cursor.token().text;
+    out.appendStored(statement.context.program.text.view(text));
+    statement.cursor.advance();
+}
 
 /// Steps over the current token if it is of kind `type`; tells whether it was. Logs nothing.
-bool acceptToken(Statement& statement, TokenType type);
+inline bool acceptToken(Statement& statement, TokenType type) {
+    if (!statement.cursor.is(type)) {
+        return false;
+    }
+    statement.cursor.advance();
+    return true;
+}
 
 /// Refuses the statement because of the current token, or the end of the line.
 void reportUnexpectedToken(Statement& statement, TokenTypes types = {});

@@ -59,7 +59,7 @@ void writeNumericLiteral(Statement& statement, ExpressionText& out) {
     TokenCursor& cursor = statement.cursor;
     switch (cursor.type()) {
         case TokenType::INTEGER_LITERAL:
-        case TokenType::FLOAT_LITERAL: out += cursor.text(); break;
+        case TokenType::FLOAT_LITERAL: writeToken(statement, out); return;
         case TokenType::HEX_LITERAL: appendTokenText(cursor.type(), cursor.text(), out); break;
         case TokenType::NUMBER_DEFINE: out += cursor.value(); break;
         case TokenType::TRUE: out += "true"; break;

@@ -60,13 +60,20 @@ constexpr auto variableKinds = [] {
     return kinds;
 }();
 
-const VariableKind* findKind(TokenType type) {
+constexpr const VariableKind* findKind(TokenType type) {
     const auto number = static_cast<std::uint32_t>(type);
     if (number < firstKind || number > lastKind || !variableKinds[number - firstKind].known) {
         return nullptr;
     }
     return &variableKinds[number - firstKind];
 }
+
+/// isBareVariable() relies on it.
+constexpr bool isWrittenAsItStands(const VariableKind& kind) {
+    return kind.read.empty() && kind.assign.empty() && !kind.isCall &&
+           kind.index == Index::optional && !kind.readRefusal && !kind.assignRefusal;
+}
+static_assert(isWrittenAsItStands(*findKind(TokenType::VARIABLE)));
 
 struct ItemLookup {
     std::optional<std::string_view> (*find)(std::uint32_t) = nullptr;
@@ -194,6 +201,10 @@ void translateCall(Statement& statement, const VariableKind& kind, std::string_v
 bool translateVariableReference(Statement& statement, bool isAssignmentTarget,
                                 ExpressionText& out) {
     TokenCursor& cursor = statement.cursor;
+    if (isBareVariable(cursor)) {
+        writeToken(statement, out);
+        return false;
+    }
     if (cursor.atEnd()) {
         refuse(statement, Message::VariableExpected);
         return false;
@@ -216,7 +227,16 @@ bool translateVariableReference(Statement& statement, bool isAssignmentTarget,
         translateCall(statement, *kind, digits, isAssignmentTarget, out);
         return true;
     }
-    out += kind->read.empty() ? name : kind->read;
+    if (kind->read.empty()) {
+        out.appendStored(name);
+    } else {
+        out += kind->read;
+    }
+    if (digits.empty() && !cursor.is(TokenType::LEFT_BRACKET)) {
+        requireIndex(statement, *kind, {});
+        refuseMember(statement);
+        return false;
+    }
     const std::size_t end = out.size();
     out += '[';
     translateIndex(statement, digits, out);

@@ -8,6 +8,14 @@ namespace torvel {
 /// Whether a token begins a numeric variable, an I/O point, a parameter or a status word.
 bool isNumericVariable(TokenType type);
 
+/// Whether the current token is a whole reference to a variable, which is written as it stands: one of the program's
+/// own without an index.
+inline bool isBareVariable(const TokenCursor& cursor) {
+    const TokenType following = cursor.following();
+    return cursor.is(TokenType::VARIABLE) && following != TokenType::LEFT_BRACKET &&
+           following != TokenType::DOT;
+}
+
 /// Translates a variable to be assigned to, with its index and selector. True: Torvel assigns by a call, and the
 /// text is the call up to its value, which the caller adds with a ")".
 bool translateAssignmentTarget(Statement& statement, ExpressionText& out);

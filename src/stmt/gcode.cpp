@@ -1,7 +1,7 @@
 // A line of G-code stays one: each word is written as it is, its value translated. Words stand with
 // one blank between them.
 
-#include <algorithm>
+#include <array>
 
 #include "src/base/characters.h"
 #include "src/expr/axis-lists.h"
@@ -25,20 +25,39 @@ constexpr TokenType words[] = {
     TokenType::AXIS_FEEDRATE, TokenType::APTGLOB_VARIABLE, TokenType::APTTASK_VARIABLE,
 };
 
-constexpr std::int32_t refusedGcodes[] = {45,  46,  47,  51,  52,  83,  84,  110, 111,
-                                          112, 113, 143, 144, 149, 153, 212, 213, 295,
-                                          296, 297, 395, 396, 397, 495, 496, 497};
+/// By kind of token whether it is one of them.
+constexpr auto beginsWord = [] {
+    std::array<bool, tokenTypeCount + 2> kinds{};
+    for (const TokenType word : words) {
+        kinds[static_cast<std::uint32_t>(word)] = true;
+    }
+    return kinds;
+}();
 
-constexpr std::int32_t refusedMcodes[] = {19, 23,  24,  25,  33,  34,  35,  43,  44,  45,  46, 97,
-                                          98, 123, 124, 133, 134, 143, 144, 146, 219, 319, 419};
+/// Which numbers stand in a list.
+template <std::size_t count>
+struct CodeSet {
+    explicit consteval CodeSet(const std::int32_t (&numbers)[count]) {
+        for (const std::int32_t number : numbers) {
+            contained[static_cast<std::size_t>(number)] = true;
+        }
+    }
+    bool contains(std::int32_t number) const {
+        return number >= 0 && static_cast<std::size_t>(number) < contained.size() &&
+               contained[static_cast<std::size_t>(number)];
+    }
+
+    std::array<bool, 500> contained{};
+};
+
+constexpr CodeSet refusedGcodes({45,  46,  47,  51,  52,  83,  84,  110, 111, 112, 113, 143, 144,
+                                 149, 153, 212, 213, 295, 296, 297, 395, 396, 397, 495, 496, 497});
+
+constexpr CodeSet refusedMcodes({19, 23,  24,  25,  33,  34,  35,  43,  44,  45,  46, 97,
+                                 98, 123, 124, 133, 134, 143, 144, 146, 219, 319, 419});
 
 /// Codes whose argument, the next word, is a time.
-constexpr std::int32_t dwellGcodes[] = {4, 43, 60, 61, 65, 66, 165, 166};
-
-template <std::size_t count>
-bool contains(const std::int32_t (&numbers)[count], std::int32_t number) {
-    return std::find(std::begin(numbers), std::end(numbers), number) != std::end(numbers);
-}
+constexpr CodeSet dwellGcodes({4, 43, 60, 61, 65, 66, 165, 166});
 
 /// Whether a code with leading zeros means something else without them: it was refused, or a dwell.
 bool isOtherCode(const Statement& statement, std::string_view number,
@@ -54,18 +73,18 @@ void writeGcode(Statement& statement, bool& expectsDwell) {
     const Token* const first = statement.cursor.place();
     statement.cursor.advance();
     if (isOtherCode(statement, number,
-                    [](std::int32_t code) { return contains(refusedGcodes, code); }) ||
+                    [](std::int32_t code) { return refusedGcodes.contains(code); }) ||
         isOtherCode(statement, number,
-                    [](std::int32_t code) { return contains(dwellGcodes, code); })) {
+                    [](std::int32_t code) { return dwellGcodes.contains(code); })) {
         noteCheck(statement, Check::Octal, first);
     }
     const std::optional<std::int32_t> code = parseIntegerText(number);
     if (!code) {
         refuse(statement, Message::IntegerLiteralExpected);
-    } else if (contains(refusedGcodes, *code)) {
+    } else if (refusedGcodes.contains(*code)) {
         refuse(statement, Message::GcodeUnsupported, {number});
     } else {
-        expectsDwell = contains(dwellGcodes, *code);
+        expectsDwell = dwellGcodes.contains(*code);
     }
     statement.text += 'G';
     statement.text += number;
@@ -77,13 +96,13 @@ void writeMcode(Statement& statement) {
     ExpressionText number;
     translateNumericLiteral(statement, number);
     if (isOtherCode(statement, number,
-                    [](std::int32_t code) { return contains(refusedMcodes, code); })) {
+                    [](std::int32_t code) { return refusedMcodes.contains(code); })) {
         noteCheck(statement, Check::Octal, first);
     }
     const std::optional<std::int32_t> code = parseIntegerText(number);
     if (!code) {
         refuse(statement, Message::IntegerLiteralExpected);
-    } else if (contains(refusedMcodes, *code)) {
+    } else if (refusedMcodes.contains(*code)) {
         refuse(statement, Message::McodeUnsupported, {number});
     }
     statement.text += 'M';
@@ -143,18 +162,17 @@ bool beginsGlued(char first) {
     return hasClass(first, letterClass | underscoreClass);
 }
 
-void writePlainWord(Statement& statement, std::string_view name) {
-    statement.text += name;
+void writePlainValue(Statement& statement) {
     acceptToken(statement, TokenType::ASSIGN);
-    writeExpression(statement);
+    translateExpression(statement, statement.text);
 }
 
 /// The same where somebody asks for checks.
-void writeRecordedWord(Statement& statement, std::string_view name) {
+void writeRecordedValue(Statement& statement) {
     const Token* const word = statement.cursor.place() - 1;
-    const std::size_t start = statement.text.size() + name.size();
+    const std::size_t start = statement.text.size();
     const bool hasSign = statement.cursor.is(TokenType::ASSIGN);
-    writePlainWord(statement, name);
+    writePlainValue(statement);
     const std::string_view text = std::string_view(statement.text).substr(start);
     checkWordValue(statement, word + (hasSign ? 2 : 1), text);
     if (!text.empty() && beginsGlued(text[0])) {
@@ -176,40 +194,40 @@ bool isExponent(const Token* letter, const Token* end) {
            digits->type == TokenType::INTEGER_LITERAL && isDirectlyBehind(digits);
 }
 
-/// name [=] value
-void writeWord(Statement& statement, std::string_view name) {
+/// name [=] value, the name being written already
+void writeValue(Statement& statement) {
     if (statement.context.record != nullptr) [[unlikely]] {
-        writeRecordedWord(statement, name);
+        writeRecordedValue(statement);
         return;
     }
-    writePlainWord(statement, name);
+    writePlainValue(statement);
 }
 
-/// name [=] value, where the name begins with an axis of `axisLength` bytes. If name and value together
-/// begin with a longer axis name, as "X" and "10" do with the axes X and X1, the value stands in
+/// The same where the name, of `nameLength` bytes, begins with an axis of `axisLength` bytes. If name and value
+/// together begin with a longer axis name, as "X" and "10" do with the axes X and X1, the value stands in
 /// parentheses.
-void writeAxisValue(Statement& statement, std::string_view name, std::size_t axisLength) {
+void writeAxisValue(Statement& statement, std::size_t nameLength, std::size_t axisLength) {
     StatementText& text = statement.text;
-    const std::size_t start = text.size();
-    writeWord(statement, name);
+    const std::size_t valueStart = text.size();
+    const std::size_t start = valueStart - nameLength;
+    writeValue(statement);
     const AxisNames& axes = statement.context.axes;
     if (axes.goesOnWith(text[start + axisLength]) &&
-        axisNameLength(std::string_view(text).substr(start), axes) > name.size()) {
+        axisNameLength(std::string_view(text).substr(start), axes) > nameLength) {
         // In parentheses it does not go on with its word.
-        if (statement.context.record != nullptr && beginsGlued(text[start + name.size()])) {
+        if (statement.context.record != nullptr && beginsGlued(text[valueStart])) {
             GrowingArray<Finding>& findings = statement.context.record->findings;
             findings.truncate(findings.size() - 1);
         }
-        parenthesise(text, start + name.size());
+        parenthesise(text, valueStart);
     }
 }
 
 /// axis [[=] value]: the value may be left out at the end and in front of another axis.
 void writeAxisWord(Statement& statement, std::string_view axis) {
-    if (statement.cursor.atEnd() || isAxis(statement.cursor.type())) {
-        statement.text += axis;
-    } else {
-        writeAxisValue(statement, axis, axis.size());
+    statement.text.appendStored(axis);
+    if (!statement.cursor.atEnd() && !isAxis(statement.cursor.type())) {
+        writeAxisValue(statement, axis.size(), axis.size());
     }
 }
 
@@ -235,7 +253,10 @@ void writeLetter(Statement& statement, TokenType letter, bool isDwell) {
                 refuse(statement, Message::SpindleIndexUnsupported);
             }
             [[fallthrough]];
-        default: writeWord(statement, std::string_view(&name, 1)); break;
+        default:
+            statement.text += name;
+            writeValue(statement);
+            break;
     }
     const bool isBehindNumber =
         before == TokenType::INTEGER_LITERAL || before == TokenType::FLOAT_LITERAL;
@@ -248,7 +269,7 @@ void writeLetter(Statement& statement, TokenType letter, bool isDwell) {
 void writeLineWord(Statement& statement, bool& expectsDwell) {
     TokenCursor& cursor = statement.cursor;
     const TokenType type = cursor.type();
-    if (!isOneOf(type, words)) {
+    if (!beginsWord[static_cast<std::uint32_t>(type)]) {
         reportUnexpectedToken(statement, words);
         return;
     }
@@ -274,10 +295,10 @@ void writeLineWord(Statement& statement, bool& expectsDwell) {
             break;
         }
         case TokenType::AXIS_FEEDRATE: {
-            ExpressionText specifier;
-            appendTokenText(type, cursor.text(), specifier);
+            const std::string_view specifier = cursor.text();
+            appendTokenText(type, specifier, statement.text);
             cursor.advance();
-            writeAxisValue(statement, specifier, specifier.size() - 1);
+            writeAxisValue(statement, specifier.size(), specifier.size() - 1);
             break;
         }
         default: writeLetter(statement, type, isDwell); break;

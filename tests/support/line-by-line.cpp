@@ -65,8 +65,8 @@ bool LineByLine::step() {
     line.messagesAfter = log_.size();
     TextBuffer output;
     layout_.write(program, source,
-                  line.isConverted ? std::optional<std::string_view>(line.text) : std::nullopt,
-                  effect, output);
+                  line.isConverted ? std::optional<std::string_view>(text) : std::nullopt, effect,
+                  output);
     output_ += output;
     return true;
 }
