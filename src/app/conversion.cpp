@@ -47,29 +47,33 @@ void convertLines(ConversionContext& context, std::size_t first, std::size_t las
     StatementText text;
     GrowingArray<Token> room;
     LineMark mark;
+    part.lines.resize(last - first);
     for (std::size_t number = first; number < last; ++number) {
+        ConvertedLine& line = part.lines[number - first];
+        if (!isRecorded && list.lines[number].content == 0) {
+            line = {part.text.size(), true, BlockEffect::None};  // nothing but a comment
+            continue;
+        }
         context.position = list.lines[number].position();
         if constexpr (isRecorded) {
             beginLine(context, number);
         }
-        BlockEffect effect{};
         const std::span<const Token> tokens =
             tokensOf(context.program, list, number, context.axes, room);
-        const bool isConverted = convertStatement(context, tokens, text, effect);
-        if (isConverted) {
-            part.text += text;
+        line.isConverted = convertStatement(context, tokens, text, line.effect);
+        if (line.isConverted) {
+            part.text.appendStored(text);
         }
         if constexpr (isRecorded) {
-            recordLine(context, mark, number, tokens, isConverted, text, effect);
+            recordLine(context, mark, number, tokens, line.isConverted, text, line.effect);
         }
-        part.lines.push_back({part.text.size(), isConverted, effect});
+        line.textEnd = part.text.size();
     }
 }
 
 ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::size_t last) {
     ConvertedPart part;
     part.first = first;
-    part.lines.reserve(last - first);
     part.text.reserve((last - first) * expectedTextLength);
     ConversionContext context{run.program, run.axes, run.limits, part.log, {}};
     context.reference = run.reference;
@@ -104,14 +108,13 @@ template <typename Target>
 void writePart(const Program& program, const ConvertedPart& part, OutputLayout& layout,
                Target& target) {
     std::size_t textStart = 0;
-    for (std::size_t i = 0; i < part.lines.size(); ++i) {
-        const ConvertedLine& line = part.lines[i];
+    const SourceLine* source = program.list.lines.begin() + part.first;
+    for (const ConvertedLine& line : part.lines) {
         std::optional<std::string_view> text;
         if (line.isConverted) {
             text = std::string_view(part.text).substr(textStart, line.textEnd - textStart);
         }
-        layout.write(program, program.list.lines[part.first + i], text, line.effect,
-                     target.buffer());
+        layout.write(program, *source++, text, line.effect, target.buffer());
         target.endLine();
         textStart = line.textEnd;
     }
