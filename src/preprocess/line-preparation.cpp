@@ -39,9 +39,13 @@ void lexLines(PreprocessorRun& run, LineList& list, TextSpan piece, const Scanne
 }
 
 /// Appends one plain piece to the line, to be lexed when the line is converted unless the lexer might refuse it
-/// or it holds lines of its own.
-void appendPiece(PreprocessorRun& run, LineList& list, TextSpan piece, const ScannedLine& line,
-                 const SourcePosition& position) {
+/// or it holds lines of its own. What is part of `unsuspicious` it cannot refuse.
+void appendPiece(PreprocessorRun& run, LineList& list, TextSpan piece, TextSpan unsuspicious,
+                 const ScannedLine& line, const SourcePosition& position) {
+    if (piece.offset - unsuspicious.offset < unsuspicious.length) {
+        list.tokens.push_back({TokenType::INVALID, {piece}});
+        return;
+    }
     const std::string_view text = run.program.text.view(piece);
     if (mayBeRefused(text) || text.find('"') != std::string_view::npos) {
         lexLines(run, list, piece, line, position);
@@ -66,17 +70,28 @@ bool addText(PreprocessorRun& run, TextSpan text, SubstitutedText& out) {
 }
 
 /// Appends the tokens of substituted text. What stands in front of the name of a macro that is called is lexed
-/// now, since it tells whether that is a call.
+/// now, since it tells whether that is a call. In `unsuspicious` nothing stands that the lexer might refuse.
 void appendTokens(PreprocessorRun& run, LineList& list, const SubstitutedText& substituted,
-                  bool callsMacro, const ScannedLine& line, const SourcePosition& position) {
+                  bool callsMacro, TextSpan unsuspicious, const ScannedLine& line,
+                  const SourcePosition& position) {
     if (substituted.insertedBytes > run.limits.lineExpansion) {
         failAt(position, Message::ExpansionTooLarge);
     }
     list.beginTokens();
-    bool hasCall = callsMacro;
+    if (!callsMacro) {
+        run.defines.visitPieces(substituted.pieces, [&](const Piece& piece) {
+            if (piece.kind == Piece::Kind::plain) {
+                appendPiece(run, list, piece.text, unsuspicious, line, position);
+            } else {
+                list.tokens.push_back(piece.token);
+            }
+        });
+        return;
+    }
+    bool hasCall = true;
     run.defines.visitPieces(substituted.pieces, [&](const Piece& piece) {
         if (piece.kind == Piece::Kind::plain && !hasCall) {
-            appendPiece(run, list, piece.text, line, position);
+            appendPiece(run, list, piece.text, unsuspicious, line, position);
         } else if (piece.kind == Piece::Kind::plain) {
             lexLines(run, list, piece.text, line, position);
         } else if (piece.token.type == macroCallToken && !isCallPrologue(lastLine(list))) {
@@ -156,7 +171,10 @@ void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosi
     if (run.record != nullptr) [[unlikely]] {
         noteUses(run, position, line.text);
     }
-    appendTokens(run, list, substituted, call.length != 0, line, position);
+    // Strings stand in one piece, and end there, unless the name of a macro is taken out.
+    const bool isUnsuspicious = call.length == 0 && !mayBeRefused(run.program.text.view(code));
+    appendTokens(run, list, substituted, call.length != 0, isUnsuspicious ? code : TextSpan(), line,
+                 position);
 }
 
 void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
@@ -187,7 +205,7 @@ void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
     if (run.record != nullptr) [[unlikely]] {
         noteUses(run, position, code);
     }
-    appendTokens(run, list, substituted, call.length != 0, {code, code, {}, 0}, position);
+    appendTokens(run, list, substituted, call.length != 0, {}, {code, code, {}, 0}, position);
 }
 
 }  // namespace torvel

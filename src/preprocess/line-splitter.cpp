@@ -6,6 +6,7 @@
 #include "src/preprocess/line-splitter.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "src/base/characters.h"
 #include "src/base/messages.h"
@@ -16,12 +17,30 @@ namespace torvel {
 
 namespace {
 
+/// The first byte from `from` on that ends a line, begins a comment or is a quote; or a control character or a byte
+/// above 127, which are no more than stepped over.
+const char* findSign(const char* from) {
+    while (true) {
+        const ByteBlock bytes(from);
+        const std::uint32_t hits = bytes.controls() | bytes.oneOf<'"', ';', '\'', '/'>();
+        if (hits != 0) {
+            return from + std::countr_zero(hits);
+        }
+        from += ByteBlock::size;
+    }
+}
+
 /// The first byte from `from` on that is no blank, or `end`.
 const char* skipBlanks(const char* from, const char* end) {
-    while (from != end && isBlank(*from)) {
-        ++from;
+    while (isBlank(*from)) {
+        const auto blanks =
+            static_cast<unsigned>(std::countr_one(ByteBlock(from).oneOf<' ', '\t'>()));
+        from += blanks;
+        if (blanks < ByteBlock::size || from >= end) {
+            break;
+        }
     }
-    return from;
+    return std::min(from, end);
 }
 
 /// Behind the last byte between `begin` and `end` that is no blank, or `begin`.
@@ -82,7 +101,7 @@ bool LineSplitter::next(ScannedLine& line) {
     const char* lineStart = next_;
     isJoined_ = false;
     while (true) {
-        next_ = findByte<'\0', '\n', '\r', '"', ';', '\'', '/'>(next_);
+        next_ = findSign(next_);
         switch (*next_) {
             case '"':
                 next_ = findByte<'\0', '\n', '\r', '"'>(next_ + 1);
@@ -110,7 +129,10 @@ bool LineSplitter::next(ScannedLine& line) {
                 break;
             case ';':
             case '\'': finishLine(line, lineStart, next_, 1); return true;
-            default: finishLine(line, lineStart, next_, 0); return true;
+            case '\0':
+            case '\n':
+            case '\r': finishLine(line, lineStart, next_, 0); return true;
+            default: ++next_; break;
         }
     }
 }
@@ -154,16 +176,18 @@ void LineSplitter::finishLine(ScannedLine& line, const char* lineStart, const ch
         next_ = skipLineEnd(lineEnd);
         ++lineNumber_;
     }
-    if (!isJoined_) {
-        cutLine(line, file_, begin_, {lineStart, commentMarker, lineEnd}, markerLength);
-        return;
+    TextSpan store = file_;
+    const char* begin = begin_;
+    LineParts parts = {lineStart, commentMarker, lineEnd};
+    if (isJoined_) [[unlikely]] {
+        const std::size_t markerAt =
+            joined_.size() + static_cast<std::size_t>(commentMarker - lineStart);
+        joined_.append(lineStart, lineEnd);
+        store = program_.text.add(joined_);
+        begin = program_.text.view(store).data();
+        parts = {begin, begin + markerAt, begin + store.length};
     }
-    const std::size_t markerAt =
-        joined_.size() + static_cast<std::size_t>(commentMarker - lineStart);
-    joined_.append(lineStart, lineEnd);
-    const TextSpan whole = program_.text.add(joined_);
-    const char* begin = program_.text.view(whole).data();
-    cutLine(line, whole, begin, {begin, begin + markerAt, begin + whole.length}, markerLength);
+    cutLine(line, store, begin, parts, markerLength);
 }
 
 void LineSplitter::finish() {

@@ -3,6 +3,10 @@
 
 #include "src/preprocess/macro-calls.h"
 
+#include <algorithm>
+#include <bit>
+
+#include "src/base/byte-block.h"
 #include "src/base/characters.h"
 
 namespace torvel {
@@ -60,10 +64,24 @@ std::size_t labelLength(std::string_view code) {
     return 0;
 }
 
-/// Whether a block delete, a label or an N-code can stand in front of `code`, which is most lines' first look.
-bool mayHavePrologue(std::string_view code) {
-    return code.starts_with('/') || code.starts_with('N') || code.starts_with('n') ||
-           code.find(':') != std::string_view::npos;
+/// Whether a block delete or an N-code can stand in front of what `code` begins with.
+bool mayHaveNumberInFront(std::string_view code) {
+    return code.starts_with('/') || code.starts_with('N') || code.starts_with('n');
+}
+
+/// The first "(" or ":" of `code`, a text of a TextStore, or its end: most lines have none.
+std::size_t findParenthesisOrColon(std::string_view code) {
+    const char* const begin = code.data();
+    const char* const end = begin + code.size();
+    const char* at = begin;
+    for (; at < end; at += ByteBlock::size) {
+        const std::uint32_t hits = ByteBlock(at).oneOf<'(', ':'>();
+        if (hits != 0) {
+            at += std::countr_zero(hits);
+            break;
+        }
+    }
+    return static_cast<std::size_t>(std::min(at, end) - begin);
 }
 
 }  // namespace
@@ -72,12 +90,17 @@ CallPlace findMacroCall(PreprocessorRun& run, std::string_view code) {
     if (!run.substitutes || run.program.macros.empty()) {
         return {};
     }
-    const std::size_t open = code.find('(');
-    if (open == std::string_view::npos) {
+    const std::size_t sign = findParenthesisOrColon(code);
+    if (sign == code.size()) {
+        return {};
+    }
+    const bool hasColon = code[sign] == ':';
+    if (hasColon && code.find('(', sign) == std::string_view::npos) {
         return {};
     }
     CallPlace place = {0, callLength(run, code)};
-    if (!mayHavePrologue(code.substr(0, open))) {
+    // In front of a "(" a label has its ":".
+    if (!hasColon && !mayHaveNumberInFront(code)) {
         return place;
     }
     for (const auto prologueLength : {blockDeleteLength, labelLength}) {
