@@ -6,8 +6,8 @@
 
 #include <algorithm>
 #include <exception>
+#include <memory>
 #include <new>
-#include <optional>
 #include <stdexcept>
 
 #include "src/app/command-line.h"
@@ -91,11 +91,8 @@ void readProgram(Program& program, const CommandLine& commandLine, const AxisNam
 }
 
 void convertFile(const CommandLine& commandLine, const Limits& limits, const FindingTaker& taker) {
-    std::optional<CheckRecord> record;
-    if (taker) {
-        record.emplace();
-    }
-    CheckRecord* const asked = taker ? &*record : nullptr;
+    // It is some thousands of bytes, which nobody touches who does not ask.
+    const auto record = taker ? std::make_unique<CheckRecord>() : nullptr;
     std::vector<FileIdentity> inputs;
     AxisNames axes;
     if (commandLine.parameterFile) {
@@ -103,7 +100,7 @@ void convertFile(const CommandLine& commandLine, const Limits& limits, const Fin
         inputs.push_back(fileIdentity(nativePath(*commandLine.parameterFile)));
     }
     Program program;
-    readProgram(program, commandLine, axes, limits, asked, taker);
+    readProgram(program, commandLine, axes, limits, record.get(), taker);
 
     const OutputPaths paths = outputPaths(commandLine);
     for (const SourceFile& file : program.files) {
@@ -119,7 +116,7 @@ void convertFile(const CommandLine& commandLine, const Limits& limits, const Fin
     openForWriting(log, paths.log);
 
     MessageLog messages = messagesOfReading(program);
-    ConversionContext context{program, axes, limits, messages, {}, 0, asked};
+    ConversionContext context{program, axes, limits, messages, {}, 0, record.get()};
     convertProgram(context, output);
     closeWritten(output, paths.output);
     for (const ConversionMessage& message : messages) {
