@@ -85,23 +85,23 @@ void Places::join() {
     std::sort(places_.begin(), places_.end(), [](const Place& left, const Place& right) {
         return identityOf(left) < identityOf(right);
     });
-    std::uint32_t count = 0;
+    std::uint32_t kept = 0;
     for (const Place& each : places_) {
-        Place* const last = count == 0 ? nullptr : &places_[count - 1];
+        Place* const last = kept == 0 ? nullptr : &places_[kept - 1];
         const std::uint32_t finding = each.number;
         if (last != nullptr && identityOf(*last) == identityOf(each)) {
             last->isOpen = last->isOpen || each.isOpen;
         } else {
-            Place& place = places_[count] = each;
-            place.number = count++;
+            Place& place = places_[kept] = each;
+            place.number = kept++;
             if (last != nullptr && last->group == place.group) {
                 place.ordinal = last->ordinal + 1;
                 place.openBefore = last->openBefore + (last->isOpen ? 1 : 0);
             }
         }
-        sequence_[finding] = count - 1;
+        sequence_[finding] = kept - 1;
     }
-    places_.resize(count);
+    places_.resize(kept);
     places_.shrink_to_fit();
 }
 

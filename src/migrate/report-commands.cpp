@@ -75,8 +75,7 @@ std::string emptyPage() {
 
 void writePage(const Reporting& reporting, const std::string& path, const Console& console) {
     const std::string page = emptyPage();
-    const HtmlPage html{reporting.report(), reporting.places(),
-                        reporting.totals(), page,
+    const HtmlPage html{reporting.report(), reporting.places(), reporting.totals(), page,
                         std::time(nullptr), threadCount(0)};
     const std::string told = writeHtmlPage(html, nativePath(path));
     if (!told.empty()) {

@@ -159,14 +159,14 @@ void Run::settlePending() {
     inThreads(threads_, pending.size(), [&](std::size_t i, unsigned) {
         settleRecord(*pending[i], outputPath(pending[i]->output));
     });
-    std::vector<OutputRecord> settled;
+    std::vector<OutputRecord> known;
     for (const OutputRecord* record : pending) {
         if (!record->pending) {
-            settled.push_back(*record);
+            known.push_back(*record);
             outputs_[record->output] = *record;
         }
     }
-    confirm(settled);
+    confirm(known);
 }
 
 void Run::confirm(const std::vector<OutputRecord>& records) {

@@ -181,7 +181,7 @@ void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
                      const SourcePosition& position, const MacroArguments& arguments) {
     list.append(position, code, {});
     const std::string_view text = run.program.text.view(code);
-    const auto placeOf = [&](std::string_view part) {
+    const auto startOf = [&](std::string_view part) {
         return static_cast<std::size_t>(part.data() - text.data());
     };
     SubstitutedText& substituted = run.substitutedLine;
@@ -189,17 +189,17 @@ void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
     std::size_t done = 0;
     std::string_view argument = nextArgument(text, 0, arguments);
     // The name of a macro has no argument in it.
-    const CallPlace call = findMacroCall(run, text.substr(0, placeOf(argument)));
+    const CallPlace call = findMacroCall(run, text.substr(0, startOf(argument)));
     if (call.length != 0) {
         addText(run, code.subspan(0, call.start), substituted);
         substituted.addToken({macroCallToken, {code.subspan(call.start, call.length)}});
         done = call.start + call.length;
     }
     for (; !argument.empty(); argument = nextArgument(text, done, arguments)) {
-        addText(run, code.subspan(done, placeOf(argument) - done), substituted);
+        addText(run, code.subspan(done, startOf(argument) - done), substituted);
         substituted.addToken(
-            {TokenType::VARIABLE, {code.subspan(placeOf(argument), argument.size())}});
-        done = placeOf(argument) + argument.size();
+            {TokenType::VARIABLE, {code.subspan(startOf(argument), argument.size())}});
+        done = startOf(argument) + argument.size();
     }
     addText(run, code.subspan(done, code.length - done), substituted);
     if (run.record != nullptr) [[unlikely]] {
