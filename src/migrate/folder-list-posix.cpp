@@ -26,7 +26,7 @@ EntryKind kindOf(const fs::directory_entry& entry) {
 FolderList listFolder(const NativePath& folder) {
     FolderList list;
     std::error_code error;
-    for (fs::directory_iterator entry(unboundedPath(folder), error), end; !error && entry != end;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
         list.entries.push_back({entry->path().filename().native(), kindOf(*entry)});
     }
