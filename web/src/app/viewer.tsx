@@ -8,7 +8,7 @@ import { visiblePieces } from "../data/visible.ts";
 import { ChecksView } from "../views/checks/checks-view.tsx";
 import { OverviewView } from "../views/overview/overview-view.tsx";
 import { ProgramView } from "../views/program/program-view.tsx";
-import { WorkView } from "../views/work/work-view.tsx";
+import { WorkView } from "../views/worklist/work-view.tsx";
 import type { View } from "./address.ts";
 import { PageContext, usePageState } from "./context.ts";
 import { PageFoot, PageHead } from "./frame.tsx";

@@ -6,7 +6,7 @@ import type { Place } from "../../data/groups.ts";
 import { at, textAt } from "../../data/report.ts";
 import { counted } from "../../data/wording.ts";
 import { Path, Text } from "../../parts/text.tsx";
-import { PlaceLine } from "../work/place-row.tsx";
+import { PlaceLine } from "../worklist/place-row.tsx";
 import type { TickState } from "./use-ticks.ts";
 
 export function CheckRow({
