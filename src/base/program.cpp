@@ -6,7 +6,7 @@ namespace torvel {
 
 namespace {
 
-auto firstBehind(std::vector<PredefinedText>& texts, std::uint32_t offset) {
+auto firstBehind(const std::vector<PredefinedText>& texts, std::uint32_t offset) {
     return std::upper_bound(
         texts.begin(), texts.end(), offset,
         [](std::uint32_t place, const PredefinedText& each) { return place < each.text.offset; });
@@ -35,9 +35,7 @@ const PredefinedText* findPredefinedText(const Program& program, TextSpan text) 
     if (page >= program.predefinedPages.size() || !program.predefinedPages[page]) {
         return nullptr;
     }
-    auto behind = std::upper_bound(
-        texts.begin(), texts.end(), text.offset,
-        [](std::uint32_t offset, const PredefinedText& each) { return offset < each.text.offset; });
+    auto behind = firstBehind(texts, text.offset);
     if (behind == texts.begin()) {
         return nullptr;
     }

@@ -74,7 +74,7 @@ void recordBodyVariables(const ConversionContext& context, std::uint32_t number,
 
 /// Whether a line that opens a block opens an IF; a label or an N-code may stand in front of it.
 bool isIf(std::string_view text) {
-    text.remove_prefix(text.find('\n') + 1);
+    text.remove_prefix(text.rfind('\n') + 1);
     if (text.starts_with('N') || text.starts_with('n')) {
         const std::size_t word = text.find_first_not_of("0123456789", 1);
         text.remove_prefix(word > 1 ? std::min(word, text.size()) : 0);

@@ -6,6 +6,7 @@
 #include "src/migrate/finding-names.h"
 #include "src/migrate/html-help.h"
 #include "src/migrate/json-writer.h"
+#include "src/migrate/report-json.h"
 
 namespace torvel::migrate {
 
@@ -49,25 +50,6 @@ void writeProject(const ReportProject& project, JsonWriter& json) {
         .member("identity", project.identity)
         .member("name", project.name)
         .endObject();
-}
-
-void writeRuns(const std::vector<RunRow>& runs, JsonWriter& json) {
-    json.name("runs").beginList();
-    for (const RunRow& run : runs) {
-        json.beginObject()
-            .member("version", run.version)
-            .name("began")
-            .number(run.began)
-            .name("ended")
-            .number(run.ended)
-            .member("programs", run.programs)
-            .member("converted", run.converted)
-            .member("lines", run.lines)
-            .member("convertedLines", run.convertedLines)
-            .member("openFindings", run.openFindings)
-            .endObject();
-    }
-    json.endList();
 }
 
 void writeNotices(const std::vector<std::string>& notices, JsonWriter& json) {

@@ -6,11 +6,9 @@
 
 namespace torvel::migrate {
 
-namespace {
-
-void writeRuns(const Report& report, JsonWriter& json) {
+void writeRuns(const std::vector<RunRow>& runs, JsonWriter& json) {
     json.name("runs").beginList();
-    for (const RunRow& run : report.runs) {
+    for (const RunRow& run : runs) {
         json.beginObject()
             .member("version", run.version)
             .name("began")
@@ -26,6 +24,8 @@ void writeRuns(const Report& report, JsonWriter& json) {
     }
     json.endList();
 }
+
+namespace {
 
 void writeFinding(const ReportFinding& finding, const std::string& fingerprint, JsonWriter& json) {
     const FindingRow& row = finding.row;
@@ -155,7 +155,7 @@ void writeJsonReport(const Report& report, const Places& places, const ReportTot
         .member("name", "torvel-migrate")
         .member("version", TORVEL_VERSION)
         .endObject();
-    writeRuns(report, json);
+    writeRuns(report.runs, json);
     json.name("notices").beginList();
     for (const std::string& notice : report.notices) {
         json.text(notice);
