@@ -6,21 +6,33 @@ import type { Report } from "../data/report.ts";
 import type { DataSource } from "../data/source.ts";
 import { addressOf, parsedAddress, type Address, type Parameters } from "./address.ts";
 
-export interface Page {
+/** What stays as it is while people go from view to view. */
+export interface ReportPage {
   readonly report: Report;
   readonly source: DataSource;
-  readonly address: Address;
   /** Changes parameters of the address; the others stay. "push" makes a step that the browser can go back. */
   readonly change: (parameters: Parameters, how?: "push" | "replace") => void;
 }
 
-export const PageContext = createContext<Page | null>(null);
-
-export function usePage(): Page {
-  return useContext(PageContext) as Page;
+export interface Page extends ReportPage {
+  readonly address: Address;
 }
 
-export function usePageState(report: Report, source: DataSource): Page {
+export const ReportContext = createContext<ReportPage | null>(null);
+export const AddressContext = createContext<Address | null>(null);
+
+/** For parts that show the same wherever the address is. */
+export function useReport(): ReportPage {
+  return useContext(ReportContext) as ReportPage;
+}
+
+/** For parts that are shown anew whenever the address changes. */
+export function usePage(): Page {
+  const address = useContext(AddressContext) as Address;
+  return { ...useReport(), address };
+}
+
+export function usePageState(report: Report, source: DataSource): [ReportPage, Address] {
   const [hash, setHash] = useState(location.hash);
   useEffect(() => {
     const follow = () => setHash(location.hash);
@@ -31,9 +43,8 @@ export function usePageState(report: Report, source: DataSource): Page {
       window.removeEventListener("popstate", follow);
     };
   }, []);
-  return useMemo(() => {
-    const address = parsedAddress(hash);
-    const change: Page["change"] = (parameters, how = "replace") => {
+  const page = useMemo((): ReportPage => {
+    const change: ReportPage["change"] = (parameters, how = "replace") => {
       const now = parsedAddress(location.hash);
       const next = addressOf(now.view, { ...now.parameters, ...parameters });
       if (next !== location.hash) {
@@ -41,6 +52,8 @@ export function usePageState(report: Report, source: DataSource): Page {
         setHash(next);
       }
     };
-    return { report, source, address, change };
-  }, [hash, report, source]);
+    return { report, source, change };
+  }, [report, source]);
+  const address = useMemo(() => parsedAddress(hash), [hash]);
+  return [page, address];
 }

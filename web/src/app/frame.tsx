@@ -3,7 +3,7 @@
 import { dateText } from "../data/wording.ts";
 import { Text } from "../parts/text.tsx";
 import { addressOf, type View } from "./address.ts";
-import { usePage } from "./context.ts";
+import { usePage, useReport } from "./context.ts";
 import { ThemeChoice } from "./theme.tsx";
 
 export const viewNames: Readonly<Record<View, string>> = {
@@ -49,7 +49,7 @@ export function PageHead() {
 }
 
 export function PageFoot() {
-  const { report } = usePage();
+  const { report } = useReport();
   return (
     <footer class="page-foot">
       <p>

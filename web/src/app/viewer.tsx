@@ -10,7 +10,7 @@ import { OverviewView } from "../views/overview/overview-view.tsx";
 import { ProgramView } from "../views/program/program-view.tsx";
 import { WorkView } from "../views/worklist/work-view.tsx";
 import type { View } from "./address.ts";
-import { PageContext, usePageState } from "./context.ts";
+import { AddressContext, ReportContext, usePageState } from "./context.ts";
 import { PageFoot, PageHead } from "./frame.tsx";
 import { usePlaceInHistory } from "./history.ts";
 
@@ -63,16 +63,18 @@ function visibleName(name: string): string {
 }
 
 function ReportPage({ report, source }: { report: Report; source: DataSource }) {
-  const page = usePageState(report, source);
-  usePlaceInHistory(page.address);
-  const Shown = viewOf[page.address.view];
+  const [page, address] = usePageState(report, source);
+  usePlaceInHistory(address);
+  const Shown = viewOf[address.view];
   return (
-    <PageContext.Provider value={page}>
-      <PageHead />
-      <main id="main" tabIndex={-1} class={`view-${page.address.view}`}>
-        <Shown />
-      </main>
-      <PageFoot />
-    </PageContext.Provider>
+    <ReportContext.Provider value={page}>
+      <AddressContext.Provider value={address}>
+        <PageHead />
+        <main id="main" tabIndex={-1} class={`view-${address.view}`}>
+          <Shown />
+        </main>
+        <PageFoot />
+      </AddressContext.Provider>
+    </ReportContext.Provider>
   );
 }

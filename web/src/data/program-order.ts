@@ -62,16 +62,18 @@ export function orderedPrograms(
   chosen: readonly number[],
   order: ProgramOrder,
 ): number[] {
+  // The programs of the report are in the order of their paths.
+  if (order === "path") {
+    return [...chosen];
+  }
   const { lines, convertedLines } = report.summary.programs;
   const share = (program: number) =>
     at(lines, program) === 0 ? 1 : at(convertedLines, program) / at(lines, program);
-  const keys: Record<ProgramOrder, (program: number) => number> = {
-    path: () => 0,
+  const keys: Record<Exclude<ProgramOrder, "path">, (program: number) => number> = {
     left: (program) => -at(left, program),
     lines: (program) => -at(lines, program),
     share,
   };
   const key = keys[order];
-  // The programs of the report are in the order of their paths.
   return [...chosen].sort((a, b) => key(a) - key(b) || a - b);
 }

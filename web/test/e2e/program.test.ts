@@ -82,6 +82,11 @@ test("keys go from finding to finding, and open what they are in", async () => {
   await page.keyboard.press("p");
   await selects("RAMP RATE 5");
   assert.ok(page.url().endsWith("line=6"));
+  // Two keys at once are two steps, though nothing was shown between them.
+  await page.evaluate(() =>
+    ["n", "p"].forEach((key) => window.dispatchEvent(new KeyboardEvent("keydown", { key }))),
+  );
+  await selects("RAMP RATE 5");
   await page.keyboard.press("j");
   await selects("END PROGRAM");
   await page.keyboard.press("k");

@@ -1,7 +1,7 @@
 // The checks of a machine as a list to tick off, and on paper as a form.
 
 import { useMemo } from "preact/hooks";
-import { usePage } from "../../app/context.ts";
+import { usePage, useReport } from "../../app/context.ts";
 import type { CheckGroup, Machine } from "../../data/checks.ts";
 import type { Place } from "../../data/groups.ts";
 import { inlinesOf, markdownBlocks } from "../../data/markdown.ts";
@@ -89,7 +89,7 @@ function placesWith(groups: readonly CheckGroup[], severity: string): number {
 }
 
 function FormItem({ item, machine, ticks }: { item: Item; machine: Machine; ticks: TickState }) {
-  const { report } = usePage();
+  const { report } = useReport();
   switch (item.kind) {
     case "severity": {
       const { title, meaning } = severityNames[item.group.severity];

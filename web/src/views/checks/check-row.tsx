@@ -1,6 +1,6 @@
 // A place to tick off.
 
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { findingAddress } from "../../app/finding-address.ts";
 import type { Place } from "../../data/groups.ts";
 import { at, textAt } from "../../data/report.ts";
@@ -18,7 +18,7 @@ export function CheckRow({
   tickKey: string;
   ticks: TickState;
 }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const { findings, summary } = report;
   const { first } = place;
   const tick = ticks.ticks.get(tickKey);

@@ -2,7 +2,7 @@
 
 import { useMemo } from "preact/hooks";
 import { addressOf } from "../../app/address.ts";
-import { usePage } from "../../app/context.ts";
+import { usePage, useReport } from "../../app/context.ts";
 import { checkGroups, machinesOf, type CheckGroup, type Machine } from "../../data/checks.ts";
 import { fingerprintOf } from "../../data/report.ts";
 import { tickKey, type Ticks } from "../../data/ticks.ts";
@@ -94,7 +94,7 @@ function TickTools({
   machine: Machine;
   groups: readonly CheckGroup[];
 }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const places = groups.flatMap((group) => group.places);
   const done = countTicked(
     ticks.ticks,

@@ -1,11 +1,11 @@
 // Saves ticks to a file and reads them from one.
 
 import { useRef } from "preact/hooks";
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import type { TickState } from "./use-ticks.ts";
 
 export function TickFiles({ ticks }: { ticks: TickState }) {
-  const { project } = usePage().report.summary;
+  const { project } = useReport().report.summary;
   const input = useRef<HTMLInputElement>(null);
   const save = () => {
     const url = URL.createObjectURL(new Blob([ticks.saved()], { type: "application/json" }));

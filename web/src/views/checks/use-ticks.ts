@@ -1,7 +1,7 @@
 // The ticks of the browser, and what changes them.
 
 import { useEffect, useMemo, useState } from "preact/hooks";
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { browserStorage } from "../../app/storage.ts";
 import { mergedTicks, readTicks, savedTicks, TickStore, type Ticks } from "../../data/ticks.ts";
 import { counted } from "../../data/wording.ts";
@@ -20,7 +20,7 @@ export interface TickState {
 const initialsName = "torvel:initials";
 
 export function useTicks(): TickState {
-  const { summary } = usePage().report;
+  const { summary } = useReport().report;
   const store = useMemo(() => new TickStore(summary, browserStorage()), [summary]);
   const [ticks, setTicks] = useState<Ticks>(() => store.read());
   const [initials, setInitials] = useState(() => browserStorage()?.getItem(initialsName) ?? "");

@@ -1,7 +1,7 @@
 // How long the rest may take, with its arithmetic and factors that can be changed.
 
 import { useState } from "preact/hooks";
-import { usePage } from "../../app/context.ts";
+import { usePage, useReport } from "../../app/context.ts";
 import { estimateOf, parsedRange, type Counting, type EstimateRow } from "../../data/estimate.ts";
 import { todos, type Effort, type Todo } from "../../data/format.ts";
 import type { Count } from "../../data/totals.ts";
@@ -73,7 +73,7 @@ function minutesName(todo: Todo): string {
 }
 
 function Choice({ name, value, counting }: { name: string; value: Counting; counting: Counting }) {
-  const { change } = usePage();
+  const { change } = useReport();
   return (
     <label>
       <input
@@ -89,7 +89,7 @@ function Choice({ name, value, counting }: { name: string; value: Counting; coun
 }
 
 function FactorRow({ row }: { row: EstimateRow }) {
-  const { change } = usePage();
+  const { change } = useReport();
   const [typed, setTyped] = useState<string | null>(null);
   const { title } = todoNames[row.todo];
   const text =

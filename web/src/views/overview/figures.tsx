@@ -2,7 +2,7 @@
 
 import type { ComponentChildren } from "preact";
 import { addressOf } from "../../app/address.ts";
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { programStatuses } from "../../data/format.ts";
 import type { Count, Work } from "../../data/totals.ts";
 import { counted, grouped, share } from "../../data/wording.ts";
@@ -32,7 +32,7 @@ function Figure({
 }
 
 export function Figures({ work }: { work: Work }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const { totals, programs } = report.summary;
   const withStatus = (name: (typeof programStatuses)[number]) =>
     programs.status.filter((status) => status === programStatuses.indexOf(name)).length;

@@ -1,7 +1,7 @@
 // What is left, by what is to be done.
 
 import { addressOf } from "../../app/address.ts";
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { outputStates, severities, todos } from "../../data/format.ts";
 import { at } from "../../data/report.ts";
 import type { Count, Work } from "../../data/totals.ts";
@@ -47,7 +47,7 @@ export function LeftPart({ work }: { work: Work }) {
 
 /** Of the lines to look at, those that a check found. */
 function SeverityTable() {
-  const { report } = usePage();
+  const { report } = useReport();
   const { findings, placeFinding, placeOpen } = report;
   const counts: { places: number; inOutputs: number }[] = severities.map(() => ({
     places: 0,
@@ -98,7 +98,7 @@ function SeverityRow({ severity, count }: { severity: keyof typeof severityNames
 
 /** Outputs that are not as they were generated. */
 function OutputLinks() {
-  const { programs } = usePage().report.summary;
+  const { programs } = useReport().report.summary;
   const counts = outputStates.map((_, state) =>
     programs.outputState.filter((one) => one === state),
   );

@@ -1,13 +1,13 @@
 // What there is to know about the files as a whole.
 
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { todos } from "../../data/format.ts";
 import type { Count, Work } from "../../data/totals.ts";
 import { todoNames } from "../../data/wording.ts";
 import { Text } from "../../parts/text.tsx";
 
 export function NoticePart({ work }: { work: Work }) {
-  const { notices } = usePage().report.summary;
+  const { notices } = useReport().report.summary;
   const differences = useDifferences(work);
   return (
     <>
@@ -38,7 +38,7 @@ export function NoticePart({ work }: { work: Work }) {
 
 /** Where what the page counts is not what the report says. */
 function useDifferences(work: Work): string[] {
-  const { totals } = usePage().report.summary;
+  const { totals } = useReport().report.summary;
   const compared = (state: string, here: readonly Count[], there: typeof totals.open) =>
     todos.flatMap((todo, index) => {
       const { places, inOutputs } = here[index]!;

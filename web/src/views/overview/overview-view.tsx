@@ -1,5 +1,5 @@
 import { useMemo } from "preact/hooks";
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { folderWork, workOf } from "../../data/totals.ts";
 import { EstimatePart } from "./estimate-part.tsx";
 import { Figures } from "./figures.tsx";
@@ -9,7 +9,7 @@ import { NoticePart } from "./notice-part.tsx";
 import { RunPart } from "./run-part.tsx";
 
 export function OverviewView() {
-  const { report } = usePage();
+  const { report } = useReport();
   const work = useMemo(() => workOf(report), [report]);
   const folders = useMemo(() => folderWork(report), [report]);
   return (

@@ -1,7 +1,7 @@
 // A finding with what to do about it.
 
 import { addressOf } from "../../app/address.ts";
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { severities, todos, type ProgramDetail } from "../../data/format.ts";
 import { at, chainOf, ruleOf, textAt, type Report } from "../../data/report.ts";
 import { severityNames, todoNames } from "../../data/wording.ts";
@@ -11,7 +11,7 @@ import { Path, Text } from "../../parts/text.tsx";
 import { TodoSign } from "../../parts/work-signs.tsx";
 
 export function FindingCard({ finding, detail }: { finding: number; detail: ProgramDetail }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const { findings, summary } = report;
   const rule = ruleOf(report, finding);
   const severity = severities[at(findings.severity, finding)]!;
@@ -42,7 +42,7 @@ export function FindingCard({ finding, detail }: { finding: number; detail: Prog
 }
 
 function Inclusions({ finding }: { finding: number }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const chain = chainOf(report, finding);
   return (
     <>

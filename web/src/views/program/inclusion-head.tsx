@@ -1,6 +1,6 @@
 // What an `#include` brought in, folded or not.
 
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { at } from "../../data/report.ts";
 import type { Sheet } from "../../data/sheet.ts";
 import { counted } from "../../data/wording.ts";
@@ -16,7 +16,7 @@ export function InclusionHead({
   state: SheetState;
   sheet: Sheet;
 }) {
-  const { change } = usePage();
+  const { change } = useReport();
   const { file, first, end } = sheet.inclusions[inclusion]!;
   const isOpen = state.open.has(inclusion);
   const findings = state.found.rows.filter((row) => row >= first && row < end).length;

@@ -1,7 +1,7 @@
 // What is known of a program beside its texts.
 
 import { addressOf } from "../../app/address.ts";
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { outputStates, programStatuses, todos } from "../../data/format.ts";
 import { at, machineOf, programPath, textAt } from "../../data/report.ts";
 import { counted, machineName, outputNames, share, statusNames } from "../../data/wording.ts";
@@ -9,7 +9,7 @@ import { Path } from "../../parts/text.tsx";
 import { TodoSign, workText } from "../../parts/work-signs.tsx";
 
 export function ProgramHead({ program }: { program: number }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const { programs } = report.summary;
   const lines = at(programs.lines, program);
   const status = programStatuses[at(programs.status, program)]!;
@@ -42,7 +42,7 @@ export function ProgramHead({ program }: { program: number }) {
 }
 
 function LeftHere({ program }: { program: number }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const { findings, firstFinding } = report;
   const open = todos.map(() => 0);
   for (let i = at(firstFinding, program); i < at(firstFinding, program + 1); ++i) {

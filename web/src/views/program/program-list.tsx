@@ -2,7 +2,7 @@
 
 import { useMemo } from "preact/hooks";
 import { addressOf } from "../../app/address.ts";
-import { usePage } from "../../app/context.ts";
+import { usePage, useReport } from "../../app/context.ts";
 import { outerFolders } from "../../data/folders.ts";
 import { outputStates, programStatuses, todos } from "../../data/format.ts";
 import {
@@ -12,7 +12,7 @@ import {
   programOrders,
   type ProgramOrder,
 } from "../../data/program-order.ts";
-import { at, programPath } from "../../data/report.ts";
+import { at, programPath, type Report } from "../../data/report.ts";
 import { counted, grouped, outputNames, share, statusNames } from "../../data/wording.ts";
 import { Blocks } from "../../parts/blocks.tsx";
 import { SearchField } from "../../parts/search-field.tsx";
@@ -100,13 +100,9 @@ export function ProgramList() {
           rowHeight={30}
           role="rowgroup"
           dependencies={[rows]}
+          // Rows have no keys: what the row of another program was made of is used again.
           row={(index) => (
-            <ProgramRow
-              key={rows[index]}
-              program={rows[index]!}
-              left={left[rows[index]!]!}
-              most={most}
-            />
+            <ProgramRow program={rows[index]!} left={left[rows[index]!]!} most={most} />
           )}
         />
       </div>
@@ -115,7 +111,7 @@ export function ProgramList() {
 }
 
 function ProgramRow({ program, left, most }: { program: number; left: number; most: number }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const { programs } = report.summary;
   const path = programPath(report, program);
   const status = programStatuses[at(programs.status, program)]!;
@@ -150,7 +146,7 @@ function ProgramRow({ program, left, most }: { program: number; left: number; mo
   );
 }
 
-function openOf({ findings, firstFinding }: ReturnType<typeof usePage>["report"], program: number) {
+function openOf({ findings, firstFinding }: Report, program: number) {
   const open = todos.map(() => 0);
   for (let i = at(firstFinding, program); i < at(firstFinding, program + 1); ++i) {
     open[at(findings.todo, i)]! += at(findings.open, i);

@@ -1,5 +1,5 @@
 import { useEffect, useState } from "preact/hooks";
-import { usePage } from "../../app/context.ts";
+import { usePage, useReport } from "../../app/context.ts";
 import type { ProgramDetail } from "../../data/format.ts";
 import { Path } from "../../parts/text.tsx";
 import { ProgramHead } from "./program-head.tsx";
@@ -26,7 +26,7 @@ export function ProgramView() {
 }
 
 function OneProgram({ program }: { program: number }) {
-  const { source } = usePage();
+  const { source } = useReport();
   const [detail, setDetail] = useState<ProgramDetail | null>(null);
   const [failure, setFailure] = useState("");
   useEffect(() => {

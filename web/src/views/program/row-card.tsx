@@ -1,7 +1,7 @@
 // What can be known of the selected row: its findings, and its texts to copy.
 
 import { addressOf } from "../../app/address.ts";
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { outputText, sourceText } from "../../data/program-texts.ts";
 import { programPath } from "../../data/report.ts";
 import { at } from "../../data/report.ts";
@@ -11,7 +11,7 @@ import { FindingCard } from "./finding-card.tsx";
 import type { SheetState } from "./sheet-row.tsx";
 
 export function RowCard({ row, state }: { row: number; state: SheetState }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const { sheet, detail } = state.texts;
   const path = programPath(report, state.program);
   const link = () =>

@@ -1,6 +1,6 @@
 // Keys: n and p go to the next and the previous finding, j and k to the next and the previous row.
 
-import { useEffect } from "preact/hooks";
+import { useEffect, useRef } from "preact/hooks";
 import type { FindingRows } from "../../data/program-texts.ts";
 
 interface Rows {
@@ -18,15 +18,19 @@ export function previousFinding({ found, selected }: Pick<Rows, "found" | "selec
   return found.rows.findLast((row) => row < selected) ?? found.rows.at(-1) ?? -1;
 }
 
-export function useRowKeys({ found, rows, selected, select }: Rows): void {
+export function useRowKeys(rows: Rows): void {
+  // A key may come before what the one before it selected is shown.
+  const now = useRef(rows);
+  now.current = rows;
   useEffect(() => {
     const step = (by: number) => {
+      const { rows, selected } = now.current;
       const index = rows.indexOf(selected);
       return rows[index === -1 ? 0 : index + by] ?? -1;
     };
     const targets: Readonly<Record<string, () => number>> = {
-      n: () => nextFinding({ found, selected }),
-      p: () => previousFinding({ found, selected }),
+      n: () => nextFinding(now.current),
+      p: () => previousFinding(now.current),
       j: () => step(1),
       k: () => step(-1),
     };
@@ -35,12 +39,13 @@ export function useRowKeys({ found, rows, selected, select }: Rows): void {
       const row = target?.() ?? -1;
       if (row !== -1) {
         event.preventDefault();
-        select(row);
+        now.current.select(row);
+        now.current = { ...now.current, selected: row };
       }
     };
     window.addEventListener("keydown", press);
     return () => window.removeEventListener("keydown", press);
-  }, [found, rows, selected]);
+  }, []);
 }
 
 function isTyping({ target, ctrlKey, altKey, metaKey }: KeyboardEvent): boolean {

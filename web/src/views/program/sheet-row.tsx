@@ -3,9 +3,9 @@
 import type { ProgramTexts, FindingRows } from "../../data/program-texts.ts";
 import { outputText, sourceText } from "../../data/program-texts.ts";
 import { todos, type Todo } from "../../data/format.ts";
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { addressOf } from "../../app/address.ts";
-import { at, type Report } from "../../data/report.ts";
+import { at, programPath, type Report } from "../../data/report.ts";
 import { rowParameters } from "../../data/row-address.ts";
 import { changes } from "../../data/sheet.ts";
 import { brannicLanguage, torvelLanguage } from "../../language/words.ts";
@@ -70,11 +70,12 @@ function rowClass(row: number, { texts: { sheet }, selected, found }: SheetState
 
 /** Wherever a row is clicked it is selected; its number is a link to it. */
 function LineNumber({ row, number, state }: { row: number; number: number; state: SheetState }) {
-  const { address } = usePage();
+  const { report } = useReport();
   if (number === 0) {
     return null;
   }
-  const here = { path: address.parameters["path"] ?? "", ...rowParameters(state.texts.sheet, row) };
+  const path = programPath(report, state.program);
+  const here = { path, ...rowParameters(state.texts.sheet, row) };
   const follow = (event: MouseEvent) => {
     if (!event.ctrlKey && !event.metaKey && !event.shiftKey) {
       event.preventDefault();
@@ -89,7 +90,7 @@ function LineNumber({ row, number, state }: { row: number; number: number; state
 }
 
 function SourceCells({ row, state }: { row: number; state: SheetState }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const { sheet } = state.texts;
   const line = at(sheet.line, row);
   const findings = state.found.byRow.get(row) ?? [];
@@ -126,7 +127,7 @@ function Margin({
   findings: readonly number[];
   state: SheetState;
 }) {
-  const { report } = usePage();
+  const { report } = useReport();
   if (findings.length === 0) {
     return null;
   }

@@ -1,7 +1,7 @@
 // What can be done with a program's sheet: go to a finding or a line, fold, and choose which output is shown.
 
 import { useState } from "preact/hooks";
-import { usePage } from "../../app/context.ts";
+import { usePage, useReport } from "../../app/context.ts";
 import { rowOfParameters } from "../../data/row-address.ts";
 import { counted } from "../../data/wording.ts";
 import { mostWhole } from "../../parts/blocks.tsx";
@@ -79,7 +79,7 @@ function FindTools({ state }: { state: SheetState }) {
 }
 
 function Folding({ state }: { state: SheetState }) {
-  const { change } = usePage();
+  const { change } = useReport();
   const { inclusions } = state.texts.sheet;
   if (inclusions.length < 2) {
     return null;

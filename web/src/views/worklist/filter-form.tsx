@@ -1,6 +1,6 @@
 // Filters, search and order of the work list. All of them stand in the address.
 
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { outerFolders } from "../../data/folders.ts";
 import { noFilter, type Filter } from "../../data/filter.ts";
 import { severities, todos } from "../../data/format.ts";
@@ -17,7 +17,7 @@ const orders: Readonly<Record<GroupOrder, string>> = {
 };
 
 export function FilterForm({ filter, order }: { filter: Filter; order: GroupOrder }) {
-  const { report, change } = usePage();
+  const { report, change } = useReport();
   const set = (name: keyof Filter) => (value: string) => change({ [name]: value });
   const isFiltered = Object.values(filter).some((value) => value !== "");
   return (

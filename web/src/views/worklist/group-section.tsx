@@ -1,7 +1,7 @@
 // The findings of one code: how many, what to write instead, and where they are.
 
 import { useMemo } from "preact/hooks";
-import { usePage } from "../../app/context.ts";
+import { usePage, useReport } from "../../app/context.ts";
 import { addressOf } from "../../app/address.ts";
 import { inlinesOf } from "../../data/markdown.ts";
 import { severities, todos } from "../../data/format.ts";
@@ -16,7 +16,7 @@ import { TodoSign } from "../../parts/work-signs.tsx";
 import { PlaceRow } from "./place-row.tsx";
 
 export function GroupSection({ group, isOpen }: { group: Group; isOpen: boolean }) {
-  const { report, change } = usePage();
+  const { report, change } = useReport();
   const rule = report.summary.rules[group.rule]!;
   return (
     <section class={isOpen ? "group open" : "group"}>
@@ -45,7 +45,7 @@ export function GroupSection({ group, isOpen }: { group: Group; isOpen: boolean 
 
 /** What is to be done, and the severity; of the first finding, since those of a code are hardly ever different. */
 function GroupSigns({ group }: { group: Group }) {
-  const { findings } = usePage().report;
+  const { findings } = useReport().report;
   const severity = severities[at(findings.severity, group.findings[0]!)]!;
   return (
     <span class="group-signs">

@@ -1,6 +1,6 @@
 // A line of a source with something to do, and the programs whose outputs have it.
 
-import { usePage } from "../../app/context.ts";
+import { useReport } from "../../app/context.ts";
 import { findingAddress } from "../../app/finding-address.ts";
 import { todos } from "../../data/format.ts";
 import type { Place } from "../../data/groups.ts";
@@ -12,7 +12,7 @@ import { Path, Text } from "../../parts/text.tsx";
 import { TodoSign } from "../../parts/work-signs.tsx";
 
 export function PlaceRow({ place, shown }: { place: Place; shown: string }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const { findings, summary } = report;
   const { first } = place;
   const line = at(findings.line, first);
@@ -44,7 +44,7 @@ export function PlaceRow({ place, shown }: { place: Place; shown: string }) {
 
 /** The line with its place marked; a finding about the file has its text in its stead. */
 export function PlaceLine({ finding }: { finding: number }) {
-  const { findings, summary } = usePage().report;
+  const { findings, summary } = useReport().report;
   const line = textAt(summary, at(findings.lineText, finding));
   if (at(findings.line, finding) === 0 || line === "") {
     return <Text text={textAt(summary, at(findings.text, finding))} />;
@@ -59,7 +59,7 @@ export function PlaceLine({ finding }: { finding: number }) {
 }
 
 function PlacePrograms({ place, isShown }: { place: Place; isShown: boolean }) {
-  const { report, change } = usePage();
+  const { report, change } = useReport();
   if (place.findings.length === 1) {
     return <span class="place-programs" />;
   }
@@ -77,7 +77,7 @@ function PlacePrograms({ place, isShown }: { place: Place; isShown: boolean }) {
 }
 
 function ProgramLinks({ place }: { place: Place }) {
-  const { report } = usePage();
+  const { report } = useReport();
   const { findings } = report;
   return (
     <ul class="program-links">
