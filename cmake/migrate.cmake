@@ -71,6 +71,9 @@ add_custom_command(
 add_library(torvel_migrate STATIC ${migrate_sources} "${migrate_pages}" "${embedded_report_page}")
 target_link_libraries(torvel_migrate PUBLIC torvel_converter migrate_libraries)
 target_compile_definitions(torvel_migrate PRIVATE "TORVEL_VERSION=\"${PROJECT_VERSION}\"")
+# Nearly all of the companion's time is the converter's, which is optimised as a whole. Were the rest so too, linking
+# would take longer than all else of a build.
+set_target_properties(torvel_migrate PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF)
 
 add_executable(torvel-migrate src/migrate/main.cpp)
 target_link_libraries(torvel-migrate PRIVATE torvel_migrate)

@@ -3,8 +3,12 @@
 # the same on every platform.
 
 # Each test is one process: under Wine, starting one takes longer than most cases.
+# How fast the tests' own code is does not matter.
 function(add_windows_test name)
     add_executable(${name} ${ARGN})
+    if(MINGW)
+        target_compile_options(${name} PRIVATE -O0 -fno-lto)
+    endif()
     target_link_libraries(${name} PRIVATE test_support)
     add_test(NAME windows/${name} COMMAND ${name} --gtest_brief=1)
     set_tests_properties(windows/${name} PROPERTIES TIMEOUT 600)
