@@ -27,6 +27,8 @@ const gcode = /[Gg][0-9]+(?:\.[0-9]+)?/y;
 const addressLetter = /[EFGIJKLMNOPQRSTefgijklmnopqrst](?![A-Za-z_])/y;
 /** An axis, or what takes its place, in front of its value: the X of "X62.5". */
 const axis = /[A-Za-z]{1,2}(?=[0-9]+(?:\.[0-9]*)?(?![A-Za-z0-9_]))/y;
+/** What may be a keyword that begins with a digit: 2D. */
+const digitWord = /[0-9]+[A-Za-z]/y;
 const number = /0[xXhH][0-9A-Fa-f]+|&[xXhH][0-9A-Fa-f]+|[0-9]+(?:\.[0-9]*)?|\.[0-9]+/y;
 const variable = /\$[A-Za-z_][A-Za-z0-9_]*/y;
 const directive = /#[A-Za-z_][A-Za-z0-9_]*/y;
@@ -87,6 +89,10 @@ function tokenAt(line: string, at: number, language: Language): [end: number, ki
   if ((last = end(addressLetter)) > 0) return [last, "gcode"];
   if ((last = end(axis)) > 0) return [last, ""];
   if ((last = end(word)) > 0) return [last, language.kindOfWord(line.slice(at, last))];
+  if ((last = end(digitWord)) > 0) {
+    const kind = language.kindOfWord(line.slice(at, last));
+    if (kind !== "") return [last, kind];
+  }
   if ((last = end(number)) > 0) return [last, "number"];
   if ((last = end(variable)) > 0) return [last, language.kindOfVariable(line.slice(at + 1, last))];
   if ((last = end(directive)) > 0) {

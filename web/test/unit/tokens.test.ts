@@ -41,6 +41,15 @@ test("G-code: letters with their values", () => {
   ]);
 });
 
+test("keywords that begin with a digit are no numbers", () => {
+  assert.deepEqual(coloured("CALENABLE 2D 12D 0x2D", brannicLanguage), [
+    "statement:CALENABLE",
+    "word:2D",
+    "number:12",
+    "number:0x2D",
+  ]);
+});
+
 test("words that are spelled otherwise, operators and constants", () => {
   assert.deepEqual(coloured("WHL DATAITEM_PositionFeedback BAND 3", brannicLanguage), [
     "control:WHL",
