@@ -128,6 +128,51 @@ function brannic() {
     variables,
     directives,
     constants: constants(),
+    blocks: blocks(spelled),
+  };
+}
+
+/** What a row of the page of statements holds: a form of Brannic, what it becomes, and how it is converted. */
+export function statementForms() {
+  const [statements] = textOf("docs/statements.md").split(
+    "\n## Values behind an assignment\n",
+  );
+  const row = /^\| `(.+?)` \| (.+) \| (\w[\w ]*) \|$/gm;
+  return list("forms", statements.match(row) ?? []).map((text) => {
+    row.lastIndex = 0;
+    const [, brannic, become, kind] = row.exec(text);
+    const lines = [...become.matchAll(/`([^`]+)`/g)].map(([, line]) => line);
+    return { brannic: brannic.replaceAll("\\|", "|"), torvel: lines, kind };
+  });
+}
+
+/**
+ * The words that begin, go on with and end a block, told by what their forms become. A word of several, such as "END
+ * IF", is that with one blank.
+ */
+function blocks(spelled) {
+  const forms = statementForms().filter(({ kind }) => kind !== "refused");
+  const wordsThatBecome = (torvel) =>
+    forms
+      .filter(({ torvel: [first = ""] }) => torvel.test(first))
+      .map(({ brannic }) => /^[A-Z]+( [A-Z]+\b)*/.exec(brannic)[0])
+      .flatMap((words) =>
+        words
+          .split(" ")
+          .map((word) => spelled([word]))
+          .reduce((before, spellings) =>
+            before.flatMap((start) =>
+              spellings.map((word) => `${start} ${word}`),
+            ),
+          ),
+      );
+  return {
+    begin: list(
+      "beginnings of blocks",
+      wordsThatBecome(/^(?:if|for|while|repeat|function) /),
+    ),
+    middle: list("parts of blocks", wordsThatBecome(/^else/)),
+    end: list("ends of blocks", wordsThatBecome(/^end$/)),
   };
 }
 
@@ -146,6 +191,18 @@ function constants() {
   );
 }
 
+/** What is kept of the directives of Brannic, with the word that Torvel has for the one. */
+const keptDirectives = {
+  "#define": "#define",
+  "#else": "#else",
+  "#elseif": "#elif",
+  "#endif": "#endif",
+  "#ifdef": "#ifdef",
+  "#ifndef": "#ifndef",
+  "#macro": "#macro",
+  "#undef": "#undef",
+};
+
 function torvel(directives) {
   const words = rowsOf("src/checks/torvel-words.def", "WORD").map(
     ([word]) => word,
@@ -157,8 +214,13 @@ function torvel(directives) {
       "names of Torvel",
       words.filter((word) => !isLower(word)),
     ),
-    directives,
+    directives: directives.flatMap((name) => keptDirectives[name] ?? []),
     marker: "#error_unconvertible",
+    blocks: {
+      begin: ["for", "function", "if", "repeat", "while"],
+      middle: ["else", "elseif"],
+      end: ["end"],
+    },
   };
 }
 
