@@ -22,8 +22,13 @@ function brannic(tables) {
       word: tables.words,
     },
     constants: tables.constants,
-    /** Variables of the controller, whose names may end in digits. */
-    variables: tables.variables,
+    /** Variables of the controller: with digits behind them, and those that are the user's with digits behind them. */
+    variables: {
+      indexed: tables.variables.filter(
+        (name) => !tables.wholeVariables.includes(name),
+      ),
+      whole: tables.wholeVariables,
+    },
     directives: tables.directives,
     blocks: tables.blocks,
   };
@@ -38,7 +43,7 @@ function torvel(tables) {
     lineComments: ["//"],
     words: { control: tables.control, statement: tables.functions },
     constants: [],
-    variables: [],
+    variables: { indexed: [], whole: [] },
     directives: tables.directives,
     blocks: tables.blocks,
   };

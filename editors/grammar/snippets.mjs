@@ -5,7 +5,7 @@ import { statementForms } from "./tables.mjs";
 
 /** Words that stand for an operand in a form, with a number where there are several. */
 const operand =
-  /\b(?:axes|axis|condition|index|name|size|string|task|values?|variable)[0-9]?\b/g;
+  /\b(?:NAME|axes|axis|condition|index|name|size|string|task|values?|variable)[0-9]?\b/g;
 
 /** What closes the block that a form opens. */
 const closing = {
@@ -59,9 +59,15 @@ const prefixOf = ({ brannic }) =>
     .exec(written(brannic))?.[0]
     .toLowerCase();
 
+/** Names in forms that stand for defines of a program. */
+const hasExampleName = /\b(?:FEED|HEAD|LEVEL|TITLE)\b/;
+
 export function snippets() {
   const entries = statementForms()
-    .filter((form) => form.kind !== "refused")
+    .filter(
+      ({ kind, brannic }) =>
+        kind !== "refused" && !hasExampleName.test(brannic),
+    )
     .map((form) => [form, prefixOf(form)])
     .filter(([, prefix]) => prefix !== undefined)
     .map(([form, prefix]) => [

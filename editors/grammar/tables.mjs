@@ -104,13 +104,21 @@ function brannic() {
     "words",
     [...spellingsOf.values()].flat().filter((word) => !taken.has(word)),
   );
+  const lexed = textOf("src/lex/keywords.cpp");
+  const named = [...lexed.matchAll(/\{"([A-Z]+)",\s*TokenType::(\w+)\}/g)];
+  const [whole] = /bool isWhole\([^]*?return true/.exec(lexed);
+  const wholeKinds = [...whole.matchAll(/case (\w+):/g)].map(
+    ([, kind]) => kind,
+  );
   const variables = list(
     "variables",
-    [
-      ...textOf("src/lex/keywords.cpp").matchAll(
-        /\{"([A-Z]+)",\s*TokenType::/g,
-      ),
-    ].map(([, name]) => name),
+    named.map(([, name]) => name),
+  );
+  const wholeVariables = list(
+    "variables without an index",
+    named
+      .filter(([, , kind]) => wholeKinds.includes(kind))
+      .map(([, name]) => name),
   );
   const preprocessed = textOf("src/preprocess/directives.cpp").matchAll(
     /\{"([a-z]+)",\s*run\w+\}/g,
@@ -126,6 +134,7 @@ function brannic() {
     operators,
     words,
     variables,
+    wholeVariables,
     directives,
     constants: constants(),
     blocks: blocks(spelled),

@@ -67,15 +67,11 @@ function wordRules({ words, anyCase, constants }, rule) {
   return { byDigit, byLetter };
 }
 
-function variableRules({ variables }, rule) {
+function variableRules({ variables: { indexed, whole } }, rule) {
   const rules = [rule("variable", "\\$[A-Za-z_][A-Za-z0-9_]*")];
-  if (variables.length > 0) {
-    rules.unshift(
-      rule(
-        "systemVariable",
-        `\\$(?i:${wordPattern(variables)})[0-9]*${behindWord}`,
-      ),
-    );
+  if (indexed.length > 0) {
+    const names = `(?:${wordPattern(indexed)}[0-9]*|${wordPattern(whole)})`;
+    rules.unshift(rule("systemVariable", `\\$(?i:${names})${behindWord}`));
   }
   return rules;
 }

@@ -64,9 +64,9 @@ function matchLines({ id, lineComments, variables }) {
     match("Number", "/[0&][xXhH]\\x\\+/"),
     match("Variable", "/\\$\\h\\w*/"),
   ];
-  if (variables.length > 0) {
-    const names = variables.join("\\|");
-    lines.push(match("SystemVariable", `/\\c\\$\\%(${names}\\)\\d*\\w\\@!/`));
+  if (variables.indexed.length > 0) {
+    const names = `\\%(${variables.indexed.join("\\|")}\\)\\d*\\|${variables.whole.join("\\|")}`;
+    lines.push(match("SystemVariable", `/\\c\\$\\%(${names}\\)\\w\\@!/`));
   }
   lines.push(
     match("Directive", "/#\\h\\w*/"),
@@ -95,7 +95,7 @@ export function vimSyntax(language) {
       "Marker",
       "Gcode",
     ],
-    ...(variables.length > 0 ? ["SystemVariable"] : []),
+    ...(variables.indexed.length > 0 ? ["SystemVariable"] : []),
     ...Object.keys(words).map(capitalized),
     ...(constants.length > 0 ? ["Constant"] : []),
   ];

@@ -13,7 +13,7 @@ syn match brannicGcode /[Gg]\d\+\%(\.\d\+\)\?/
 syn match brannicNumber /\d\+\%(\.\d*\)\?\|\.\d\+/
 syn match brannicNumber /[0&][xXhH]\x\+/
 syn match brannicVariable /\$\h\w*/
-syn match brannicSystemVariable /\c\$\%(AI\|AO\|APTGLOB\|APTTASK\|AXISSTATUS\|BI\|BO\|DI\|DO\|GLOB\|GLOBAL\|INFO\|PAXIS\|PGLOB\|PGLOBAL\|PORT\|PTASK\|RETURN\|RI\|RO\|STRGLOB\|STRTASK\|SYSTEMSTATUS\|TASK\|TASKINDEX\|TASKSTATUS\|WI\|WO\)\d*\w\@!/
+syn match brannicSystemVariable /\c\$\%(\%(AI\|AO\|APTGLOB\|APTTASK\|BI\|BO\|DI\|DO\|GLOB\|GLOBAL\|INFO\|PORT\|RI\|RO\|STRGLOB\|STRTASK\|TASK\|TASKINDEX\|WI\|WO\)\d*\|AXISSTATUS\|PAXIS\|PGLOB\|PGLOBAL\|PTASK\|RETURN\|SYSTEMSTATUS\|TASKSTATUS\)\w\@!/
 syn match brannicDirective /#\h\w*/
 syn match brannicMarker /#error_unconvertible\w\@!.*/
 syn match brannicString /"[^"]*\%("\|$\)/

@@ -36,9 +36,16 @@ test("constants and variables of the controller", () => {
   for (const word of brannic!.constants) {
     assert.equal(colourOf("brannic", word), "support.constant.brannic", word);
   }
-  for (const word of brannic!.variables) {
+  const { indexed, whole } = brannic!.variables;
+  for (const word of [...indexed, ...whole]) {
     assert.equal(colourOf("brannic", `$${word}`), "variable.language.brannic", word);
+  }
+  assert.equal(indexed.length + whole.length, 28);
+  for (const word of indexed) {
     assert.equal(colourOf("brannic", `$${word.toLowerCase()}12`), "variable.language.brannic");
+  }
+  for (const word of whole) {
+    assert.equal(colourOf("brannic", `$${word}12`), "variable.other.brannic", word);
   }
   for (const word of [...brannic!.directives, "#IFDEF"]) {
     assert.equal(colourOf("brannic", word), "keyword.control.directive.brannic", word);

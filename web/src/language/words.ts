@@ -38,6 +38,8 @@ const brannicWords = wordsOf({
 });
 const brannicConstants = new Set(brannic.constants);
 const brannicVariables = new Set(brannic.variables);
+/** With digits behind them these are variables of the user. */
+const wholeVariables = new Set(brannic.wholeVariables);
 const torvelWords = wordsOf({ statement: torvel.functions, control: torvel.control });
 
 export const marker = torvel.marker;
@@ -54,8 +56,13 @@ export const brannicLanguage: Language = {
   comments: ["//", ";", "'"],
   kindOfWord: (word) =>
     brannicWords.get(word.toUpperCase()) ?? (brannicConstants.has(word) ? "constant" : ""),
-  kindOfVariable: (name) =>
-    brannicVariables.has(name.toUpperCase().replace(/\d+$/, "")) ? "word" : "variable",
+  kindOfVariable: (name) => {
+    const upper = name.toUpperCase();
+    const withoutIndex = upper.replace(/\d+$/, "");
+    return brannicVariables.has(wholeVariables.has(withoutIndex) ? upper : withoutIndex)
+      ? "word"
+      : "variable";
+  },
 };
 
 export const torvelLanguage: Language = {

@@ -41,6 +41,16 @@ test("G-code: letters with their values", () => {
   ]);
 });
 
+test("variables of the controller, some of which may have an index behind them", () => {
+  assert.deepEqual(coloured("$GLOBAL12 $PGLOB $PGLOB1 $return2 $Own3", brannicLanguage), [
+    "word:$GLOBAL12",
+    "word:$PGLOB",
+    "variable:$PGLOB1",
+    "variable:$return2",
+    "variable:$Own3",
+  ]);
+});
+
 test("keywords that begin with a digit are no numbers", () => {
   assert.deepEqual(coloured("CALENABLE 2D 12D 0x2D", brannicLanguage), [
     "statement:CALENABLE",
