@@ -16,12 +16,14 @@ set(notices
 if(WIN32)
     set(program_directory .)
     set(document_directory .)
+    set(editors_directory editors)
     list(APPEND notices
          gcc-runtime.txt /usr/share/doc/gcc-mingw-w64-x86-64-posix/copyright
          mingw-w64-runtime.txt /usr/share/doc/mingw-w64-x86-64-dev/copyright)
 else()
     set(program_directory ${CMAKE_INSTALL_BINDIR})
     set(document_directory ${CMAKE_INSTALL_DATADIR}/doc/brannictotorvel64)
+    set(editors_directory ${CMAKE_INSTALL_DATADIR}/brannictotorvel64/editors)
     list(APPEND notices
          gcc-runtime.txt /usr/share/doc/libstdc++-${compiler_version}-dev/copyright
          glibc.txt /usr/share/doc/libc6-dev/copyright
@@ -57,6 +59,9 @@ install(FILES README.md DESTINATION ${document_directory})
 install(DIRECTORY docs examples DESTINATION ${document_directory}
         FILES_MATCHING PATTERN "*.md" PATTERN "*.pgm" PATTERN "*.prg" PATTERN "*.inc" PATTERN "*.xml"
         PATTERN "*.toml" PATTERN "*.json")
+# script/build-editors packs the extension, where npm can be had.
+install(DIRECTORY editors/vim editors/notepad++ DESTINATION ${editors_directory})
+install(FILES build/editors/brannic-torvel-${PROJECT_VERSION}.vsix DESTINATION ${editors_directory} OPTIONAL)
 if(WIN32)
     # Texts for the editors and the command interpreter of Windows.
     set(text_directory "${PROJECT_BINARY_DIR}/packaging")

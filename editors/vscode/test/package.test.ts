@@ -10,6 +10,7 @@ import {
   readdirSync,
   readFileSync,
   rmSync,
+  statSync,
   writeFileSync,
 } from "node:fs";
 import { tmpdir } from "node:os";
@@ -117,7 +118,8 @@ const built = "build/editors/language-server";
 const withoutServer = { skip: !existsSync(built) && "the language server is not built" };
 
 test("the language server is in the package, with all that it reads", withoutServer, () => {
-  for (const name of readdirSync(built)) {
+  const names = readdirSync(built, { recursive: true, encoding: "utf8" });
+  for (const name of names.filter((path) => statSync(`${built}/${path}`).isFile())) {
     const packed = files.get(`extension/server/${name}`);
     assert.ok(packed?.equals(readFileSync(`${built}/${name}`)), name);
   }
