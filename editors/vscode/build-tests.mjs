@@ -20,6 +20,7 @@ await build({
   format: "esm",
   target: "node18",
   packages: "external",
+  alias: { vscode: "./test/stub/vscode.cjs" },
   // They read the tables beside them.
   external: ["../grammar/*.mjs"],
   sourcemap: "inline",

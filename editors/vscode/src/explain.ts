@@ -15,7 +15,7 @@ export const explanations: vscode.TextDocumentContentProvider = {
 /** Codes are words of small letters joined by "-". What a finding has instead may be a number, or nothing. */
 export function codeOf({ code }: Pick<vscode.Diagnostic, "code">): string | undefined {
   const value = typeof code === "object" ? code.value : code;
-  return typeof value === "string" && /^[a-z0-9-]+$/.test(value) ? value : undefined;
+  return typeof value === "string" && /^[a-z0-9]+(?:-[a-z0-9]+)*$/.test(value) ? value : undefined;
 }
 
 function codeUnderCursor(): string | undefined {
