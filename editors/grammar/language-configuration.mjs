@@ -8,6 +8,12 @@ const inFront =
 
 export function languageConfiguration({ lineComments, anyCase, blocks }) {
   const begins = (words) => inFront + blockPattern(words, anyCase);
+  // An IF that jumps has no block. What stands in a comment or behind a string does not count.
+  const notBeforeJump =
+    blocks.jumps.length === 0
+      ? ""
+      : `(?!(?:(?!//)[^;'"])*[^A-Za-z0-9_$]${blockPattern(blocks.jumps, anyCase)})`;
+  const opens = begins(blocks.begin) + notBeforeJump;
   return {
     comments: { lineComment: lineComments[0], blockComment: ["/*", "*/"] },
     brackets: [
@@ -27,11 +33,11 @@ export function languageConfiguration({ lineComments, anyCase, blocks }) {
     ],
     wordPattern: "[#$]?[A-Za-z_][A-Za-z0-9_]*",
     indentationRules: {
-      increaseIndentPattern: begins([...blocks.begin, ...blocks.middle]),
+      increaseIndentPattern: `${opens}|${begins(blocks.middle)}`,
       decreaseIndentPattern: begins([...blocks.middle, ...blocks.end]),
     },
     folding: {
-      markers: { start: begins(blocks.begin), end: begins(blocks.end) },
+      markers: { start: opens, end: begins(blocks.end) },
     },
   };
 }

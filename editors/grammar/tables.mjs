@@ -176,6 +176,8 @@ function blocks(spelled) {
           ),
       );
   return {
+    /** Behind one of these a line with the beginning of a block has none: "IF $a THEN GOTO there". */
+    jumps: list("jumps", spelled(["GOTO"])),
     begin: list(
       "beginnings of blocks",
       wordsThatBecome(/^(?:if|for|while|repeat|function) /),
@@ -226,6 +228,7 @@ function torvel(directives) {
     directives: directives.flatMap((name) => keptDirectives[name] ?? []),
     marker: "#error_unconvertible",
     blocks: {
+      jumps: [],
       begin: ["for", "function", "if", "repeat", "while"],
       middle: ["else", "elseif"],
       end: ["end"],

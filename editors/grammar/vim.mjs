@@ -135,7 +135,13 @@ function statementPattern({ anyCase, blocks }, part) {
   );
   const label =
     "\\%(/\\d*\\s*\\)\\?\\%(\\%([Nn]\\d\\+\\|:\\h\\w*\\|\\h\\w*:\\)\\s*\\)*";
-  return `${anyCase ? "\\c" : "\\C"}^\\s*${label}\\%(${words.map(anyBlanks).join("\\|")}\\)\\>`;
+  // An IF that jumps has no block.
+  const jump =
+    part === "begin" && blocks.jumps.length > 0
+      ? `\\%(\\%(//\\)\\@![^;"\\x27]\\)*\\$\\@1<!\\<\\%(${blocks.jumps.join("\\|")}\\)\\>`
+      : "";
+  const notBeforeJump = jump === "" ? "" : `\\%(${jump}\\)\\@!`;
+  return `${anyCase ? "\\c" : "\\C"}^\\s*${label}\\%(${words.map(anyBlanks).join("\\|")}\\)\\>${notBeforeJump}`;
 }
 
 /** The words for matchit, which goes from one to the next with %. */

@@ -13,7 +13,7 @@ let &l:define = '\c^\s*#\%(define\|macro\)'
 setlocal indentexpr=brannic#indent(v:lnum)
 setlocal indentkeys=!^F,o,O,=~end,=~else,=~next,=~loop,=~wend
 
-let b:brannic_begin = '\c^\s*\%(/\d*\s*\)\?\%(\%([Nn]\d\+\|:\h\w*\|\h\w*:\)\s*\)*\%(DO\s\+WHILE\|DO\s\+WHL\|REPEAT\|WHILE\|DFS\|FOR\|RPT\|WHL\|IF\)\>'
+let b:brannic_begin = '\c^\s*\%(/\d*\s*\)\?\%(\%([Nn]\d\+\|:\h\w*\|\h\w*:\)\s*\)*\%(DO\s\+WHILE\|DO\s\+WHL\|REPEAT\|WHILE\|DFS\|FOR\|RPT\|WHL\|IF\)\>\%(\%(\%(//\)\@![^;"\x27]\)*\$\@1<!\<\%(GOTO\|JUMP\)\>\)\@!'
 let b:brannic_middle = '\c^\s*\%(/\d*\s*\)\?\%(\%([Nn]\d\+\|:\h\w*\|\h\w*:\)\s*\)*\%(ELSE\s\+IF\|ELSEIF\|ELSE\)\>'
 let b:brannic_end = '\c^\s*\%(/\d*\s*\)\?\%(\%([Nn]\d\+\|:\h\w*\|\h\w*:\)\s*\)*\%(END\s\+REPEAT\|END\s\+WHILE\|ENDREPEAT\|ENDWHILE\|END\s\+DFS\|END\s\+RPT\|END\s\+SUB\|END\s\+WHL\|END\s\+IF\|ENDDFS\|ENDRPT\|ENDWHL\|ENDIF\|LOOP\|NEXT\|WEND\)\>'
 

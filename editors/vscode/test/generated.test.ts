@@ -72,6 +72,21 @@ for (const { id, anyCase, blocks } of languages) {
     }
   });
 
+  test(`a jump of ${id} behind a condition begins no block`, () => {
+    const isBlock = id === "torvel";
+    for (const line of [
+      "if $a == 1 goto there",
+      "if $a then goto N10 ; end",
+      "if $a JUMP x // y",
+    ]) {
+      assert.equal(start.test(line), isBlock, line);
+      assert.equal(new RegExp(indentationRules["increaseIndentPattern"] ?? "").test(line), isBlock);
+    }
+    for (const line of ["if $a ; goto there", "if $a // goto", "if $goto == 1", "if $a_goto"]) {
+      assert.ok(start.test(line), line);
+    }
+  });
+
   test(`what ${id} has for words and indentation is a pattern`, () => {
     assert.deepEqual("$a + NAME_2".match(new RegExp(word, "g")), ["$a", "NAME_2"]);
     const { increaseIndentPattern = "", decreaseIndentPattern = "" } = indentationRules;

@@ -68,6 +68,9 @@ const flat = [
   "if $a == 1 then",
   "N10 while $b < 3",
   "$b = 1 ; if",
+  "if $goto then jump again ; stays",
+  "if $goto == 1 // goto",
+  "endif",
   "ENDWHL",
   "else if $a == 2",
   "again: RPT 3",
@@ -103,7 +106,7 @@ test("Vim knows the files, indents blocks, and reads a log", options, () => {
   runVim("editors/vscode/test/vim-plugin.vim", { TORVEL_FOLDER: folder, TORVEL_RESULT: result });
   const [picture = "", ...lines] = readFileSync(result, "utf8").trimEnd().split("\n");
   assert.match(picture, /^picture\.pgm (?!brannic)/);
-  const indents = [0, 2, 4, 2, 0, 2, 4, 2, 0, 2, 4, 2, 0, 0];
+  const indents = [0, 2, 4, 4, 4, 4, 2, 0, 2, 4, 2, 0, 2, 4, 2, 0, 0];
   assert.deepEqual(lines, [
     "program.pgm brannic ; %s",
     "PROGRAM.PRG brannic ; %s",
