@@ -57,28 +57,22 @@ export class LanguageServer {
         ],
         outputChannel: this.log,
         initializationOptions: serverSettings(),
+        middleware: {
+          // The server asks for its settings when they change.
+          workspace: {
+            configuration: ({ items }) =>
+              items.map(({ section }) => (section === "brannic" ? serverSettings() : null)),
+          },
+        },
       },
     );
     this.client = client;
-    this.context.subscriptions.push(
-      vscode.workspace.onDidChangeConfiguration((event) => {
-        if (event.affectsConfiguration("brannic")) {
-          void this.sendSettings();
-        }
-      }),
-    );
     try {
       await client.start();
     } catch (error) {
       this.client = undefined;
       this.log.appendLine(`The language server did not start: ${String(error)}`);
     }
-  }
-
-  private async sendSettings(): Promise<void> {
-    await this.client?.sendNotification("workspace/didChangeConfiguration", {
-      settings: { brannic: serverSettings() },
-    });
   }
 
   /** The Torvel of a document that is open in the editor. */

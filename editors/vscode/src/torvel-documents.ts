@@ -98,7 +98,6 @@ export async function showTorvelBeside(documents: TorvelDocuments): Promise<void
     return;
   }
   const document = await vscode.workspace.openTextDocument(torvelAddress(editor.document.uri));
-  await vscode.languages.setTextDocumentLanguage(document, "torvel");
   await vscode.window.showTextDocument(document, {
     viewColumn: vscode.ViewColumn.Beside,
     preserveFocus: true,
