@@ -16,6 +16,8 @@ import {
 import { tmpdir } from "node:os";
 import { dirname } from "node:path";
 import { after, test } from "node:test";
+import { pathToFileURL } from "node:url";
+import { createMessageConnection } from "vscode-jsonrpc/node.js";
 import { readPackage } from "../zip.mjs";
 
 interface Manifest {
@@ -115,9 +117,11 @@ test("the program loads and registers the commands of the manifest", () => {
 });
 
 const built = "build/editors/language-server";
-const withoutServer = { skip: !existsSync(built) && "the language server is not built" };
+const withServer = { skip: !existsSync(built) && "the language server is not built" };
 
-test("the language server is in the package, with all that it reads", withoutServer, () => {
+const serverOptions = { ...withServer, timeout: 60_000 };
+
+test("the language server is in the package, with all that it reads", withServer, () => {
   const names = readdirSync(built, { recursive: true, encoding: "utf8" });
   for (const name of names.filter((path) => statSync(`${built}/${path}`).isFile())) {
     const packed = files.get(`extension/server/${name}`);
@@ -126,25 +130,36 @@ test("the language server is in the package, with all that it reads", withoutSer
   assert.ok(files.has("extension/server/server.cjs"));
 });
 
-test("the packed server answers", { ...withoutServer, timeout: 30_000 }, async () => {
+test("the packed server gives the Torvel of a document", serverOptions, async () => {
   const server = spawn(process.execPath, [`${extension}/server/server.cjs`, "--stdio"], {
     cwd: unpacked,
     stdio: ["pipe", "pipe", "inherit"],
   });
-  const request = JSON.stringify({
-    jsonrpc: "2.0",
-    id: 1,
-    method: "initialize",
-    params: { processId: process.pid, rootUri: null, capabilities: {} },
-  });
-  server.stdin.write(`Content-Length: ${Buffer.byteLength(request)}\r\n\r\n${request}`);
-  let answer = "";
-  for await (const piece of server.stdout) {
-    answer += String(piece);
-    if (/"id":1/.test(answer) && answer.includes("brannic.torvel")) {
-      break;
-    }
+  const connection = createMessageConnection(server.stdout, server.stdin);
+  connection.listen();
+  const uri = pathToFileURL(`${unpacked}/part.pgm`).href;
+  const text = "DVAR $a\n; two\nPROBE X\n";
+  writeFileSync(`${unpacked}/part.pgm`, text);
+  try {
+    await connection.sendRequest("initialize", {
+      processId: process.pid,
+      rootUri: pathToFileURL(unpacked).href,
+      capabilities: {},
+      initializationOptions: { parameterFile: "", projectFile: "", referenceRows: "" },
+    });
+    await connection.sendNotification("initialized", {});
+    await connection.sendNotification("textDocument/didOpen", {
+      textDocument: { uri, languageId: "brannic", version: 1, text },
+    });
+    const answer = await connection.sendRequest("workspace/executeCommand", {
+      command: "brannic.torvel",
+      arguments: [uri],
+    });
+    const { text: torvel, lines } = answer as { text: string; lines: number[] };
+    assert.equal(torvel, "var $a\n// two\n#error_unconvertible (part.pgm:3): PROBE X\n");
+    assert.deepEqual(lines.slice(0, 3), [0, 1, 2]);
+  } finally {
+    connection.dispose();
+    server.kill();
   }
-  server.kill();
-  assert.match(answer, /"executeCommandProvider"/);
 });
