@@ -80,6 +80,7 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
     if (run.record != nullptr) {
         part.record = std::make_unique<CheckRecord>();
         part.record->run = run.record;
+        part.record->recentVariables = std::make_unique<RecentNames>();
         context.record = part.record.get();
         convertLines<true>(context, first, last, part);
     } else {
@@ -136,7 +137,7 @@ void convertInto(ConversionContext& context, Target target, const WorkSharing& s
         context.log.insert(context.log.end(), std::make_move_iterator(part->log.begin()),
                            std::make_move_iterator(part->log.end()));
         if (context.record != nullptr) {
-            append(context.program, *context.record, std::move(*part->record));
+            append(*context.record, std::move(*part->record));
         }
     }
     if (context.record != nullptr) {

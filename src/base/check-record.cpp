@@ -34,9 +34,10 @@ void enterDefined(CheckRecord& record, std::string_view name) {
 
 std::string_view KeptTexts::keep(std::string_view text) {
     constexpr std::size_t chunkBytes = 4096;
+    constexpr std::size_t readBehind = 16;
     if (text.size() > left_) {
         left_ = std::max(chunkBytes, text.size());
-        chunks_.push_back(std::make_unique_for_overwrite<char[]>(left_));
+        chunks_.push_back(std::make_unique_for_overwrite<char[]>(left_ + readBehind));
         next_ = chunks_.back().get();
     }
     const std::string_view kept(next_, text.size());

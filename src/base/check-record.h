@@ -10,8 +10,8 @@
 
 #include "src/base/findings.h"
 #include "src/base/growing-array.h"
-#include "src/base/name-set.h"
 #include "src/base/program.h"
+#include "src/base/recent-names.h"
 
 namespace torvel {
 
@@ -55,22 +55,22 @@ struct Fact {
     bool isInBody = false;
     std::uint32_t programLine = 0;
     SourcePosition position;
-    /// The text of its line, and its place in it.
-    TextSpan lineText{};
-    TextSpan place{};
+    /// Its place in its line, looked for while the line is at hand.
+    ColumnRange columns;
     std::string_view name;
     /// What a define stands for.
     std::string_view value;
 };
 
-/// Where a variable stands first: most programs have more of them than of all facts.
+/// Where a variable stands: most programs have more of them than of all facts.
 struct VariablePlace {
     std::uint32_t programLine = 0;
     TextSpan lineText{};
     TextSpan name{};
 };
 
-/// Texts that stand nowhere else. They stay where they are, also when another record takes them.
+/// Texts that stand nowhere else. They stay where they are, also when another record takes them, and as in every text
+/// store sixteen bytes can be read from each of them on.
 class KeptTexts {
 public:
     std::string_view keep(std::string_view text);
@@ -105,10 +105,12 @@ struct CheckRecord {
     KeptTexts texts;
     /// The further lines of findings.
     std::deque<std::vector<std::uint32_t>> lines;
-    /// In the order of the program's lines.
+    /// Those of the lines that are converted just now; behind them those of converted lines. A variable may stand there
+    /// several times.
     GrowingArray<VariablePlace> variables;
-    /// Their names.
-    NameSet variableNames;
+    std::vector<GrowingArray<VariablePlace>> variablesOfLines;
+    /// Names that need not be recorded once more; null where nothing is converted.
+    std::unique_ptr<RecentNames> recentVariables;
     /// Names of the defines that were met, and those that were met again. Only these can have several values.
     std::unordered_set<std::string> defined;
     std::unordered_set<std::string> definedAgain;
@@ -153,9 +155,6 @@ ColumnRange columnsOf(const Program& program, const SourcePosition& position, Te
 inline ColumnRange columnsOf(const Program& program, const SourcePosition& position,
                              TextSpan lineText, std::span<const Token> tokens) {
     return columnsOf(program, position, lineText, placeOf(tokens, lineText));
-}
-inline ColumnRange columnsOf(const Program& program, const Fact& fact) {
-    return columnsOf(program, fact.position, fact.lineText, fact.place);
 }
 
 }  // namespace torvel

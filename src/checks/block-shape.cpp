@@ -59,8 +59,7 @@ constexpr std::size_t mostOfBody = 64;
 
 class BlockCheck {
 public:
-    BlockCheck(const Program& program, const Facts& facts, CheckRecord& record)
-        : program_(program), record_(record), facts_(facts) {}
+    BlockCheck(const Facts& facts, CheckRecord& record) : record_(record), facts_(facts) {}
 
     void run() {
         for (std::size_t number = 0; number < facts_.size(); ++number) {
@@ -204,7 +203,7 @@ private:
 
     void report(const Fact& fact) {
         if (!isUncertain_) {
-            addFinding(program_, record_, Check::BlockShape, fact);
+            addFinding(record_, Check::BlockShape, fact);
         }
     }
 
@@ -261,7 +260,6 @@ private:
         return fact;
     }
 
-    const Program& program_;
     CheckRecord& record_;
     const Facts& facts_;
     OpenBlocks blocks_;
@@ -279,8 +277,10 @@ private:
 
 }  // namespace
 
-void checkBlocks(const Program& program, const Facts& facts, CheckRecord& record) {
-    BlockCheck(program, facts, record).run();
+void checkBlocks(const Facts& facts, CheckRecord& record) {
+    if (facts.haveOneOf({Kind::opens, Kind::closes, Kind::continues})) {
+        BlockCheck(facts, record).run();
+    }
 }
 
 }  // namespace torvel

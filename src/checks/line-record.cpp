@@ -33,9 +33,9 @@ void noteRefused(CheckRecord& record) {
     }
 }
 
-/// Each variable is recorded once.
+/// Each variable is recorded where it stands first.
 void noteVariable(CheckRecord& record, std::string_view name, const VariablePlace& place) {
-    if (record.variableNames.insert(name)) {
+    if (record.recentVariables->insert(name)) {
         record.variables.push_back(place);
     }
 }
@@ -182,12 +182,10 @@ void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
     }
 }
 
-void append(const Program& program, CheckRecord& record, CheckRecord&& further) {
+void append(CheckRecord& record, CheckRecord&& further) {
     record.ofLines.push_back(std::move(further.findings));
     record.factsOfLines.push_back(std::move(further.facts));
-    for (const VariablePlace& variable : further.variables) {
-        noteVariable(record, program.text.view(variable.name), variable);
-    }
+    record.variablesOfLines.push_back(std::move(further.variables));
     record.texts.take(std::move(further.texts));
 }
 
@@ -251,10 +249,10 @@ GrowingArray<Finding> fileFindings(const Program& program, CheckRecord& record) 
 void finishRecord(const Program& program, CheckRecord& record) {
     record.ofFiles = fileFindings(program, record);
     const Facts facts = factsInOrder(record);
-    checkDefines(program, facts, record);
-    checkArguments(program, facts, record);
-    checkJumps(program, facts, record);
-    checkBlocks(program, facts, record);
+    checkDefines(facts, record);
+    checkArguments(facts, record);
+    checkJumps(facts, record);
+    checkBlocks(facts, record);
     checkNames(program, facts, record);
     sortFindings({record.findings.data(), record.findings.size()});
 }

@@ -28,7 +28,7 @@ void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
                 BlockEffect effect);
 
 /// Appends the record of further lines of the program.
-void append(const Program& program, CheckRecord& record, CheckRecord&& further);
+void append(CheckRecord& record, CheckRecord&& further);
 
 /// Looks at the program as a whole.
 void finishRecord(const Program& program, CheckRecord& record);

@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "src/base/characters.h"
+#include "src/checks/spellings.h"
 #include "src/checks/ways.h"
 
 namespace torvel {
@@ -12,8 +12,8 @@ namespace torvel {
 using Kind = Fact::Kind;
 
 /// The text says which name it is about. A block has none.
-void addFinding(const Program& program, CheckRecord& record, Check check, const Fact& fact) {
-    Finding finding = makeFinding(check, fact.position, columnsOf(program, fact));
+void addFinding(CheckRecord& record, Check check, const Fact& fact) {
+    Finding finding = makeFinding(check, fact.position, fact.columns);
     finding.programLine = fact.programLine;
     if (check != Check::BlockShape) {
         finding.text = textAbout(record, check, fact.name);
@@ -90,37 +90,34 @@ std::unordered_set<std::uint32_t> markedLines(const Facts& facts) {
 /// The uses of names in a line of which the columns are not known: those of one name are one finding.
 class UsesWithoutPlace {
 public:
-    explicit UsesWithoutPlace(const Program& program) : program_(program) {}
-
     bool isFirst(const Fact& fact) {
         if (fact.programLine != line_) {
             line_ = fact.programLine;
             names_.clear();
         }
-        return columnsOf(program_, fact) != ColumnRange() || names_.insert(fact.name).second;
+        return fact.columns != ColumnRange() || names_.insert(fact.name).second;
     }
 
 private:
-    const Program& program_;
     std::uint32_t line_ = 0;
     std::unordered_set<std::string_view> names_;
 };
 
 }  // namespace
 
-void checkDefines(const Program& program, const Facts& facts, CheckRecord& record) {
+void checkDefines(const Facts& facts, CheckRecord& record) {
     if (!facts.haveOneOf({Kind::lostDefine, Kind::lostMacro, Kind::valueUse}) &&
         !asksForPredefined(facts)) {
         return;
     }
     const std::unordered_set<std::uint32_t> marked = markedLines(facts);
-    UsesWithoutPlace uses(program);
+    UsesWithoutPlace uses;
     Ways ways;
     for (std::size_t number = 0; number < facts.size(); ++number) {
         const Fact& fact = facts[number];
         const bool asks = fact.kind == Kind::ifdef || fact.kind == Kind::elif;
         if (asks && isConditionLost(ways.at(fact.name), fact) && !isIncludeGuard(facts, number)) {
-            addFinding(program, record, Check::ConditionLost, fact);
+            addFinding(record, Check::ConditionLost, fact);
         }
         if (followConditional(ways, facts, number)) {
             continue;
@@ -134,12 +131,12 @@ void checkDefines(const Program& program, const Facts& facts, CheckRecord& recor
             case Kind::valueUse:
                 if (ways.at(fact.name).hasSeveralValues && !marked.contains(fact.programLine) &&
                     uses.isFirst(fact)) {
-                    addFinding(program, record, Check::ConditionFrozen, fact);
+                    addFinding(record, Check::ConditionFrozen, fact);
                 }
                 break;
             case Kind::macroCall:
                 if (ways.at(fact.name).mayBeLostMacro) {
-                    addFinding(program, record, Check::MacroKeptOut, fact);
+                    addFinding(record, Check::MacroKeptOut, fact);
                 }
                 break;
             default: break;
@@ -148,7 +145,7 @@ void checkDefines(const Program& program, const Facts& facts, CheckRecord& recor
 }
 
 /// A macro of several definitions may be any of them where it is called.
-void checkArguments(const Program& program, const Facts& facts, CheckRecord& record) {
+void checkArguments(const Facts& facts, CheckRecord& record) {
     if (!facts.haveOneOf({Kind::argumentUse})) {
         return;
     }
@@ -167,10 +164,10 @@ void checkArguments(const Program& program, const Facts& facts, CheckRecord& rec
         }
         const unsigned met = fact.sides & use->second;
         if ((met & (Fact::leftSide | Fact::rightSide)) != 0) {
-            addFinding(program, record, Check::ArgumentSum, fact);
+            addFinding(record, Check::ArgumentSum, fact);
         }
         if ((met & Fact::isSet) != 0) {
-            addFinding(program, record, Check::ArgumentSet, fact);
+            addFinding(record, Check::ArgumentSet, fact);
         }
     }
 }
@@ -209,11 +206,12 @@ bool isMetBefore(const Ways& ways, const Reaching& reaching) {
 
 }  // namespace
 
-void checkJumps(const Program& program, const Facts& facts, CheckRecord& record) {
+void checkJumps(const Facts& facts, CheckRecord& record) {
     if (!facts.haveOneOf({Kind::label, Kind::jump, Kind::call})) {
         return;
     }
-    const Targets targets = targetsOf(facts);
+    const Targets targets =
+        facts.haveOneOf({Kind::jump, Kind::call}) ? targetsOf(facts) : Targets();
     Ways ways;
     std::size_t functions = 0;
     std::size_t function = 0;
@@ -227,27 +225,25 @@ void checkJumps(const Program& program, const Facts& facts, CheckRecord& record)
             case Kind::functionEnd: function = 0; break;
             case Kind::jump:
                 if (!targets.labels.contains(fact.name)) {
-                    addFinding(program, record, Check::JumpTarget, fact);
+                    addFinding(record, Check::JumpTarget, fact);
                 }
                 break;
             case Kind::call:
                 if (!targets.functions.contains(fact.name)) {
-                    addFinding(program, record, Check::JumpTarget, fact);
+                    addFinding(record, Check::JumpTarget, fact);
                 }
                 break;
             case Kind::label: {
                 if (fact.isInBody) {
                     break;
                 }
-                const std::string_view key = labelKey(record, function, fact.name);
-                if (isMetBefore(ways, ways.at(key))) {
-                    addFinding(program, record, Check::JumpTarget, fact);
-                }
                 Reaching reaching;
                 reaching.mayBeNone = false;
                 reaching.mayBeKept = true;
                 reaching.latest = number + 1;
-                ways.set(key, reaching);
+                if (isMetBefore(ways, ways.set(labelKey(record, function, fact.name), reaching))) {
+                    addFinding(record, Check::JumpTarget, fact);
+                }
                 break;
             }
             default: break;
@@ -256,30 +252,6 @@ void checkJumps(const Program& program, const Facts& facts, CheckRecord& record)
 }
 
 namespace {
-
-constexpr std::string_view torvelWords[] = {
-    "$rglobal",
-    "$sglobal",
-#define WORD(text) text,
-#include "src/checks/torvel-words.def"
-};
-
-std::string inLowerCase(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), lowerCase);
-    return lower;
-}
-
-bool isTorvelWord(const std::string& lower) {
-    static const std::unordered_set<std::string> words = [] {
-        std::unordered_set<std::string> made;
-        for (const std::string_view word : torvelWords) {
-            made.insert(inLowerCase(word));
-        }
-        return made;
-    }();
-    return words.contains(lower);
-}
 
 bool isName(Kind kind) {
     return kind == Kind::define || kind == Kind::macro || kind == Kind::label ||
@@ -291,52 +263,51 @@ Fact factOf(const Program& program, const VariablePlace& variable) {
     fact.kind = Kind::variable;
     fact.programLine = variable.programLine;
     fact.position = program.list.lines[variable.programLine].position();
-    fact.lineText = variable.lineText;
-    fact.place = variable.name;
+    fact.columns = columnsOf(program, fact.position, variable.lineText, variable.name);
     fact.name = program.text.view(variable.name);
     return fact;
 }
 
-/// The names of a program in the order of its lines.
-class NameCheck {
+/// All variables of a record, in the order of the program's lines.
+class Variables {
 public:
-    NameCheck(const Program& program, CheckRecord& record) : program_(program), record_(record) {}
+    explicit Variables(const CheckRecord& record) : parts_(record.variablesOfLines) {}
 
-    /// A name has a finding where it stands first.
-    void look(const Fact& fact) {
-        if (!seen_.insert(fact.name).second) {
-            return;
+    /// The next variable that stands in front of that line; null: there is none.
+    const VariablePlace* next(std::uint32_t behind) {
+        while (part_ < parts_.size() && place_ == parts_[part_].size()) {
+            ++part_;
+            place_ = 0;
         }
-        std::string lower = inLowerCase(fact.name);
-        const bool isWord = isTorvelWord(lower);
-        const bool isOther = !byLowerCase_.insert(std::move(lower)).second;
-        if (isOther || isWord) {
-            addFinding(program_, record_, Check::NameShadows, fact);
-        }
+        const bool isThere = part_ < parts_.size() && parts_[part_][place_].programLine < behind;
+        return isThere ? &parts_[part_][place_++] : nullptr;
     }
 
 private:
-    const Program& program_;
-    CheckRecord& record_;
-    std::unordered_set<std::string_view> seen_;
-    std::unordered_set<std::string> byLowerCase_;
+    const std::vector<GrowingArray<VariablePlace>>& parts_;
+    std::size_t part_ = 0;
+    std::size_t place_ = 0;
 };
 
 }  // namespace
 
 void checkNames(const Program& program, const Facts& facts, CheckRecord& record) {
-    NameCheck check(program, record);
-    auto variable = record.variables.begin();
+    Spellings names;
+    Variables variables(record);
     const auto lookAtVariables = [&](std::uint32_t behind) {
-        while (variable != record.variables.end() && variable->programLine < behind) {
-            check.look(factOf(program, *variable++));
+        while (const VariablePlace* variable = variables.next(behind)) {
+            if (names.isShadow(program.text.view(variable->name))) {
+                addFinding(record, Check::NameShadows, factOf(program, *variable));
+            }
         }
     };
     for (std::size_t number = 0; number < facts.size(); ++number) {
         const Fact& fact = facts[number];
         if (isName(fact.kind)) {
             lookAtVariables(fact.programLine);
-            check.look(fact);
+            if (names.isShadow(fact.name)) {
+                addFinding(record, Check::NameShadows, fact);
+            }
         }
     }
     lookAtVariables(UINT32_MAX);

@@ -40,21 +40,21 @@ private:
 };
 
 /// condition-lost, condition-frozen, macro-kept-out
-void checkDefines(const Program& program, const Facts& facts, CheckRecord& record);
+void checkDefines(const Facts& facts, CheckRecord& record);
 
 /// argument-sum, argument-set
-void checkArguments(const Program& program, const Facts& facts, CheckRecord& record);
+void checkArguments(const Facts& facts, CheckRecord& record);
 
 /// jump-target
-void checkJumps(const Program& program, const Facts& facts, CheckRecord& record);
+void checkJumps(const Facts& facts, CheckRecord& record);
 
 /// block-shape
-void checkBlocks(const Program& program, const Facts& facts, CheckRecord& record);
+void checkBlocks(const Facts& facts, CheckRecord& record);
 
 /// name-shadows
 void checkNames(const Program& program, const Facts& facts, CheckRecord& record);
 
 /// Appends a finding at the place of a fact.
-void addFinding(const Program& program, CheckRecord& record, Check check, const Fact& fact);
+void addFinding(CheckRecord& record, Check check, const Fact& fact);
 
 }  // namespace torvel

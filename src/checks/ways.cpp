@@ -26,7 +26,7 @@ const Reaching& Ways::at(std::string_view name) const {
     return found == names_.end() ? none : found->second;
 }
 
-void Ways::set(std::string_view name, const Reaching& reaching, unsigned levels) {
+Reaching Ways::set(std::string_view name, const Reaching& reaching, unsigned levels) {
     Reaching& now = names_[name];
     if (!frames_.empty()) {
         Frame& frame = frames_.back();
@@ -42,7 +42,7 @@ void Ways::set(std::string_view name, const Reaching& reaching, unsigned levels)
             change.levels = std::max(change.levels, levels);
         }
     }
-    now = reaching;
+    return std::exchange(now, reaching);
 }
 
 void Ways::openConditional(std::size_t fact, std::string_view guard, bool isNegated) {

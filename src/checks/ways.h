@@ -30,7 +30,10 @@ Reaching join(const Reaching& a, const Reaching& b);
 class Ways {
 public:
     const Reaching& at(std::string_view name) const;
-    void set(std::string_view name, const Reaching& reaching) { set(name, reaching, mostLevels); }
+    /// Gives what it was.
+    Reaching set(std::string_view name, const Reaching& reaching) {
+        return set(name, reaching, mostLevels);
+    }
 
     /// Begins the first branch of a conditional, which is fact number `fact`. `guard` is the name that must be
     /// defined in it, or must not.
@@ -66,7 +69,7 @@ private:
         bool isNegated = false;
     };
 
-    void set(std::string_view name, const Reaching& reaching, unsigned levels);
+    Reaching set(std::string_view name, const Reaching& reaching, unsigned levels);
     void endBranch(Frame& frame);
 
     std::unordered_map<std::string_view, Reaching> names_;

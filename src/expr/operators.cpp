@@ -120,7 +120,6 @@ private:
 };
 
 /// Whether the operand of the power level at the cursor is one token, as most are, and what follows is no part of it.
-/// Who asks for checks asks for what is behind the longer way.
 bool isOneToken(const Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
     const TokenType type = cursor.type();
@@ -129,12 +128,14 @@ bool isOneToken(const Statement& statement) {
                           type == TokenType::NUMBER_DEFINE;
     return (isNumber || (isBareVariable(cursor) && following != TokenType::PLUS_PLUS &&
                          following != TokenType::MINUS_MINUS)) &&
-           following != TokenType::STAR_STAR && statement.context.record == nullptr;
+           following != TokenType::STAR_STAR;
 }
 
 /// Writes such an operand.
 void writeOneToken(Statement& statement, ExpressionText& out) {
-    if (statement.cursor.is(TokenType::NUMBER_DEFINE)) {
+    const TokenType type = statement.cursor.type();
+    const bool isAsked = statement.context.record != nullptr;
+    if (type == TokenType::NUMBER_DEFINE || (isAsked && type == TokenType::INTEGER_LITERAL)) {
         translateNumericLiteral(statement, out);
     } else {
         writeToken(statement, out);

@@ -71,8 +71,8 @@ void recordFact(const Statement& statement, Fact::Kind kind, std::string_view na
     Fact fact;
     fact.kind = kind;
     fact.position = context.position;
-    fact.lineText = context.record->lineText;
-    fact.place = placeOf(std::span(first, statement.cursor.place()), fact.lineText);
+    fact.columns = columnsOf(context.program, context.position, context.record->lineText,
+                             std::span(first, statement.cursor.place()));
     fact.name = context.record->texts.keep(name);
     context.record->facts.push_back(fact);
 }

@@ -111,8 +111,7 @@ void noteUses(PreprocessorRun& run, const SourcePosition& position, TextSpan lin
         if (!use.isPreserved && mayHaveSeveralValues(*run.record, name)) {
             noteFact(run, Fact::Kind::valueUse, position, name);
             --run.record->facts.back().programLine;  // the line is appended already
-            run.record->facts.back().lineText = lineText;
-            run.record->facts.back().place = use.name;
+            run.record->facts.back().columns = columnsOf(run.program, position, lineText, use.name);
         }
     }
     run.defines.forgetUses();

@@ -143,12 +143,6 @@ bool hasExponent(std::string_view text) {
 
 /// What is written behind a word's letter or axis, its tokens beginning at `first`.
 void checkWordValue(Statement& statement, const Token* first, std::string_view text) {
-    const bool isPlainNumber =
-        statement.cursor.place() - first == 1 &&
-        (first->type == TokenType::INTEGER_LITERAL || first->type == TokenType::FLOAT_LITERAL);
-    if (isPlainNumber) {
-        return;
-    }
     if (hasComparisonBehindNumber({first, statement.cursor.place()})) {
         noteCheck(statement, Check::ComparisonAsValue, first);
     }
@@ -171,10 +165,16 @@ void writePlainValue(Statement& statement) {
 void writeRecordedValue(Statement& statement) {
     const Token* const word = statement.cursor.place() - 1;
     const std::size_t start = statement.text.size();
-    const bool hasSign = statement.cursor.is(TokenType::ASSIGN);
+    const Token* const first = word + (statement.cursor.is(TokenType::ASSIGN) ? 2 : 1);
     writePlainValue(statement);
+    const bool isPlainNumber =
+        statement.cursor.place() - first == 1 &&
+        (first->type == TokenType::INTEGER_LITERAL || first->type == TokenType::FLOAT_LITERAL);
+    if (isPlainNumber) {
+        return;  // as most are
+    }
     const std::string_view text = std::string_view(statement.text).substr(start);
-    checkWordValue(statement, word + (hasSign ? 2 : 1), text);
+    checkWordValue(statement, first, text);
     if (!text.empty() && beginsGlued(text[0])) {
         noteCheck(statement, Check::GluedWord, word);
     }

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "src/base/short-name.h"
+
+namespace torvel {
+
+/// How the names of a program are spelled, in the order in which they stand there. Capital letters are no others for
+/// it. Only views of names are kept.
+class Spellings {
+public:
+    /// Knows the words of Torvel.
+    Spellings();
+
+    /// Whether a name that stands here for the first time is a word of Torvel, or was spelled otherwise before. As in
+    /// every text store sixteen bytes can be read from its first one on.
+    bool isShadow(std::string_view name);
+
+private:
+    /// A name in small letters, and how it was spelled first; zero: a word of Torvel. Nothing in small letters: a free
+    /// slot.
+    struct Slot {
+        ShortName lower;
+        ShortName spelling;
+    };
+
+    Slot& slotOf(const ShortName& lower);
+    void addWord(std::string_view word);
+    bool isOther(std::string_view name);
+    void grow();
+
+    /// At least twice as many as there are short names, by their hashes; a power of two.
+    std::vector<Slot> slots_;
+    std::size_t count_ = 0;
+    /// The same for long names.
+    std::unordered_map<std::string, std::string_view> longNames_;
+    /// Spellings that are not the first of their name.
+    std::unordered_set<std::string_view> others_;
+};
+
+}  // namespace torvel
