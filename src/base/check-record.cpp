@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "src/base/uninitialized-bytes.h"
+
 namespace torvel {
 
 namespace {
@@ -37,7 +39,7 @@ std::string_view KeptTexts::keep(std::string_view text) {
     constexpr std::size_t readBehind = 16;
     if (text.size() > left_) {
         left_ = std::max(chunkBytes, text.size());
-        chunks_.push_back(std::make_unique_for_overwrite<char[]>(left_ + readBehind));
+        chunks_.push_back(uninitializedBytes(left_ + readBehind));
         next_ = chunks_.back().get();
     }
     const std::string_view kept(next_, text.size());

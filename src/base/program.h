@@ -63,7 +63,7 @@ struct SourceLine {
 
     SourcePosition position() const { return {inclusion, lineNumber}; }
 };
-static_assert(sizeof(SourceLine) == 32);
+static_assert(sizeof(SourceLine) == (sizeof(void*) == 8 ? 32 : 28));
 
 /// Lines in order. Most are code that is lexed when they are converted. Those that hold names of defines, or in
 /// which the lexer might find a fault, have tokens in one array; one of kind TokenType::INVALID is a piece of

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "src/base/uninitialized-bytes.h"
+
 namespace torvel {
 
 std::uint32_t TextStore::addChunk(std::size_t bytes) {
@@ -10,7 +12,7 @@ std::uint32_t TextStore::addChunk(std::size_t bytes) {
     if (count > (std::size_t{1} << (32 - pageBits)) - first) {
         throw TextStoreFull();
     }
-    chunks_.push_back(std::make_unique_for_overwrite<char[]>(bytes + nulBytes));
+    chunks_.push_back(uninitializedBytes(bytes + nulBytes));
     for (std::size_t page = 0; page < count; ++page) {
         pages_.push_back(chunks_.back().get() + (page << pageBits));
     }

@@ -1,12 +1,12 @@
 #include "src/expr/number-text.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 
 #include "src/base/characters.h"
+#include "src/base/real-text.h"
 
 namespace torvel {
 
@@ -85,9 +85,9 @@ std::optional<double> parseRealText(std::string_view text) {
         return 0;
     }
     auto [negative, digits] = readSign(text);
-    std::chars_format format = std::chars_format::general;
+    RealDigits kind = RealDigits::decimal;
     if (hasHexPrefix(digits)) {
-        format = std::chars_format::hex;
+        kind = RealDigits::hexadecimal;
         digits.remove_prefix(2);
     } else if (digits.empty() ||
                (!isDigit(digits[0]) && !isLetter(digits[0]) && digits[0] != '.')) {
@@ -96,25 +96,25 @@ std::optional<double> parseRealText(std::string_view text) {
         const auto value = static_cast<double>(*whole);
         return negative ? -value : value;
     }
-    double value = 0;
-    const char* const end = digits.data() + digits.size();
-    const auto [last, error] = std::from_chars(digits.data(), end, value, format);
-    if (error != std::errc() || last != end) {
-        return std::nullopt;
+    const std::optional<double> value = realOf(digits, kind);
+    if (value && negative) {
+        return -*value;
     }
-    return negative ? -value : value;
+    return value;
 }
 
 void appendReal(double value, TextBuffer& out) {
-    std::array<char, 32> buffer;
-    char* const last = buffer.data() + buffer.size();
+    RealText buffer;
     // Most are whole numbers; those have no more than 17 digits, and no sign in front of a zero.
     const bool isWhole = std::abs(value) < 1e15 && value == std::trunc(value) &&
                          !(value == 0 && std::signbit(value));
-    const auto [end, error] =
-        isWhole ? std::to_chars(buffer.data(), last, static_cast<std::int64_t>(value))
-                : std::to_chars(buffer.data(), last, value, std::chars_format::general, 17);
-    out += std::string_view(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+    if (isWhole) {
+        const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                                static_cast<std::int64_t>(value));
+        out += std::string_view(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+    } else {
+        out += std::string_view(buffer.data(), writeReal(value, buffer));
+    }
 }
 
 }  // namespace torvel

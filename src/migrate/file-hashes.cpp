@@ -19,7 +19,7 @@ std::optional<ContentHash> hashOfFile(const NativePath& path, const FileSource& 
             if (size > longestFile) {
                 throw TooLong();
             }
-            bytes.resize(size);
+            bytes.resize(static_cast<std::size_t>(size));
             return bytes.data();
         });
     } catch (const TooLong&) {

@@ -9,6 +9,7 @@
 #include <new>
 #include <unordered_map>
 
+#include "src/base/uninitialized-bytes.h"
 #include "src/limits.h"
 #include "src/migrate/any-case-source.h"
 #include "src/migrate/in-threads.h"
@@ -83,7 +84,7 @@ struct FileBytes {
 
     char* grow(std::size_t wanted) {
         if (wanted > size) {
-            room = std::make_unique_for_overwrite<char[]>(wanted);
+            room = uninitializedBytes(wanted);
             size = wanted;
         }
         return room.get();

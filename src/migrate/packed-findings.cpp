@@ -66,7 +66,7 @@ public:
         return isFaulty_ ? Enumeration{} : static_cast<Enumeration>(value);
     }
     std::string_view text() {
-        const std::uint64_t length = count();
+        const auto length = static_cast<std::size_t>(count());
         const std::string_view text = bytes_.substr(0, length);
         bytes_.remove_prefix(length);
         return text;
@@ -80,7 +80,7 @@ public:
     std::string pooledText() {
         const std::uint64_t index = number();
         isFaulty_ |= index >= pool_.size();
-        return isFaulty_ ? std::string() : std::string(pool_[index]);
+        return isFaulty_ ? std::string() : std::string(pool_[static_cast<std::size_t>(index)]);
     }
     bool isAtEnd() const { return bytes_.empty() && !isFaulty_; }
     bool isFaulty() const { return isFaulty_; }
