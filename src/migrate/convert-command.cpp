@@ -14,35 +14,13 @@
 #include "src/migrate/progress.h"
 #include "src/migrate/reporting.h"
 #include "src/migrate/run.h"
+#include "src/migrate/site-rows.h"
 
 namespace torvel::migrate {
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-std::shared_ptr<const ReferenceRows> rowsOf(const ReferenceEntries& entries) {
-    const std::pair<ReferenceKind, const std::map<std::uint32_t, std::string>*> kinds[] = {
-        {ReferenceKind::axisParameter, &entries.axisParameters},
-        {ReferenceKind::taskParameter, &entries.taskParameters},
-        {ReferenceKind::systemParameter, &entries.systemParameters},
-        {ReferenceKind::axisItem, &entries.axisItems},
-        {ReferenceKind::taskItem, &entries.taskItems},
-        {ReferenceKind::systemItem, &entries.systemItems},
-    };
-    auto rows = std::make_shared<ReferenceRows>();
-    for (const auto& [kind, names] : kinds) {
-        for (const auto& [number, name] : *names) {
-            rows->add(kind, number, name);
-        }
-    }
-    return rows->empty() ? nullptr : rows;
-}
-
-std::shared_ptr<const SiteConstants> constantsOf(const ReferenceEntries& entries) {
-    return entries.constants.empty() ? nullptr
-                                     : std::make_shared<const SiteConstants>(entries.constants);
-}
 
 /// A store that is written lies in a folder that there may not be yet.
 Store openForWriting(const Project& project, bool isRebuilt) {
@@ -67,8 +45,8 @@ void prepare(Work& work, const Options& options, const Console& console) {
     RunOptions& run = work.options;
     run.threads = options.threads;
     run.isCancelled = console.isInterrupted;
-    run.reference = rowsOf(work.project.reference);
-    run.constants = constantsOf(work.project.reference);
+    run.reference = referenceRowsOf(work.project.reference);
+    run.constants = siteConstantsOf(work.project.reference);
     run.restoresDeleted = options.restore;
     run.isPartial = !work.project.named.empty();
     run.source = anyCaseSource(fileSystemSource(), work.listings, [](const OtherCase&) {});

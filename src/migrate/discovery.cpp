@@ -327,6 +327,16 @@ void listParts(Search& search) {
     std::sort(search.found.parts.begin(), search.found.parts.end());
 }
 
+void listMissing(Search& search) {
+    for (const GraphFile& file : search.graph) {
+        for (const IncludeEdge& edge : file.includes) {
+            if (!edge.file) {
+                search.found.missing.push_back({file.key, edge.line, edge.written, edge.target});
+            }
+        }
+    }
+}
+
 }  // namespace
 
 Discovery findPrograms(const Project& project, unsigned threads) {
@@ -348,6 +358,7 @@ Discovery findPrograms(const Project& project, unsigned threads) {
     findCollisions(search);
     keepNamed(search);
     listParts(search);
+    listMissing(search);
     if (search.found.programs.empty()) {
         search.tell({},
                     "No programs were found in the sources; 'programs' tells what counts as one: " +

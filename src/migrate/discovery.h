@@ -35,12 +35,24 @@ struct Notice {
     std::string text;
 };
 
+/// An include that leads to no file.
+struct MissingInclude {
+    /// Key of the file that has it, and its line.
+    std::string file;
+    std::uint32_t line = 0;
+    /// As it is written, and the key of where it would be.
+    std::string written;
+    std::string target;
+};
+
 struct Discovery {
     /// In the order of their keys, whatever the order of the file system.
     std::vector<FoundProgram> programs;
     /// Files that only others include, in order.
     std::vector<std::string> parts;
     std::vector<Notice> notices;
+    /// In the order of the files.
+    std::vector<MissingInclude> missing;
     /// Of each program and part that could be read: the hash of its bytes.
     std::unordered_map<std::string, ContentHash> hashes;
 };

@@ -9,12 +9,12 @@
 
 #include "src/migrate/changed-programs.h"
 #include "src/migrate/file-hashes.h"
+#include "src/migrate/found-program.h"
 #include "src/migrate/in-threads.h"
 #include "src/migrate/known-texts.h"
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/ordered-work.h"
 #include "src/migrate/output-records.h"
-#include "src/migrate/program-faults.h"
 
 namespace torvel::migrate {
 
@@ -39,25 +39,6 @@ struct ConvertedProgram {
     PlannedOutput plan;
     std::size_t size = 0;
 };
-
-FindingRow findingOfWhole(const FoundProgram& found, std::string_view code, std::string text) {
-    FindingRow row;
-    row.file = found.program;
-    row.code = code;
-    row.origin = FindingOrigin::message;
-    row.todo = FindingTodo::fixSource;
-    row.text = std::move(text);
-    return row;
-}
-
-std::string sentenceOnCollision(const FoundProgram& found) {
-    std::string others;
-    for (const std::string& other : found.collidesWith) {
-        others += (others.empty() ? "\"" : ", \"") + other + '"';
-    }
-    return "Its output \"" + found.output + "\" would be that of " + others +
-           " too, so none of them was converted. Rename one, or set keep_extension.";
-}
 
 std::unordered_map<std::string, OutputRecord> outputsOf(const Store& store) {
     std::unordered_map<std::string, OutputRecord> outputs;
@@ -95,7 +76,6 @@ private:
     void begin();
     void removeVanished();
     std::unique_ptr<ConvertedProgram> convert(const FoundProgram& found);
-    ProgramResult resultOf(const FoundProgram& found, const MachineSettings& settings) const;
     void planOutput(ConvertedProgram& program, const ContentHash& generated);
     void place(ConvertedProgram& program);
     void settlePending();
@@ -196,22 +176,6 @@ void Run::removeVanished() {
         store_.removePrograms(numbers);
         step();
     }
-}
-
-ProgramResult Run::resultOf(const FoundProgram& found, const MachineSettings& settings) const {
-    ProgramResult result;
-    if (!found.collidesWith.empty()) {
-        result.status = ProgramStatus::collides;
-        result.findings = {findingOfWhole(found, outputCollides, sentenceOnCollision(found))};
-    } else if (!settings.fault.empty()) {
-        result.status = ProgramStatus::unreadable;
-        result.findings = {findingOfWhole(found, parametersUnreadable, settings.fault)};
-    } else {
-        result = convertOne(found.path, settings.conversion);
-    }
-    result.program = found.program;
-    result.output = found.output;
-    return result;
 }
 
 std::unique_ptr<ConvertedProgram> Run::convert(const FoundProgram& found) {

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "src/migrate/discovery.h"
+#include "src/migrate/machine-settings.h"
+#include "src/migrate/program-result.h"
+
+namespace torvel::migrate {
+
+/// What becomes of a program that was found: its conversion, or why it is not converted. Throws std::bad_alloc.
+ProgramResult resultOf(const FoundProgram& found, const MachineSettings& settings);
+
+/// A finding about a program as a whole.
+FindingRow findingOfWhole(const FoundProgram& found, std::string_view code, std::string text);
+
+}  // namespace torvel::migrate
