@@ -47,15 +47,6 @@ if(WIN32)
 else()
     list(FILTER migrate_sources EXCLUDE REGEX "-win32\\.cpp$")
 endif()
-# The pages that `explain` shows.
-set(migrate_pages "${PROJECT_BINARY_DIR}/migrate-pages.cpp")
-add_custom_command(
-    OUTPUT "${migrate_pages}"
-    COMMAND ${CMAKE_COMMAND} -D FOLDER=${PROJECT_SOURCE_DIR}/docs -D OUTPUT=${migrate_pages}
-            -P ${PROJECT_SOURCE_DIR}/cmake/embed-pages.cmake
-    DEPENDS docs/messages.md docs/checks.md docs/plant-findings.md cmake/embed-pages.cmake
-    VERBATIM)
-
 # The page of `report --html`, which script/build-web makes. It can come and go between two builds.
 set(TORVEL_REPORT_PAGE "${PROJECT_SOURCE_DIR}/build/web/report-page.html" CACHE FILEPATH
     "The page of torvel-migrate report --html; without it the program says that it has none")

@@ -11,6 +11,10 @@ namespace torvel::migrate {
 constexpr std::string_view outputCollides = "output-collides";
 constexpr std::string_view parametersUnreadable = "parameters-unreadable";
 
-constexpr std::array<std::string_view, 2> programFaults{outputCollides, parametersUnreadable};
+/// What a browser says of a program that is too much for it.
+constexpr std::string_view conversionEnded = "conversion-ended";
+
+constexpr std::array<std::string_view, 3> programFaults{outputCollides, parametersUnreadable,
+                                                        conversionEnded};
 
 }  // namespace torvel::migrate

@@ -19,8 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<std::string_view, 8> stages = {"base", "lex",    "preprocess", "expr",
-                                                    "stmt", "checks", "app",        "migrate"};
+constexpr std::array<std::string_view, 9> stages = {"base",   "lex", "preprocess", "expr",   "stmt",
+                                                    "checks", "app", "migrate",    "browser"};
 
 /// The folder of src that a path leads through; empty for a file of src itself.
 std::string_view stageOf(std::string_view path) {
@@ -71,6 +71,7 @@ TEST(IncludeDirections, RulesOfTheStages) {
     EXPECT_FALSE(mayInclude("stmt", "checks"));
     EXPECT_TRUE(mayInclude("migrate", "app"));
     EXPECT_FALSE(mayInclude("app", "migrate"));
+    EXPECT_FALSE(mayInclude("migrate", "browser"));
     EXPECT_FALSE(mayInclude("lex", "unknown"));
 }
 

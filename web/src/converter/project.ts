@@ -1,0 +1,61 @@
+// Opening a project: its programs are found among the files that an instance has.
+
+import { type Converter, projectFolder } from "./instance.ts";
+import { Request } from "./request.ts";
+
+/** What is asked for beside the files. What is not given is as `migration.toml` says, or as it is without one. */
+export interface Settings {
+  /** The path of the project file among the files; the project's folder is where it stands. */
+  readonly projectFile?: string;
+  /** Folders and files of the project that hold programs. */
+  readonly sources?: readonly string[];
+  /** Patterns of programs, "**" with all folders below: what no other file includes and is called so. */
+  readonly programs?: readonly string[];
+  /** The path of the parameter file among the files. */
+  readonly parameters?: string;
+  /** The most that a program may have, in bytes, with all that it includes. */
+  readonly programText?: number;
+  /** The most constructs that may be open at once in an expression. */
+  readonly expressionNesting?: number;
+}
+
+export interface FoundProgram {
+  /** Paths in the project. */
+  readonly path: string;
+  readonly output: string;
+  readonly machine: string;
+  readonly parameters: string;
+}
+
+/** What is told of the files as they were found. */
+export interface FoundFiles {
+  readonly programs: readonly FoundProgram[];
+  /** Files that only others include. */
+  readonly parts: readonly string[];
+  readonly notices: readonly { readonly path: string; readonly text: string }[];
+  /** Includes that lead to no file: where they stand, as they are written, where the file would be. */
+  readonly missing: readonly {
+    readonly file: string;
+    readonly line: number;
+    readonly written: string;
+    readonly path: string;
+  }[];
+  /** Parameter files that cannot be used. */
+  readonly faults: readonly { readonly path: string; readonly text: string }[];
+}
+
+/** Throws ConverterRefused with a sentence about what is wrong with the project file. */
+export function openProject(converter: Converter, settings: Settings = {}): FoundFiles {
+  const file = settings.projectFile ?? "";
+  return converter.json<FoundFiles>(
+    "OpenProject",
+    new Request()
+      .text(projectFolder)
+      .text(file === "" ? "" : `${projectFolder}/${file}`)
+      .texts(settings.sources ?? (file === "" ? ["."] : []))
+      .texts(settings.programs ?? [])
+      .text(settings.parameters ?? "")
+      .number(settings.programText ?? 0)
+      .number(settings.expressionNesting ?? 0),
+  );
+}
