@@ -45,13 +45,22 @@ std::size_t characterLength(char /*first*/) {
     return 1;
 }
 
+#ifdef __EMSCRIPTEN__
+/// The file system in memory has no links, and takes the steps of a path by their text: "none/.." is there, and a file
+/// with a separator behind it too.
+constexpr bool isInMemory = true;
+#else
+constexpr bool isInMemory = false;
+#endif
+
 FileKind fileKind(const NativePath& path) {
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);
     switch (status.type()) {
         case std::filesystem::file_type::none:
         case std::filesystem::file_type::not_found: return FileKind::missing;
-        case std::filesystem::file_type::regular: return FileKind::regular;
+        case std::filesystem::file_type::regular:
+            return isInMemory && !path.has_filename() ? FileKind::missing : FileKind::regular;
         case std::filesystem::file_type::directory: return FileKind::directory;
         default: return FileKind::other;
     }
@@ -66,6 +75,11 @@ NativePath canonicalPath(const NativePath& path) {
     const NativePath absolute = std::filesystem::absolute(path, error);
     if (error) {
         return path.lexically_normal();
+    }
+    if (isInMemory) {
+        const NativePath normal = absolute.lexically_normal();
+        const bool isFolder = !normal.has_filename() && fileKind(normal) == FileKind::directory;
+        return isFolder ? normal.parent_path() : normal;
     }
     NativePath canonical = std::filesystem::weakly_canonical(absolute, error);
     return error ? absolute.lexically_normal() : canonical;

@@ -1,6 +1,7 @@
 // A project is opened, and its programs are found.
 
 #include <stdexcept>
+#include <type_traits>
 
 #include "src/browser/exchange.h"
 #include "src/browser/session.h"
@@ -23,9 +24,37 @@ std::vector<std::string> textsOf(Request& request) {
     return texts;
 }
 
-/// The request has: the project's folder; its project file, which is in it, empty for none; then what counts over the file: the sources,
-/// the patterns of programs, the parameter file, each empty for what the file says; the limits of a program's text in
-/// bytes and of the nesting of an expression, 0 for those of the command line.
+/// False: no limit is called so.
+bool setLimit(Limits& limits, std::string_view name, std::uint64_t value) {
+    const auto set = [value](auto& limit) {
+        limit = static_cast<std::remove_reference_t<decltype(limit)>>(value);
+        return true;
+    };
+    return name == "includeDepth"        ? set(limits.includeDepth)
+           : name == "includedFiles"     ? set(limits.includedFiles)
+           : name == "defineExpansion"   ? set(limits.defineExpansion)
+           : name == "composedValue"     ? set(limits.composedValue)
+           : name == "lineExpansion"     ? set(limits.lineExpansion)
+           : name == "programText"       ? set(limits.programText)
+           : name == "expressionNesting" ? set(limits.expressionNesting)
+           : name == "parameterFile"     ? set(limits.parameterFile)
+           : name == "elementAttributes" ? set(limits.elementAttributes)
+           : name == "axisName"          ? set(limits.axisName)
+                                         : false;
+}
+
+void readLimits(Request& request, Limits& limits) {
+    for (std::uint64_t count = request.number(); count > 0; --count) {
+        const std::string name = request.text();
+        if (!setLimit(limits, name, request.number())) {
+            throw std::runtime_error("There is no limit '" + name + "'.");
+        }
+    }
+}
+
+/// The request has: the project's folder; its project file, empty for none, in whose folder the project is then; then what counts over the file: the sources,
+/// the patterns of programs, the parameter file, each empty for what the file says; the names of members of Limits that have
+/// other values, with these.
 Project projectOf(Request& request, Limits& limits) {
     const NativePath folder = canonicalPath(nativePath(request.text()));
     const std::string file = request.text();
@@ -44,12 +73,7 @@ Project projectOf(Request& request, Limits& limits) {
     if (std::string parameters = request.text(); !parameters.empty()) {
         project.parameters = std::move(parameters);
     }
-    if (const std::uint64_t bytes = request.number(); bytes != 0) {
-        limits.programText = bytes;
-    }
-    if (const std::uint64_t nesting = request.number(); nesting != 0) {
-        limits.expressionNesting = static_cast<unsigned>(nesting);
-    }
+    readLimits(request, limits);
     return project;
 }
 

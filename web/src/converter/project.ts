@@ -7,16 +7,16 @@ import { Request } from "./request.ts";
 export interface Settings {
   /** The path of the project file among the files; the project's folder is where it stands. */
   readonly projectFile?: string;
+  /** The project's folder where there is no such file, seen from the folder of all files. */
+  readonly folder?: string;
   /** Folders and files of the project that hold programs. */
   readonly sources?: readonly string[];
   /** Patterns of programs, "**" with all folders below: what no other file includes and is called so. */
   readonly programs?: readonly string[];
   /** The path of the parameter file among the files. */
   readonly parameters?: string;
-  /** The most that a program may have, in bytes, with all that it includes. */
-  readonly programText?: number;
-  /** The most constructs that may be open at once in an expression. */
-  readonly expressionNesting?: number;
+  /** Other limits than those of the program, by the names that src/limits.h has. */
+  readonly limits?: Readonly<Record<string, number>>;
 }
 
 export interface FoundProgram {
@@ -47,15 +47,16 @@ export interface FoundFiles {
 /** Throws ConverterRefused with a sentence about what is wrong with the project file. */
 export function openProject(converter: Converter, settings: Settings = {}): FoundFiles {
   const file = settings.projectFile ?? "";
-  return converter.json<FoundFiles>(
-    "OpenProject",
-    new Request()
-      .text(projectFolder)
-      .text(file === "" ? "" : `${projectFolder}/${file}`)
-      .texts(settings.sources ?? (file === "" ? ["."] : []))
-      .texts(settings.programs ?? [])
-      .text(settings.parameters ?? "")
-      .number(settings.programText ?? 0)
-      .number(settings.expressionNesting ?? 0),
-  );
+  const limits = Object.entries(settings.limits ?? {});
+  const request = new Request()
+    .text(settings.folder ? `${projectFolder}/${settings.folder}` : projectFolder)
+    .text(file === "" ? "" : `${projectFolder}/${file}`)
+    .texts(settings.sources ?? (file === "" ? ["."] : []))
+    .texts(settings.programs ?? [])
+    .text(settings.parameters ?? "")
+    .number(limits.length);
+  for (const [name, value] of limits) {
+    request.text(name).number(value);
+  }
+  return converter.json<FoundFiles>("OpenProject", request);
 }
