@@ -9,7 +9,11 @@ function bytesOf(base64: string): Uint8Array<ArrayBuffer> {
   return bytes;
 }
 
-export async function unpacked<T>(base64: string): Promise<T> {
+export async function unpackedBytes(base64: string): Promise<Uint8Array<ArrayBuffer>> {
   const stream = new Blob([bytesOf(base64)]).stream().pipeThrough(new DecompressionStream("gzip"));
-  return JSON.parse(await new Response(stream).text()) as T;
+  return new Uint8Array(await new Response(stream).arrayBuffer());
+}
+
+export async function unpacked<T>(base64: string): Promise<T> {
+  return JSON.parse(new TextDecoder().decode(await unpackedBytes(base64))) as T;
 }
