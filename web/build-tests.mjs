@@ -9,7 +9,7 @@ import { build } from "esbuild";
 const folder = dirname(fileURLToPath(import.meta.url));
 const glue = `${folder}/../build/wasm/converter.js`;
 // What needs the WebAssembly is left out where it was not built.
-const withWasm = existsSync(glue) ? ["test/wasm"] : [];
+const withWasm = existsSync(glue) ? ["test/wasm", "test/browser"] : [];
 const sources = ["test/unit", "test/e2e", "bench", ...withWasm].flatMap((name) =>
   readdirSync(`${folder}/${name}`)
     .filter((file) => /\.test\.tsx?$|^bench\.ts$/.test(file))

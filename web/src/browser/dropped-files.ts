@@ -15,42 +15,91 @@ export interface Choice {
   readonly refused: readonly Refusal[];
 }
 
-/** What was dropped. Has to be called while the event is handled: the list is empty afterwards. */
-export function droppedFiles(data: DataTransfer): Promise<Choice> {
-  const entries: FileSystemEntry[] = [];
-  const single: File[] = [];
-  for (const item of data.items) {
-    const entry = item.kind === "file" ? item.webkitGetAsEntry() : null;
-    const file = entry === null && item.kind === "file" ? item.getAsFile() : null;
-    if (entry !== null) {
-      entries.push(entry);
-    } else if (file !== null) {
-      single.push(file);
-    }
-  }
-  return readEntries(entries, single);
+/** Something that was dropped, in the ways in which browsers hand it over. Chromium reads no entries for a page that lies
+ * on a disk, and Firefox has no handles. */
+interface Dropped {
+  readonly handle: Promise<FileSystemHandle | null> | undefined;
+  readonly entry: FileSystemEntry | null;
+  readonly file: File | null;
 }
 
-async function readEntries(
-  entries: readonly FileSystemEntry[],
-  single: readonly File[],
-): Promise<Choice> {
-  const files = new Map(single.map((file) => [file.name, file]));
+type WithHandles = DataTransferItem & {
+  getAsFileSystemHandle?: () => Promise<FileSystemHandle | null>;
+};
+
+/** What was dropped. Has to be called while the event is handled: the list is empty afterwards. */
+export function droppedFiles(data: DataTransfer): Promise<Choice> {
+  const dropped = [...data.items]
+    .filter(({ kind }) => kind === "file")
+    .map((item: WithHandles) => ({
+      handle: item.getAsFileSystemHandle?.(),
+      entry: item.webkitGetAsEntry(),
+      file: item.getAsFile(),
+    }));
+  return readDropped(dropped);
+}
+
+async function readDropped(dropped: readonly Dropped[]): Promise<Choice> {
+  const files = new Map<string, File>();
   const refused: Refusal[] = [];
-  const waiting = [...entries];
-  for (let entry = waiting.pop(); entry !== undefined; entry = waiting.pop()) {
-    const path = entry.fullPath.replace(/^\//, "");
+  const taking = (path: string) => async (work: () => Promise<void>) => {
     try {
-      if (entry.isDirectory) {
-        waiting.push(...(await entriesOf(entry as FileSystemDirectoryEntry)));
-      } else {
-        files.set(path, await fileOf(entry as FileSystemFileEntry));
-      }
+      await work();
     } catch (error) {
       refused.push({ path, reason: `It cannot be read: ${reasonOf(error)}` });
     }
+  };
+  for (const { handle, entry, file } of dropped) {
+    const known = await handle?.catch(() => null);
+    const name = known?.name ?? entry?.name ?? file?.name ?? "";
+    if (known !== null && known !== undefined) {
+      await takeHandle(known, name, files, taking);
+    } else if (entry !== null && entry.isDirectory) {
+      await takeEntry(entry, files, taking);
+    } else if (file !== null) {
+      files.set(name, file);
+    }
   }
   return { files, refused };
+}
+
+type Taking = (path: string) => (work: () => Promise<void>) => Promise<void>;
+
+async function takeHandle(
+  handle: FileSystemHandle,
+  path: string,
+  files: Map<string, File>,
+  taking: Taking,
+): Promise<void> {
+  await taking(path)(async () => {
+    if (handle.kind === "file") {
+      files.set(path, await (handle as FileSystemFileHandle).getFile());
+      return;
+    }
+    for await (const [name, inside] of entriesIn(handle)) {
+      await takeHandle(inside, `${path}/${name}`, files, taking);
+    }
+  });
+}
+
+const entriesIn = (folder: FileSystemHandle): AsyncIterable<[string, FileSystemHandle]> =>
+  (folder as unknown as { entries(): AsyncIterable<[string, FileSystemHandle]> }).entries();
+
+async function takeEntry(
+  entry: FileSystemEntry,
+  files: Map<string, File>,
+  taking: Taking,
+): Promise<void> {
+  const path = entry.fullPath.replace(/^\//, "");
+  await taking(path)(async () => {
+    if (!entry.isDirectory) {
+      files.set(path, await fileOf(entry as FileSystemFileEntry));
+      return;
+    }
+    for (const inside of await entriesOf(entry as FileSystemDirectoryEntry)) {
+      await takeEntry(inside, files, taking);
+    }
+  });
 }
 
 const fileOf = (entry: FileSystemFileEntry): Promise<File> =>

@@ -10,7 +10,7 @@ import type { Actions, State } from "./state.ts";
 import { counted } from "./wording.ts";
 
 export function StartView({ state, actions }: { state: State; actions: Actions }) {
-  const hasFiles = state.choice.files.size > 0;
+  const hasFiles = state.choice.files.size + state.choice.refused.length > 0;
   return (
     <main id="main" class="start" tabIndex={-1}>
       <h1>Convert Brannic programs to Torvel</h1>
