@@ -17,6 +17,7 @@ if(WIN32)
     set(program_directory .)
     set(document_directory .)
     set(editors_directory editors)
+    set(page_directory .)
     list(APPEND notices
          gcc-runtime.txt /usr/share/doc/gcc-mingw-w64-x86-64-posix/copyright
          mingw-w64-runtime.txt /usr/share/doc/mingw-w64-x86-64-dev/copyright)
@@ -24,6 +25,7 @@ else()
     set(program_directory ${CMAKE_INSTALL_BINDIR})
     set(document_directory ${CMAKE_INSTALL_DATADIR}/doc/brannictotorvel64)
     set(editors_directory ${CMAKE_INSTALL_DATADIR}/brannictotorvel64/editors)
+    set(page_directory ${CMAKE_INSTALL_DATADIR}/brannictotorvel64)
     list(APPEND notices
          gcc-runtime.txt /usr/share/doc/libstdc++-${compiler_version}-dev/copyright
          glibc.txt /usr/share/doc/libc6-dev/copyright
@@ -59,6 +61,12 @@ install(FILES README.md DESTINATION ${document_directory})
 install(DIRECTORY docs examples DESTINATION ${document_directory}
         FILES_MATCHING PATTERN "*.md" PATTERN "*.pgm" PATTERN "*.prg" PATTERN "*.inc" PATTERN "*.xml"
         PATTERN "*.toml" PATTERN "*.json")
+# script/build-web makes the page that converts in a browser, where npm and Emscripten can be had.
+set(browser_page "${PROJECT_SOURCE_DIR}/build/web/torvel-migrate.html")
+if(TORVEL_BUILD_MIGRATE)
+    install(FILES "${browser_page}" DESTINATION ${page_directory} OPTIONAL)
+endif()
+
 # script/build-editors packs the extension, where npm can be had.
 install(DIRECTORY editors/vim editors/notepad++ DESTINATION ${editors_directory})
 install(FILES build/editors/brannic-torvel-${PROJECT_VERSION}.vsix DESTINATION ${editors_directory} OPTIONAL)

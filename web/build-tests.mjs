@@ -12,7 +12,7 @@ const glue = `${folder}/../build/wasm/converter.js`;
 const withWasm = existsSync(glue) ? ["test/wasm", "test/browser"] : [];
 const sources = ["test/unit", "test/e2e", "bench", ...withWasm].flatMap((name) =>
   readdirSync(`${folder}/${name}`)
-    .filter((file) => /\.test\.tsx?$|^bench\.ts$/.test(file))
+    .filter((file) => /\.test\.tsx?$|bench\.ts$/.test(file))
     .map((file) => `${name}/${file}`),
 );
 

@@ -10,8 +10,8 @@ namespace torvel::browser {
 namespace {
 
 std::unique_ptr<Session>& current() {
-    static std::unique_ptr<Session> session;
-    return session;
+    static std::unique_ptr<Session> opened;
+    return opened;
 }
 
 }  // namespace
