@@ -55,7 +55,7 @@ export function ResultsBar(props: { state: State; results: Results; actions: Act
 function told({ programs, seconds, stoppedAt }: Results): string {
   const converted = programs.filter(({ outcome }) => outcome.status === "converted").length;
   const left = programs.length - converted;
-  const time = `${seconds.toLocaleString("en", { maximumFractionDigits: 1 })} s`;
+  const time = `${Math.max(seconds, 0.1).toLocaleString("en", { maximumFractionDigits: 1 })} s`;
   const stopped = stoppedAt === null ? "" : "Stopped. ";
   return (
     `${stopped}${counted(converted, "program", "programs")} converted in ${time}` +
