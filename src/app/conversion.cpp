@@ -81,6 +81,7 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
         part.record = std::make_unique<CheckRecord>();
         part.record->run = run.record;
         part.record->recentVariables = std::make_unique<RecentNames>();
+        part.record->places = run.record->places;
         context.record = part.record.get();
         convertLines<true>(context, first, last, part);
     } else {

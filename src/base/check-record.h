@@ -10,6 +10,7 @@
 
 #include "src/base/findings.h"
 #include "src/base/growing-array.h"
+#include "src/base/name-places.h"
 #include "src/base/program.h"
 #include "src/base/recent-names.h"
 
@@ -116,6 +117,8 @@ struct CheckRecord {
     std::unordered_set<std::string> definedAgain;
     /// The record of the run of which this one has a part; null: it is that.
     const CheckRecord* run = nullptr;
+    /// Takes where names stand, in a conversion of one thread; null: nobody asks.
+    NamePlaces* places = nullptr;
 };
 
 /// Whether the ways through the conditionals may have given a name different values.

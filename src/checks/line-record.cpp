@@ -82,6 +82,83 @@ bool isIf(std::string_view text) {
     return text.starts_with("if ");
 }
 
+/// Tells where the variables of some tokens stand.
+void notePlacesOfVariables(const ConversionContext& context, std::span<const Token> tokens,
+                           TextSpan lineText) {
+    for (const Token& token : tokens) {
+        if (token.type == TokenType::VARIABLE) {
+            NamePlace place;
+            place.kind = NamePlace::Kind::variable;
+            place.position = context.position;
+            place.lineText = lineText;
+            place.place = placeOf({&token, 1}, lineText);
+            place.name = context.program.textOf(token);
+            context.record->places->push_back(place);
+        }
+    }
+}
+
+/// The name of a macro behind "#macro ", up to its arguments.
+std::string_view macroName(std::string_view head) {
+    head.remove_prefix(std::min(head.find(' ') + 1, head.size()));
+    return head.substr(0, head.find('('));
+}
+
+/// Tells where the name of a macro stands, and the variables of its body.
+void notePlacesOfMacro(const ConversionContext& context, const Macro& macro) {
+    NamePlace place;
+    place.kind = NamePlace::Kind::macro;
+    place.role = NamePlace::Role::definition;
+    place.position = context.position;
+    place.value = context.program.text.view(macro.head);
+    place.name = macroName(place.value);
+    context.record->places->push_back(place);
+    GrowingArray<Token> room;
+    for (std::size_t line = 0; line < macro.lines.lines.size(); ++line) {
+        notePlacesOfVariables(context,
+                              tokensOf(context.program, macro.lines, line, context.axes, room),
+                              macro.lines.lines[line].text);
+    }
+}
+
+/// Tells what the line does to the nesting of blocks.
+void notePlaceOfEffect(const ConversionContext& context, BlockEffect effect) {
+    NamePlace place;
+    place.position = context.position;
+    switch (effect) {
+        case BlockEffect::Opens: place.kind = NamePlace::Kind::opens; break;
+        case BlockEffect::Continues: place.kind = NamePlace::Kind::continues; break;
+        case BlockEffect::Closes: place.kind = NamePlace::Kind::closes; break;
+        default: return;
+    }
+    context.record->places->push_back(place);
+}
+
+/// Tells where the line's statement begins, and what stands in it.
+void notePlaces(const ConversionContext& context, std::span<const Token> tokens,
+                BlockEffect effect) {
+    notePlaceOfEffect(context, effect);
+    if (tokens.empty()) {
+        return;
+    }
+    if (tokens[0].type == macroDefinitionToken) {
+        notePlacesOfMacro(context, context.program.macros[tokens[0].number]);
+        return;
+    }
+    const TextSpan lineText = context.record->lineText;
+    notePlacesOfVariables(context, tokens, lineText);
+    const std::size_t first = prologueLength(context, tokens);
+    if (first < tokens.size() && tokens[first].type != TokenType::CONVERSION_TEXT) {
+        NamePlace place;
+        place.kind = NamePlace::Kind::statement;
+        place.position = context.position;
+        place.lineText = lineText;
+        place.place = placeOf(tokens.subspan(first, 1), lineText);
+        place.name = context.program.textOf(tokens[first]);
+        context.record->places->push_back(place);
+    }
+}
+
 bool standsBefore(const Finding& a, const Finding& b) {
     return std::pair(a.programLine, a.columns.first) < std::pair(b.programLine, b.columns.first);
 }
@@ -160,6 +237,10 @@ void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
                 BlockEffect effect) {
     CheckRecord& record = *context.record;
     const auto line = static_cast<std::uint32_t>(number);
+    if (record.places != nullptr) {
+        beginLine(context, number);  // the body of a macro has lines of its own
+        notePlaces(context, tokens, effect);
+    }
     if (isConverted) {
         noteGluedCode(context, tokens, text);
         recordEffect(context, effect, text);

@@ -48,6 +48,20 @@ bool isBlankBeside(const ConversionContext& context, const Token& sign, bool isB
                     : neighbour->text.offset + neighbour->text.length != sign.text.offset;
 }
 
+/// Tells what a parameter or status item is called.
+void noteItemPlace(const Statement& statement, ItemTable table, std::int32_t number,
+                   const Token* first) {
+    MessageLog log;
+    ConversionContext context = {statement.context.program, statement.context.axes,
+                                 statement.context.limits, log, statement.context.position};
+    context.reference = statement.context.reference;
+    StatementText text;
+    Statement item{context, statement.cursor, text};
+    translateItem(item, table, number, first, text);
+    recordPlace(statement, NamePlace::Kind::item, NamePlace::Role::use, first,
+                log.empty() ? std::string_view(text) : std::string_view(log.front().text));
+}
+
 }  // namespace
 
 std::optional<std::string_view> findReferenceRow(const Statement& statement, ReferenceKind kind,
@@ -93,6 +107,9 @@ void checkItemNumber(Statement& statement, ItemTable table, std::string_view tex
     }
     checkOctal(statement, text, first);
     const std::optional<std::int32_t> number = parseIntegerText(text);
+    if (number && statement.context.record->places != nullptr) {
+        noteItemPlace(statement, table, *number, first);
+    }
     if (number && *number >= 0 && !isKnownRow(table, static_cast<std::uint32_t>(*number)) &&
         !findReferenceRow(statement, referenceKindOf(table), static_cast<std::uint32_t>(*number),
                           first) &&

@@ -62,6 +62,33 @@ void recordCheck(const Statement& statement, Check check, const Token* first, co
                               std::span(first, last))));
 }
 
+namespace {
+
+/// What the place of a fact's name tells a person; none for other facts.
+std::optional<NamePlace> namePlaceOf(const Fact& fact) {
+    using Kind = Fact::Kind;
+    using Place = NamePlace::Kind;
+    NamePlace place;
+    switch (fact.kind) {
+        case Kind::label: place.kind = Place::label; break;
+        case Kind::jump: place.kind = Place::label; break;
+        case Kind::function: place.kind = Place::function; break;
+        case Kind::call: place.kind = Place::function; break;
+        case Kind::functionEnd: place.kind = Place::functionEnd; break;
+        case Kind::macroCall: place.kind = Place::name; break;
+        default: return std::nullopt;
+    }
+    const bool isDefinition = fact.kind == Kind::label || fact.kind == Kind::function;
+    place.role = isDefinition ? NamePlace::Role::definition : NamePlace::Role::use;
+    place.position = fact.position;
+    place.lineText = fact.lineText;
+    place.place = fact.place;
+    place.name = fact.name;
+    return place;
+}
+
+}  // namespace
+
 void recordFact(const Statement& statement, Fact::Kind kind, std::string_view name,
                 const Token* first) {
     const ConversionContext& context = statement.context;
@@ -75,6 +102,28 @@ void recordFact(const Statement& statement, Fact::Kind kind, std::string_view na
                              std::span(first, statement.cursor.place()));
     fact.name = context.record->texts.keep(name);
     context.record->facts.push_back(fact);
+    if (context.record->places != nullptr) {
+        if (const auto place = namePlaceOf(fact)) {
+            context.record->places->push_back(*place);
+        }
+    }
+}
+
+void recordPlace(const Statement& statement, NamePlace::Kind kind, NamePlace::Role role,
+                 const Token* first, std::string_view value) {
+    const ConversionContext& context = statement.context;
+    if (context.record->places == nullptr) {
+        return;
+    }
+    NamePlace place;
+    place.kind = kind;
+    place.role = role;
+    place.position = context.position;
+    place.lineText = context.record->lineText;
+    place.place = placeOf(std::span(first, statement.cursor.place()), place.lineText);
+    place.name = context.program.textOf(*first);
+    place.value = context.record->texts.keep(value);
+    context.record->places->push_back(place);
 }
 
 void noteEffect(Statement& statement, BlockEffect effect, std::string_view text) {

@@ -183,6 +183,10 @@ inline void noteFact(const Statement& statement, Fact::Kind kind, std::string_vi
     }
 }
 
+/// Tells where a name stands, the tokens from `first` up to the cursor, if somebody asks. There is a record.
+void recordPlace(const Statement& statement, NamePlace::Kind kind, NamePlace::Role role,
+                 const Token* first, std::string_view value = {});
+
 /// Records what a converted line of a macro's body does to the nesting of blocks.
 void noteEffect(Statement& statement, BlockEffect effect, std::string_view text);
 

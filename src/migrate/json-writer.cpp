@@ -130,6 +130,10 @@ JsonWriter& JsonWriter::text(std::string_view bytes) {
     return plain(quotedJson(decodedText(bytes)));
 }
 
+JsonWriter& JsonWriter::utf8(std::string_view text) {
+    return plain(quotedJson(text));
+}
+
 JsonWriter& JsonWriter::number(double number) {
     // JSON knows no infinity.
     return plain(std::isfinite(number) ? fmt::format("{}", number) : "null");

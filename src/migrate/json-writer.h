@@ -25,6 +25,8 @@ public:
     JsonWriter& name(std::string_view name);
     /// Bytes; they are decoded here.
     JsonWriter& text(std::string_view bytes);
+    /// The same of a text that is UTF-8.
+    JsonWriter& utf8(std::string_view text);
     JsonWriter& number(std::uint64_t number) { return plain(std::to_string(number)); }
     JsonWriter& number(std::int64_t number) { return plain(std::to_string(number)); }
     JsonWriter& number(double number);

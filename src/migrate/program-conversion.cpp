@@ -169,11 +169,14 @@ void convertRead(Conversion& conversion, CheckRecord& record, ProgramResult& res
 
 }  // namespace
 
-ProgramResult convertOne(const NativePath& path, const ConversionSettings& settings) {
+ProgramResult convertOne(const NativePath& path, const ConversionSettings& settings,
+                         const NamesTaker& takeNames) {
     ProgramResult result;
     const FileSource source = recordedSource(settings.source, settings.folder, result.inputs);
     Conversion conversion{settings, {}, {}, {}, {}};
     CheckRecord record;
+    NamePlaces places;
+    record.places = takeNames ? &places : nullptr;
     result.program = keyOf(path, settings.folder);
     try {
         const PredefinedTable& predefined =
@@ -198,6 +201,9 @@ ProgramResult convertOne(const NativePath& path, const ConversionSettings& setti
         result.files.push_back({conversion.keyOf(file), hashOf(text), std::string(text)});
     }
     result.outputText = conversion.output.text.toString();
+    if (takeNames) {
+        takeNames({conversion.program, places});
+    }
     return result;
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "src/base/file-source.h"
+#include "src/base/name-places.h"
+#include "src/base/program.h"
 #include "src/expr/reference-rows.h"
 #include "src/lex/axis-names.h"
 #include "src/limits.h"
@@ -23,8 +26,17 @@ struct ConversionSettings {
     std::shared_ptr<const SiteConstants> constants;
 };
 
+/// A program as it was converted, with the places of its names. It lives until the taker returns.
+struct ConvertedNames {
+    const Program& program;
+    const NamePlaces& places;
+};
+using NamesTaker = std::function<void(const ConvertedNames& names)>;
+
 /// Converts the program at `path` in this thread. The result has everything but the key of the output and what is
-/// known of other programs. A program that cannot be read is a result too. Throws std::bad_alloc.
-ProgramResult convertOne(const NativePath& path, const ConversionSettings& settings);
+/// known of other programs. A program that cannot be read is a result too. `takeNames`, if it is given, is told of names
+/// in any case. Throws std::bad_alloc.
+ProgramResult convertOne(const NativePath& path, const ConversionSettings& settings,
+                         const NamesTaker& takeNames = {});
 
 }  // namespace torvel::migrate

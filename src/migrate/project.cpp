@@ -320,6 +320,17 @@ void checkFolders(const Project& project, const std::string& shown) {
 
 }  // namespace
 
+void readProjectText(const std::string& text, const std::string& shown, Project& project) {
+    const toml::table table = parse(text, shown);
+    readTable({table, {shown, 1, {}}}, projectKeys, project);
+    checkFolders(project, shown);
+}
+
+void readProjectPart(const NativePath& file, Project& project) {
+    const std::string shown = narrowPath(file);
+    readProjectText(readBytes(file, shown), shown, project);
+}
+
 Project readProject(const NativePath& file) {
     Project project;
     NativePath path = file;
@@ -330,10 +341,7 @@ Project readProject(const NativePath& file) {
             return project;
         }
     }
-    const std::string shown = narrowPath(path);
-    const toml::table table = parse(readBytes(path, shown), shown);
-    readTable({table, {shown, 1, {}}}, projectKeys, project);
-    checkFolders(project, shown);
+    readProjectPart(path, project);
     project.file = canonicalPath(path);
     project.folder = project.file.parent_path();
     return project;

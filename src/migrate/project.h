@@ -81,6 +81,13 @@ struct Project {
 /// is not allowed.
 Project readProject(const NativePath& file);
 
+/// Reads `text`, a project's text or a part of it, over what `project` says already. `shown` is what messages call it.
+/// Throws as readProject() does.
+void readProjectText(const std::string& text, const std::string& shown, Project& project);
+
+/// The same of a file.
+void readProjectPart(const NativePath& file, Project& project);
+
 /// The place of a path of the project: canonical.
 NativePath projectPath(const Project& project, std::string_view path);
 

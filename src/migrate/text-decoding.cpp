@@ -65,6 +65,8 @@ std::size_t asciiSize(std::string_view bytes, std::size_t at) {
     return end - at;
 }
 
+}  // namespace
+
 bool isUtf8(std::string_view bytes) {
     for (std::size_t at = asciiSize(bytes, 0); at < bytes.size();) {
         const std::size_t size = validSize(bytes, at);
@@ -75,6 +77,8 @@ bool isUtf8(std::string_view bytes) {
     }
     return true;
 }
+
+namespace {
 
 /// Characters of Windows-1252 lie below U+FFFF.
 void appendCharacter(std::string& text, unsigned character) {

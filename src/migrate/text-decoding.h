@@ -10,6 +10,8 @@
 
 namespace torvel::migrate {
 
+bool isUtf8(std::string_view bytes);
+
 /// `bytes` as UTF-8. Control characters, NUL among them, stay characters: each format has its own way with them.
 std::string decodedText(std::string_view bytes);
 

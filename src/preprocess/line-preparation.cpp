@@ -106,6 +106,7 @@ void appendTokens(PreprocessorRun& run, LineList& list, const SubstitutedText& s
 
 /// Tells the passes which names were replaced by text. The line is the last one.
 void noteUses(PreprocessorRun& run, const SourcePosition& position, TextSpan lineText) {
+    noteUsePlaces(run, position);
     for (const Defines::Use& use : run.defines.uses()) {
         const std::string_view name = run.program.text.view(use.name);
         if (!use.isPreserved && mayHaveSeveralValues(*run.record, name)) {

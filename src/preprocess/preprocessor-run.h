@@ -59,6 +59,9 @@ void preprocessFile(PreprocessorRun& run, std::string_view path,
 void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& position,
               std::string_view name, std::string_view value = {});
 
+/// Tells where the names stand that were replaced just now, if somebody asks. There is a record.
+void noteUsePlaces(PreprocessorRun& run, const SourcePosition& position);
+
 /// Replaces the names in `text`. False: it stays one piece, since it holds no name or substitution
 /// is switched off.
 bool substitute(PreprocessorRun& run, TextSpan text, SubstitutedText& out);

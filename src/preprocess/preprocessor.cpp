@@ -1,5 +1,8 @@
 #include "src/preprocess/preprocessor.h"
 
+#include <functional>
+#include <optional>
+
 #include "src/base/parse-exception.h"
 #include "src/preprocess/preprocessor-run.h"
 
@@ -61,6 +64,78 @@ void preprocessFile(PreprocessorRun& run, std::string_view path,
     }
 }
 
+namespace {
+
+/// The place of a name in the file of a directive.
+TextSpan spanInFile(const PreprocessorRun& run, const SourcePosition& position,
+                    std::string_view name) {
+    const TextSpan file = position.inclusion->file->text;
+    const std::string_view text = run.program.text.view(file);
+    const std::less<const char*> isBefore;
+    if (isBefore(name.data(), text.data()) ||
+        isBefore(text.data() + text.size(), name.data() + name.size())) {
+        return {};
+    }
+    return file.subspan(static_cast<std::size_t>(name.data() - text.data()), name.size());
+}
+
+std::optional<NamePlace::Kind> conditionalPlace(Fact::Kind kind) {
+    switch (kind) {
+        case Fact::Kind::ifdef: return NamePlace::Kind::opensConditional;
+        case Fact::Kind::elif:
+        case Fact::Kind::otherwise: return NamePlace::Kind::continuesConditional;
+        case Fact::Kind::endif: return NamePlace::Kind::closesConditional;
+        default: return std::nullopt;
+    }
+}
+
+/// Notes where the name of a directive stands, and those in the value of a define.
+void noteNamePlaces(PreprocessorRun& run, const Fact& fact, std::string_view name) {
+    using Kind = Fact::Kind;
+    using Place = NamePlace::Kind;
+    const bool isDefine = fact.kind == Kind::define || fact.kind == Kind::lostDefine;
+    if (fact.kind == Kind::valueUse) {
+        return;
+    }
+    NamePlace place;
+    if (const auto kind = conditionalPlace(fact.kind)) {
+        place.kind = *kind;
+        place.position = fact.position;
+        run.record->places->push_back(place);
+    }
+    if (fact.name.empty()) {
+        return;
+    }
+    place.kind = fact.kind == Kind::define       ? Place::define
+                 : fact.kind == Kind::lostDefine ? Place::lostDefine
+                                                 : Place::name;
+    place.role = isDefine ? NamePlace::Role::definition : NamePlace::Role::use;
+    place.position = fact.position;
+    place.lineText = place.place = spanInFile(run, fact.position, name);
+    place.name = fact.name;
+    place.value = isDefine ? fact.value : std::string_view();
+    run.record->places->push_back(place);
+    if (isDefine) {
+        noteUsePlaces(run, fact.position);
+    }
+}
+
+}  // namespace
+
+void noteUsePlaces(PreprocessorRun& run, const SourcePosition& position) {
+    if (run.record->places == nullptr) {
+        return;
+    }
+    for (const Defines::Use& use : run.defines.uses()) {
+        NamePlace place;
+        place.kind = NamePlace::Kind::name;
+        place.position = position;
+        place.name = run.program.text.view(use.name);
+        place.lineText = place.place = spanInFile(run, position, place.name);
+        run.record->places->push_back(place);
+    }
+}
+
 void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& position,
               std::string_view name, std::string_view value) {
     if (run.record == nullptr ||
@@ -77,6 +152,9 @@ void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& posit
     fact.name = run.record->texts.keep(name);
     fact.value = run.record->texts.keep(value);
     run.record->facts.push_back(fact);
+    if (run.record->places != nullptr) {
+        noteNamePlaces(run, fact, name);
+    }
 }
 
 void appendDirectiveLine(PreprocessorRun& run, const SourcePosition& position, TextSpan source,

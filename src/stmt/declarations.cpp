@@ -36,7 +36,11 @@ void convertNames(Statement& statement, bool withSizes, std::string_view suffix)
         if (isDefine) {
             noteFact(statement, Fact::Kind::valueUse, cursor.text(), cursor.place());
         }
+        const Token* const place = cursor.place();
         const std::string_view name = expectToken(statement, declarable);
+        if (statement.context.record != nullptr && !statement.isRefused && !isDefine) [[unlikely]] {
+            recordPlace(statement, NamePlace::Kind::variable, NamePlace::Role::definition, place);
+        }
         statement.text += isDefine ? value : name;
         if (withSizes) {
             writeSizeAndValue(statement);

@@ -142,6 +142,13 @@ void dispatch(Statement& statement) {
     }
 }
 
+void convertPrologue(Statement& statement) {
+    if (statement.cursor.is(TokenType::SLASH)) {
+        skipBlockDelete(statement);
+    }
+    writeLabel(statement);
+}
+
 void convert(Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
     if (cursor.is(TokenType::PERCENT)) {
@@ -153,10 +160,7 @@ void convert(Statement& statement) {
         }
         return;
     }
-    if (cursor.is(TokenType::SLASH)) {
-        skipBlockDelete(statement);
-    }
-    writeLabel(statement);
+    convertPrologue(statement);
     if (!cursor.atEnd()) {
         dispatch(statement);
     }
@@ -171,6 +175,16 @@ bool convertStatement(ConversionContext& context, std::span<const Token> tokens,
     convert(statement);
     effect = statement.effect;
     return !statement.isRefused;
+}
+
+std::size_t prologueLength(const ConversionContext& context, std::span<const Token> tokens) {
+    MessageLog log;
+    ConversionContext unrecorded = {context.program, context.axes, context.limits, log,
+                                    context.position};
+    StatementText text;
+    Statement statement{unrecorded, TokenCursor(context.program, tokens), text};
+    convertPrologue(statement);
+    return static_cast<std::size_t>(statement.cursor.place() - tokens.data());
 }
 
 void noteGluedCode(const ConversionContext& context, std::span<const Token> tokens,

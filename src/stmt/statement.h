@@ -10,6 +10,9 @@ namespace torvel {
 bool convertStatement(ConversionContext& context, std::span<const Token> tokens,
                       StatementText& text, BlockEffect& effect);
 
+/// How many tokens stand in front of a line's statement: a block delete, labels, an N-code. All of them: there is none.
+std::size_t prologueLength(const ConversionContext& context, std::span<const Token> tokens);
+
 /// Records an N-code that stands directly in front of a digit in `text`, what the line with `tokens` became.
 void noteGluedCode(const ConversionContext& context, std::span<const Token> tokens,
                    std::string_view text);

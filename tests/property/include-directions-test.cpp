@@ -19,8 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<std::string_view, 9> stages = {"base",   "lex", "preprocess", "expr",   "stmt",
-                                                    "checks", "app", "migrate",    "browser"};
+constexpr std::array<std::string_view, 10> stages = {
+    "base", "lex", "preprocess", "expr", "stmt", "checks", "app", "migrate", "browser", "language"};
 
 /// The folder of src that a path leads through; empty for a file of src itself.
 std::string_view stageOf(std::string_view path) {

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "src/language/documents.h"
+#include "src/language/plant.h"
+
+namespace torvel::language {
+
+/// What a language server asks of the converter, one question after the other.
+class Requests {
+public:
+    /// A document counts in the place of its file from now on, or no more.
+    void setDocument(std::string_view path, std::string text);
+    void forgetDocument(std::string_view path);
+
+    /// Answers a question in JSON: {"do": "project", "file", "folder", "settings"}, {"do": "convert", "project",
+    /// "program"} or {"do": "tables", "project"}. What cannot be answered is {"fault": sentence}. Throws
+    /// std::bad_alloc.
+    std::string answer(std::string_view question);
+
+private:
+    std::string convert(Plant& plant, const NativePath& path);
+
+    Documents documents_;
+    /// By number; a project that was replaced is empty.
+    std::vector<std::unique_ptr<Plant>> plants_;
+};
+
+}  // namespace torvel::language
