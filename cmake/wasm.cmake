@@ -14,7 +14,7 @@ file(GLOB browser_sources CONFIGURE_DEPENDS src/browser/*.cpp)
 
 # Headers that are the same for every system stand among those of this one.
 set(third_party "${PROJECT_BINARY_DIR}/third-party")
-foreach(header fmt toml++ xxhash.h xxh3.h)
+foreach(header fmt nlohmann toml++ xxhash.h xxh3.h)
     file(COPY "/usr/include/${header}" DESTINATION "${third_party}")
 endforeach()
 
@@ -35,11 +35,14 @@ add_custom_command(
     DEPENDS cmake/embed-report-page.cmake
     VERBATIM)
 
-add_executable(torvel-wasm ${browser_sources} ${parts} "${migrate_pages}" "${embedded_report_page}")
+add_library(torvel_migrate_parts STATIC ${parts} "${migrate_pages}" "${embedded_report_page}")
+target_include_directories(torvel_migrate_parts SYSTEM PUBLIC "${third_party}")
+target_compile_definitions(torvel_migrate_parts PUBLIC FMT_HEADER_ONLY "TORVEL_VERSION=\"${PROJECT_VERSION}\"")
+target_link_libraries(torvel_migrate_parts PUBLIC torvel_converter zlib_static)
+
+add_executable(torvel-wasm ${browser_sources})
 set_target_properties(torvel-wasm PROPERTIES OUTPUT_NAME converter)
-target_include_directories(torvel-wasm SYSTEM PRIVATE "${third_party}")
-target_compile_definitions(torvel-wasm PRIVATE FMT_HEADER_ONLY "TORVEL_VERSION=\"${PROJECT_VERSION}\"")
-target_link_libraries(torvel-wasm PRIVATE torvel_converter zlib_static)
+target_link_libraries(torvel-wasm PRIVATE torvel_migrate_parts)
 
 # One function that makes an instance from bytes that it is given: nothing is fetched. What is made for "web" asks for
 # nothing of a browser then, and works in a worker and in node too. The files of programs are those of

@@ -3,7 +3,7 @@
 #include <array>
 #include <map>
 #include <span>
-#include <unordered_map>
+#include <utility>
 
 #include "src/migrate/embedded-pages.h"
 #include "src/migrate/explanations.h"
@@ -38,59 +38,26 @@ std::string pathOf(const Plant& plant, std::string_view key) {
 }
 
 /// Where the lines of a program came from, and where in the output they are.
-void writeLines(const migrate::ProgramResult& result, JsonWriter& json) {
-    json.name("lines").beginList();
-    std::uint64_t outputLine = 0;
+std::vector<std::uint32_t> lineNumbersOf(const migrate::ProgramResult& result) {
+    std::vector<std::uint32_t> numbers;
+    numbers.reserve(result.lineMap.size() * 5);
+    std::uint32_t outputLine = 0;
     for (const migrate::MappedLine& line : result.lineMap) {
-        json.number(std::uint64_t{line.file})
-            .number(std::uint64_t{line.line} - 1)
-            .number(outputLine)
-            .number(std::uint64_t{line.outputLineCount})
-            .number(std::uint64_t{line.isConverted ? 1U : 0U});
+        numbers.insert(numbers.end(), {line.file, line.line - 1, outputLine, line.outputLineCount,
+                                       line.isConverted ? 1U : 0U});
         outputLine += line.outputLineCount;
     }
-    json.endList();
+    return numbers;
 }
 
-/// Texts by number, each once.
-class TextList {
-public:
-    std::uint64_t numberOf(const std::string& text) {
-        const auto [entry, isNew] = numbers_.try_emplace(text, texts_.size());
-        if (isNew) {
-            texts_.push_back(&entry->first);
-        }
-        return entry->second;
+std::vector<std::uint32_t> nameNumbersOf(const std::vector<NameRow>& rows) {
+    std::vector<std::uint32_t> numbers;
+    numbers.reserve(rows.size() * 8);
+    for (const NameRow& row : rows) {
+        numbers.insert(numbers.end(), {row.kind, row.isDefinition ? 1U : 0U, row.file, row.line,
+                                       row.begin, row.end, row.name, row.value});
     }
-    void write(JsonWriter& json) const {
-        json.name("texts").beginList();
-        for (const std::string* const text : texts_) {
-            json.text(*text);
-        }
-        json.endList();
-    }
-
-private:
-    std::unordered_map<std::string, std::uint64_t> numbers_;
-    std::vector<const std::string*> texts_;
-};
-
-void writeNames(const std::vector<NameRow>& names, JsonWriter& json) {
-    TextList texts;
-    json.name("names").beginList();
-    for (const NameRow& row : names) {
-        const bool isInclude = row.kind == includeKind;
-        json.number(std::uint64_t{row.kind})
-            .number(std::uint64_t{row.isDefinition ? 1U : 0U})
-            .number(std::uint64_t{row.file})
-            .number(std::uint64_t{row.line})
-            .number(std::uint64_t{row.begin})
-            .number(std::uint64_t{row.end})
-            .number(texts.numberOf(row.name))
-            .number(isInclude ? std::uint64_t{row.target} : texts.numberOf(row.value));
-    }
-    json.endList();
-    texts.write(json);
+    return numbers;
 }
 
 /// What an editor marks: the columns, or the whole line without the blanks in front of it.
@@ -106,7 +73,7 @@ ColumnRange shownColumns(const migrate::FindingRow& row, ColumnRange columns, bo
 }
 
 void writeFinding(const migrate::FindingRow& row, std::uint64_t file, bool isUtf8,
-                  const std::map<std::string, std::uint64_t>& files, JsonWriter& json) {
+                  const std::map<std::string, std::size_t>& files, JsonWriter& json) {
     const ColumnRange columns = editorColumns(row.lineText, row.columns, isUtf8);
     const ColumnRange shown = shownColumns(row, columns, isUtf8);
     json.beginObject()
@@ -128,7 +95,7 @@ void writeFinding(const migrate::FindingRow& row, std::uint64_t file, bool isUtf
     json.endList().name("includedFrom").beginList();
     for (const migrate::IncludedFrom& from : row.includedFrom) {
         json.beginObject()
-            .member("file", files.at(from.file))
+            .member("file", std::uint64_t{files.at(from.file)})
             .member("line", std::uint64_t{from.line})
             .endObject();
     }
@@ -136,7 +103,7 @@ void writeFinding(const migrate::FindingRow& row, std::uint64_t file, bool isUtf
 }
 
 void writeFindings(const migrate::ProgramResult& result, JsonWriter& json) {
-    std::map<std::string, std::uint64_t> files;
+    std::map<std::string, std::size_t> files;
     std::vector<bool> areUtf8;
     for (const migrate::ConvertedFile& file : result.files) {
         files.emplace(file.path, files.size());
@@ -147,7 +114,7 @@ void writeFindings(const migrate::ProgramResult& result, JsonWriter& json) {
     for (const migrate::FindingRow& row : result.findings) {
         const auto file = files.find(row.file);
         // The program itself could not be opened.
-        const std::uint64_t number = file == files.end() ? 0 : file->second;
+        const std::size_t number = file == files.end() ? 0 : file->second;
         if (number < counts.size() && ++counts[number] > mostFindings) {
             continue;
         }
@@ -190,9 +157,9 @@ std::string plantAnswer(Plant& plant, std::uint32_t number) {
     });
 }
 
-std::string programAnswer(Plant& plant, const migrate::ProgramResult& result,
-                          const std::vector<NameRow>& names, const AxisNames& axes) {
-    return answer([&](JsonWriter& json) {
+Answer programAnswer(Plant& plant, const migrate::ProgramResult& result, const ProgramNames& names,
+                     const AxisNames& axes) {
+    std::string text = answer([&](JsonWriter& json) {
         json.member("program", pathOf(plant, result.program))
             .member("status", migrate::statusName(result.status))
             .member("codeLines", result.lines)
@@ -206,9 +173,11 @@ std::string programAnswer(Plant& plant, const migrate::ProgramResult& result,
         }
         json.endList();
         writeFindings(result, json);
-        writeNames(names, json);
-        writeLines(result, json);
-        json.name("axes").beginList();
+        json.name("texts").beginList();
+        for (const std::string& name : names.texts) {
+            json.text(name);
+        }
+        json.endList().name("axes").beginList();
         for (const std::string& axis : axes.names()) {
             json.text(axis);
         }
@@ -218,6 +187,7 @@ std::string programAnswer(Plant& plant, const migrate::ProgramResult& result,
         }
         json.endList().name("output").utf8(migrate::decodedLines(result.outputText));
     });
+    return {std::move(text), nameNumbersOf(names.rows), lineNumbersOf(result)};
 }
 
 namespace {

@@ -1,6 +1,7 @@
 // What the WebAssembly of the language server exports. Texts are handed over in room that the caller asks for.
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,8 +16,8 @@ torvel::language::Requests& requests() {
     return made;
 }
 
-std::string& lastAnswer() {
-    static std::string answer;
+torvel::language::Answer& lastAnswer() {
+    static torvel::language::Answer answer;
     return answer;
 }
 
@@ -34,9 +35,25 @@ TORVEL_EXPORT void languageForgetDocument(const char* path, std::size_t pathSize
 /// Answers a question; the answer stays until the next one.
 TORVEL_EXPORT const char* languageAnswer(const char* question, std::size_t size) {
     lastAnswer() = requests().answer({question, size});
-    return lastAnswer().data();
+    return lastAnswer().json.data();
 }
 
 TORVEL_EXPORT std::size_t languageAnswerSize() {
-    return lastAnswer().size();
+    return lastAnswer().json.size();
+}
+
+TORVEL_EXPORT const std::uint32_t* languageNames() {
+    return lastAnswer().names.data();
+}
+
+TORVEL_EXPORT std::size_t languageNameNumbers() {
+    return lastAnswer().names.size();
+}
+
+TORVEL_EXPORT const std::uint32_t* languageLines() {
+    return lastAnswer().lines.data();
+}
+
+TORVEL_EXPORT std::size_t languageLineNumbers() {
+    return lastAnswer().lines.size();
 }

@@ -5,7 +5,8 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "src/app/parameter-file.h"
+#include "src/migrate/found-program.h"
+#include "src/migrate/recorded-source.h"
 #include "src/migrate/site-rows.h"
 
 namespace torvel::language {
@@ -44,17 +45,24 @@ void reachFrom(const migrate::IncludeGraph& graph, std::uint32_t program,
 
 }  // namespace
 
-Plant::Plant(const PlantSettings& settings) : project_(projectOf(settings)) {
+Plant::Plant(const PlantSettings& settings, const FileSource& files)
+    : project_(projectOf(settings)) {
     try {
-        reference_ = migrate::referenceRowsOf(project_.reference);
-        constants_ = migrate::siteConstantsOf(project_.reference);
+        options_.reference = migrate::referenceRowsOf(project_.reference);
+        options_.constants = migrate::siteConstantsOf(project_.reference);
     } catch (const std::invalid_argument& error) {
         throw std::runtime_error(error.what());
     }
+    options_.source = anyCaseSource(files, listings_, [](const migrate::OtherCase&) {});
     if (!project_.sources.empty()) {
         discovery_ = migrate::findPrograms(project_, 1);
         findParts();
     }
+    // Beside those of its programs, that of any other file.
+    migrate::Discovery all;
+    all.programs = discovery_.programs;
+    all.programs.push_back(programAt(project_.folder));
+    settings_ = settingsOfMachines(project_, all, options_);
 }
 
 void Plant::findParts() {
@@ -81,33 +89,29 @@ void Plant::findParts() {
     }
 }
 
-const Plant::Machine& Plant::machineOf(const std::string& parameters) {
-    const auto [entry, isNew] = machines_.try_emplace(parameters);
-    Machine& machine = entry->second;
-    if (isNew && !parameters.empty()) {
-        const NativePath path = project_.folder / nativePath(parameters);
-        try {
-            machine.axes = loadParameterFile(narrowPath(path), Limits());
-        } catch (const std::runtime_error& error) {
-            machine.fault =
-                "The parameter file \"" + parameters + "\" cannot be used: " + error.what();
-        }
+FoundProgram Plant::programAt(const NativePath& path) const {
+    const auto& programs = discovery_.programs;
+    const auto found =
+        std::find_if(programs.begin(), programs.end(),
+                     [&](const FoundProgram& program) { return program.path == path.native(); });
+    if (found != programs.end()) {
+        return *found;
     }
-    return machine;
+    FoundProgram program;
+    program.program = migrate::keyOf(path, project_.folder);
+    program.path = path.native();
+    program.parameters = project_.parameters.value_or("");
+    return program;
 }
 
-migrate::ConversionSettings Plant::settingsOf(const NativePath& path, const FileSource& files,
-                                              std::string& fault) {
-    const auto& programs = discovery_.programs;
-    const auto program =
-        std::find_if(programs.begin(), programs.end(),
-                     [&](const FoundProgram& found) { return found.path == path.native(); });
-    const Machine& machine = machineOf(program == programs.end() ? project_.parameters.value_or("")
-                                                                 : program->parameters);
-    fault = machine.fault;
-    return {project_.folder, anyCaseSource(files, listings_, [](const migrate::OtherCase&) {}),
-            machine.axes,    Limits(),
-            reference_,      constants_};
+migrate::ProgramResult Plant::convert(const NativePath& path,
+                                      const migrate::NamesTaker& takeNames) {
+    const FoundProgram program = programAt(path);
+    return resultOf(program, settings_.at(program.parameters), takeNames);
+}
+
+const AxisNames& Plant::axesOf(const NativePath& path) const {
+    return settings_.at(programAt(path).parameters).conversion.axes;
 }
 
 }  // namespace torvel::language

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <map>
-#include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "src/migrate/any-case-source.h"
 #include "src/migrate/discovery.h"
 #include "src/migrate/include-graph.h"
+#include "src/migrate/machine-settings.h"
 #include "src/migrate/program-conversion.h"
 #include "src/migrate/project.h"
 
@@ -35,35 +33,30 @@ struct Part {
 /// A project as it was found, and what its programs are converted with.
 class Plant {
 public:
-    /// Throws std::runtime_error with a complete message.
-    explicit Plant(const PlantSettings& settings);
+    /// `files` are those that programs are made of. Throws std::runtime_error with a complete message.
+    Plant(const PlantSettings& settings, const FileSource& files);
 
     const migrate::Project& project() const { return project_; }
     const migrate::Discovery& discovery() const { return discovery_; }
     const std::vector<Part>& parts() const { return parts_; }
-    const SiteConstants* constants() const { return constants_.get(); }
+    const SiteConstants* constants() const { return options_.constants.get(); }
 
-    /// What the program at a canonical path is converted with. Without the fault of its parameter file, which is
-    /// told in `fault`.
-    migrate::ConversionSettings settingsOf(const NativePath& path, const FileSource& files,
-                                           std::string& fault);
+    /// Converts the program at a canonical path, which may be one that was not found.
+    migrate::ProgramResult convert(const NativePath& path, const migrate::NamesTaker& takeNames);
+    /// The axes of that program's machine.
+    const AxisNames& axesOf(const NativePath& path) const;
 
 private:
     void findParts();
 
-    struct Machine {
-        AxisNames axes;
-        std::string fault;
-    };
-    const Machine& machineOf(const std::string& parameters);
+    migrate::FoundProgram programAt(const NativePath& path) const;
 
     migrate::Project project_;
     migrate::Discovery discovery_;
     std::vector<Part> parts_;
     migrate::FolderListings listings_;
-    std::shared_ptr<const ReferenceRows> reference_;
-    std::shared_ptr<const SiteConstants> constants_;
-    std::map<std::string, Machine> machines_;
+    migrate::RunOptions options_;
+    migrate::SettingsOfMachines settings_;
 };
 
 }  // namespace torvel::language

@@ -28,7 +28,33 @@ struct FileText {
     std::uint32_t number = 0;
     std::vector<std::string_view> lines;
     bool isUtf8 = false;
+    /// Columns of bytes are those of an editor.
+    bool isAscii = false;
 };
+
+/// Texts by number.
+class TextNumbers {
+public:
+    /// `text` has to stay where it is.
+    std::uint32_t numberOf(std::string_view text) {
+        const auto [entry, isNew] =
+            numbers_.try_emplace(text, static_cast<std::uint32_t>(texts_.size()));
+        if (isNew) {
+            texts_.emplace_back(text);
+        }
+        return entry->second;
+    }
+    std::vector<std::string> take() { return std::move(texts_); }
+
+private:
+    std::unordered_map<std::string_view, std::uint32_t> numbers_;
+    std::vector<std::string> texts_;
+};
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
 
 bool isPartOfWord(char c) {
     return isWordCharacter(c) || c == '$';
@@ -53,7 +79,8 @@ public:
         std::uint32_t number = 0;
         for (const SourceFile& file : program_.files) {
             const std::string_view text = program_.text.view(file.text);
-            files_[&file] = {number++, migrate::sourceLinesOf(text), migrate::isUtf8(text)};
+            files_[&file] = {number++, migrate::sourceLinesOf(text), migrate::isUtf8(text),
+                             isAscii(text)};
         }
         rows_.reserve(names.places.size());
         for (const NamePlace& place : names.places) {
@@ -64,7 +91,7 @@ public:
         }
     }
 
-    std::vector<NameRow> inOrder() {
+    ProgramNames inOrder() {
         const auto placeOf = [](const NameRow& row) {
             return std::tuple(row.file, row.line, row.begin, row.kind, !row.isDefinition);
         };
@@ -73,12 +100,11 @@ public:
         });
         // The place of a declaration is one of a variable too.
         const auto isSame = [](const NameRow& a, const NameRow& b) {
-            return std::tie(a.file, a.line, a.begin, a.kind) ==
-                       std::tie(b.file, b.line, b.begin, b.kind) &&
-                   a.name == b.name;
+            return std::tie(a.file, a.line, a.begin, a.kind, a.name) ==
+                   std::tie(b.file, b.line, b.begin, b.kind, b.name);
         };
         rows_.erase(std::unique(rows_.begin(), rows_.end(), isSame), rows_.end());
-        return std::move(rows_);
+        return {std::move(rows_), texts_.take()};
     }
 
 private:
@@ -95,12 +121,12 @@ private:
         if (row.line >= file.lines.size()) {
             return;
         }
-        row.name = place.name;
-        row.value = place.value;
         if (!place.name.empty() && !setColumns(row, place, file)) {
             return;
         }
-        rows_.push_back(std::move(row));
+        row.name = texts_.numberOf(place.name);
+        row.value = texts_.numberOf(place.value);
+        rows_.push_back(row);
     }
 
     bool setColumns(NameRow& row, const NamePlace& place, const FileText& file) {
@@ -124,7 +150,8 @@ private:
     }
 
     static void setColumns(NameRow& row, const FileText& file, ColumnRange columns) {
-        const ColumnRange units = editorColumns(file.lines[row.line], columns, file.isUtf8);
+        const ColumnRange units =
+            file.isAscii ? columns : editorColumns(file.lines[row.line], columns, file.isUtf8);
         row.begin = units.first == 0 ? 0 : units.first - 1;
         row.end = units.last;
     }
@@ -174,22 +201,23 @@ private:
         row.kind = includeKind;
         row.file = file.number;
         row.line = number;
-        row.name = line.substr(quote + 1, end - quote - 1);
-        row.target = files_.at(inclusion.file).number;
+        row.name = texts_.numberOf(line.substr(quote + 1, end - quote - 1));
+        row.value = files_.at(inclusion.file).number;
         setColumns(row, file,
                    {static_cast<std::uint32_t>(quote + 2), static_cast<std::uint32_t>(end)});
-        rows_.push_back(std::move(row));
+        rows_.push_back(row);
     }
 
     const Program& program_;
     std::unordered_map<const SourceFile*, FileText> files_;
     std::map<std::tuple<std::uint32_t, std::uint32_t, std::string, std::uint8_t>, Found> searched_;
+    TextNumbers texts_;
     std::vector<NameRow> rows_;
 };
 
 }  // namespace
 
-std::vector<NameRow> nameRowsOf(const migrate::ConvertedNames& names) {
+ProgramNames programNamesOf(const migrate::ConvertedNames& names) {
     return Rows(names).inOrder();
 }
 

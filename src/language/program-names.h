@@ -22,15 +22,19 @@ struct NameRow {
     /// From the first column up to the one behind the last. Both 0: the line alone.
     std::uint32_t begin = 0;
     std::uint32_t end = 0;
-    /// Bytes, as the program has them.
-    std::string name;
-    std::string value;
-    /// Of an include: the number of the file that it leads to.
-    std::uint32_t target = 0;
+    /// Numbers of texts. The value of an include is the number of the file that it leads to.
+    std::uint32_t name = 0;
+    std::uint32_t value = 0;
 };
 
-/// In the order of files, lines and columns, each place once however often its file is included.
-std::vector<NameRow> nameRowsOf(const migrate::ConvertedNames& names);
+struct ProgramNames {
+    /// In the order of files, lines and columns, each place once however often its file is included.
+    std::vector<NameRow> rows;
+    /// Bytes, as the program has them; each text once.
+    std::vector<std::string> texts;
+};
+
+ProgramNames programNamesOf(const migrate::ConvertedNames& names);
 
 /// The columns of a place in a line of a file, of which it is known whether its bytes are UTF-8. In any other file
 /// each byte is a character of one unit.

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "src/language/answers.h"
 #include "src/language/documents.h"
 #include "src/language/plant.h"
 
@@ -20,10 +21,10 @@ public:
     /// Answers a question in JSON: {"do": "project", "file", "folder", "settings"}, {"do": "convert", "project",
     /// "program"} or {"do": "tables", "project"}. What cannot be answered is {"fault": sentence}. Throws
     /// std::bad_alloc.
-    std::string answer(std::string_view question);
+    Answer answer(std::string_view question);
 
 private:
-    std::string convert(Plant& plant, const NativePath& path);
+    Answer convert(Plant& plant, const NativePath& path);
 
     Documents documents_;
     /// By number; a project that was replaced is empty.

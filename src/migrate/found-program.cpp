@@ -28,7 +28,8 @@ FindingRow findingOfWhole(const FoundProgram& found, std::string_view code, std:
     return row;
 }
 
-ProgramResult resultOf(const FoundProgram& found, const MachineSettings& settings) {
+ProgramResult resultOf(const FoundProgram& found, const MachineSettings& settings,
+                       const NamesTaker& takeNames) {
     ProgramResult result;
     if (!found.collidesWith.empty()) {
         result.status = ProgramStatus::collides;
@@ -37,7 +38,7 @@ ProgramResult resultOf(const FoundProgram& found, const MachineSettings& setting
         result.status = ProgramStatus::unreadable;
         result.findings = {findingOfWhole(found, parametersUnreadable, settings.fault)};
     } else {
-        result = convertOne(found.path, settings.conversion);
+        result = convertOne(found.path, settings.conversion, takeNames);
     }
     result.program = found.program;
     result.output = found.output;

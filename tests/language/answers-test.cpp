@@ -131,7 +131,7 @@ TEST(Answers, TablesTellWhatNamesAndCodesStandFor) {
 TEST(Answers, QuestionsThatCannotBeAnswered) {
     Questions questions;
     const auto faultOf = [&](std::string_view text) {
-        return json::parse(questions.requests.answer(text)).at("fault").get<std::string>();
+        return json::parse(questions.requests.answer(text).json).at("fault").get<std::string>();
     };
     EXPECT_FALSE(faultOf("").empty());
     EXPECT_FALSE(faultOf("[]").empty());

@@ -18,7 +18,13 @@ void Questions::write(std::string_view name, std::string_view text) const {
 }
 
 json Questions::ask(const json& question) {
-    return json::parse(requests.answer(question.dump()));
+    const Answer answer = requests.answer(question.dump());
+    json all = json::parse(answer.json);
+    if (!answer.lines.empty()) {
+        all["names"] = answer.names;
+        all["lines"] = answer.lines;
+    }
+    return all;
 }
 
 std::size_t Questions::openProject(std::string_view settings) {

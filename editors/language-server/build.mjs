@@ -1,0 +1,85 @@
+// Builds the language server: node editors/language-server/build.mjs FOLDER
+//
+// FOLDER/server.cjs is one file that node runs: the server, and the converter as WebAssembly, which script/build-editors
+// builds before. Beside it, in FOLDER/docs, are the pages of advice that messages lead to. With --tests the tests and the
+// benchmark are made into FOLDER instead.
+
+import { copyFileSync, mkdirSync, readdirSync, readFileSync, writeFileSync } from "node:fs";
+import { dirname, resolve } from "node:path";
+import { fileURLToPath } from "node:url";
+import { build } from "esbuild";
+import { grammarTables, statementForms } from "../grammar/tables.mjs";
+
+const folder = dirname(fileURLToPath(import.meta.url));
+const root = `${folder}/../..`;
+const generated = `${folder}/generated`;
+const wasm = process.env.TORVEL_LANGUAGE_WASM ?? `${root}/build/wasm`;
+
+function generate() {
+  mkdirSync(generated, { recursive: true });
+  copyFileSync(`${wasm}/language.js`, `${generated}/language.cjs`);
+  copyFileSync(`${wasm}/language.wasm`, `${generated}/language.wasm`);
+  const words = { ...grammarTables().brannic, forms: statementForms() };
+  writeFileSync(`${generated}/words.json`, JSON.stringify(words));
+}
+
+/** The licences of what is in the file, as its first comment. */
+function notices() {
+  const packages = [
+    "vscode-languageserver",
+    "vscode-languageserver-protocol",
+    "vscode-languageserver-textdocument",
+    "vscode-languageserver-types",
+    "vscode-jsonrpc",
+  ];
+  const texts = packages.map((name) => {
+    const path = `${folder}/node_modules/${name}`;
+    const licence = readdirSync(path).find((file) => /^licen[sc]e/i.test(file));
+    return `${name}\n\n${readFileSync(`${path}/${licence}`, "utf8").trim()}`;
+  });
+  const text = texts.join("\n\n").replaceAll("*/", "* /");
+  return `/*! This file holds packages of others:\n\n${text}\n*/`;
+}
+
+const common = {
+  absWorkingDir: folder,
+  bundle: true,
+  platform: "node",
+  target: "node18",
+  logLevel: "warning",
+  loader: { ".wasm": "binary" },
+};
+
+const [first, second] = process.argv.slice(2);
+generate();
+if (first === "--tests") {
+  const sources = ["test", "bench"].flatMap((name) =>
+    readdirSync(`${folder}/${name}`)
+      .filter((file) => /\.test\.ts$|^bench\.ts$/.test(file))
+      .map((file) => `${name}/${file}`),
+  );
+  await build({
+    ...common,
+    entryPoints: sources,
+    outdir: resolve(second),
+    outbase: ".",
+    outExtension: { ".js": ".mjs" },
+    format: "esm",
+    packages: "external",
+    sourcemap: "inline",
+  });
+} else {
+  await build({
+    ...common,
+    entryPoints: ["src/main.ts"],
+    outfile: `${resolve(first)}/server.cjs`,
+    format: "cjs",
+    minify: true,
+    legalComments: "none",
+    banner: { js: notices() },
+  });
+  mkdirSync(`${first}/docs`, { recursive: true });
+  for (const page of ["messages.md", "checks.md", "plant-findings.md"]) {
+    copyFileSync(`${root}/docs/${page}`, `${first}/docs/${page}`);
+  }
+}

@@ -1,0 +1,290 @@
+// A program as it was converted: where its names stand, and what its lines became.
+
+import type { Position, Range } from "vscode-languageserver";
+import type { Finding, ProgramAnswer } from "./converter/messages.ts";
+
+/** In the order of NamePlace::Kind in src/base/name-places.h. */
+const kinds = [
+  "define",
+  "lostDefine",
+  "macro",
+  "name",
+  "variable",
+  "label",
+  "function",
+  "functionEnd",
+  "item",
+  "statement",
+  "opens",
+  "continues",
+  "closes",
+  "opensConditional",
+  "continuesConditional",
+  "closesConditional",
+] as const;
+
+export type NameKind = (typeof kinds)[number] | "include";
+
+const includeKind = 64;
+const nameRow = 8;
+const lineRow = 5;
+
+export interface Name {
+  readonly kind: NameKind;
+  readonly isDefinition: boolean;
+  readonly file: number;
+  readonly range: Range;
+  readonly name: string;
+  /** What it stands for. */
+  readonly value: string;
+  /** Of an include: the file that it leads to. */
+  readonly target: number;
+}
+
+/** What a line of a file became: lines of the output from 0. */
+export interface LineOfOutput {
+  readonly output: number;
+  readonly count: number;
+  readonly isConverted: boolean;
+}
+
+/** What kinds share their names. */
+function family(kind: NameKind): string {
+  return kind === "define" || kind === "lostDefine" || kind === "macro" || kind === "name"
+    ? "name"
+    : kind;
+}
+
+export class Program {
+  readonly path: string;
+  readonly findings: readonly Finding[];
+  private readonly fileOfPath: ReadonlyMap<string, number>;
+  /** By file: the numbers of its first row and of the one behind its last. */
+  private readonly rowsOfFile: readonly (readonly [number, number])[];
+  private outputLines: readonly string[] | undefined;
+  private rowsOfName: Map<string, number[]> | undefined;
+  private linesOfFile: Map<number, number[]>[] | undefined;
+
+  /** `versions` are those of the open documents that it was made of, by path. */
+  constructor(
+    readonly answer: ProgramAnswer,
+    readonly versions: ReadonlyMap<string, number>,
+  ) {
+    this.path = answer.program;
+    this.findings = answer.findings;
+    this.fileOfPath = new Map(answer.files.map(({ path }, number) => [path, number]));
+    this.rowsOfFile = this.findFiles();
+  }
+
+  get isReadable(): boolean {
+    return this.answer.status === "converted";
+  }
+
+  fileAt(path: string): number | undefined {
+    return this.fileOfPath.get(path);
+  }
+  pathOf(file: number): string {
+    return this.answer.files[file]?.path ?? this.path;
+  }
+  /** As messages show it. */
+  shownPath(file: number): string {
+    return this.answer.files[file]?.shown ?? "";
+  }
+
+  /** Those of a file in the order of their places. */
+  *namesOf(file: number): Iterable<Name> {
+    const [first, last] = this.rowsOfFile[file] ?? [0, 0];
+    for (let row = first; row < last; ++row) {
+      yield this.name(row);
+    }
+  }
+
+  /** Those of a line. */
+  namesIn(file: number, line: number): Name[] {
+    const [first, last] = this.rowsOfFile[file] ?? [0, 0];
+    const names: Name[] = [];
+    for (let row = this.firstRow(first, last, line); row < last; ++row) {
+      if (this.number(row, 3) !== line) {
+        break;
+      }
+      names.push(this.name(row));
+    }
+    return names;
+  }
+
+  /** The names at a place; those that are a whole line are not. */
+  namesAt(file: number, { line, character }: Position): Name[] {
+    return this.namesIn(file, line).filter(
+      ({ range }) =>
+        range.start.character <= character &&
+        character <= range.end.character &&
+        range.end.character > 0,
+    );
+  }
+
+  /** All places of a name, in any file. */
+  placesOf(wanted: Name): Name[] {
+    return this.placesOfName(wanted.kind, wanted.name);
+  }
+
+  placesOfName(kind: NameKind, name: string): Name[] {
+    this.rowsOfName ??= this.indexNames();
+    return (this.rowsOfName.get(`${family(kind)} ${name}`) ?? []).map((row) => this.name(row));
+  }
+
+  /** Where a name is defined; where it is spelled in another case if it is not; where it stands first if it is a
+   * variable without a declaration. */
+  definitionsOf(wanted: Name): Name[] {
+    const places = this.placesOf(wanted);
+    const definitions = places.filter(({ isDefinition }) => isDefinition);
+    if (definitions.length > 0) {
+      return definitions;
+    }
+    if (wanted.kind === "variable") {
+      return places.slice(0, 1);
+    }
+    const lower = wanted.name.toLowerCase();
+    return this.definitions(family(wanted.kind)).filter(({ name }) => name.toLowerCase() === lower);
+  }
+
+  variableNames(): Set<string> {
+    const found = new Set<string>();
+    const { names, texts } = this.answer;
+    const variable = kinds.indexOf("variable");
+    for (let at = 0; at < names.length; at += nameRow) {
+      if (names[at] === variable) {
+        found.add(texts[names[at + 6] ?? 0] ?? "");
+      }
+    }
+    return found;
+  }
+
+  /** All definitions, or those of a family. */
+  definitions(of?: string): Name[] {
+    const found: Name[] = [];
+    const { names } = this.answer;
+    for (let row = 0; row * nameRow < names.length; ++row) {
+      if (names[row * nameRow + 1] === 1) {
+        const name = this.name(row);
+        if (of === undefined || family(name.kind) === of) {
+          found.push(name);
+        }
+      }
+    }
+    return found;
+  }
+
+  /** What a line of a file became, once for each time that the file is included. */
+  outputOf(file: number, line: number): LineOfOutput[] {
+    this.linesOfFile ??= this.indexLines();
+    const { lines } = this.answer;
+    return (this.linesOfFile[file]?.get(line) ?? []).map((at) => ({
+      output: lines[at + 2] ?? 0,
+      count: lines[at + 3] ?? 0,
+      isConverted: lines[at + 4] === 1,
+    }));
+  }
+
+  textOf({ output, count }: LineOfOutput): string[] {
+    this.outputLines ??= this.answer.output.split("\n");
+    return this.outputLines.slice(output, output + count);
+  }
+
+  /** By line of the output: the file and the line in it that it came from. */
+  lineMap(): { file: number; line: number }[] {
+    const { lines } = this.answer;
+    const map: { file: number; line: number }[] = [];
+    for (let at = 0; at < lines.length; at += lineRow) {
+      const source = { file: lines[at] ?? 0, line: lines[at + 1] ?? 0 };
+      for (let count = lines[at + 3] ?? 0; count > 0; --count) {
+        map.push(source);
+      }
+    }
+    return map;
+  }
+
+  private number(row: number, column: number): number {
+    return this.answer.names[row * nameRow + column] ?? 0;
+  }
+
+  private name(row: number): Name {
+    const kind = this.number(row, 0);
+    const line = this.number(row, 3);
+    const value = this.number(row, 7);
+    const isInclude = kind === includeKind;
+    return {
+      kind: isInclude ? "include" : (kinds[kind] ?? "statement"),
+      isDefinition: this.number(row, 1) === 1,
+      file: this.number(row, 2),
+      range: {
+        start: { line, character: this.number(row, 4) },
+        end: { line, character: this.number(row, 5) },
+      },
+      name: this.answer.texts[this.number(row, 6)] ?? "",
+      value: isInclude ? "" : (this.answer.texts[value] ?? ""),
+      target: isInclude ? value : -1,
+    };
+  }
+
+  private findFiles(): [number, number][] {
+    const rows = this.answer.files.map((): [number, number] => [0, 0]);
+    const count = this.answer.names.length / nameRow;
+    for (let row = 0; row < count; ++row) {
+      const range = rows[this.number(row, 2)];
+      if (range !== undefined) {
+        range[0] = range[1] === 0 ? row : range[0];
+        range[1] = row + 1;
+      }
+    }
+    return rows;
+  }
+
+  /** The first row of a file whose line is not in front of `line`. */
+  private firstRow(first: number, last: number, line: number): number {
+    let low = first;
+    let high = last;
+    while (low < high) {
+      const middle = (low + high) >> 1;
+      if (this.number(middle, 3) < line) {
+        low = middle + 1;
+      } else {
+        high = middle;
+      }
+    }
+    return low;
+  }
+
+  private indexNames(): Map<string, number[]> {
+    const index = new Map<string, number[]>();
+    const count = this.answer.names.length / nameRow;
+    for (let row = 0; row < count; ++row) {
+      const kind = kinds[this.number(row, 0)];
+      if (kind !== undefined && kind !== "statement" && this.number(row, 5) > 0) {
+        const key = `${family(kind)} ${this.answer.texts[this.number(row, 6)] ?? ""}`;
+        const rows = index.get(key);
+        if (rows === undefined) {
+          index.set(key, [row]);
+        } else {
+          rows.push(row);
+        }
+      }
+    }
+    return index;
+  }
+
+  private indexLines(): Map<number, number[]>[] {
+    const index = this.answer.files.map(() => new Map<number, number[]>());
+    const { lines } = this.answer;
+    for (let at = 0; at < lines.length; at += lineRow) {
+      const ofFile = index[lines[at] ?? 0];
+      const line = lines[at + 1] ?? 0;
+      const known = ofFile?.get(line);
+      if (known === undefined) {
+        ofFile?.set(line, [at]);
+      } else {
+        known.push(at);
+      }
+    }
+    return index;
+  }
+}
