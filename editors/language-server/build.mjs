@@ -1,8 +1,8 @@
 // Builds the language server: node editors/language-server/build.mjs FOLDER
 //
-// FOLDER/server.cjs is one file that node runs: the server, and the converter as WebAssembly, which script/build-editors
-// builds before. Beside it, in FOLDER/docs, are the pages of advice that messages lead to. With --tests the tests and the
-// benchmark are made into FOLDER instead.
+// FOLDER/server.cjs is one file that node runs: the server, and the converter as WebAssembly, which script/build-wasm
+// builds before. Beside it are NOTICES.txt, and in docs the pages of advice that messages lead to. With --tests in front of FOLDER
+// the tests and the benchmark are made into it instead.
 
 import { copyFileSync, mkdirSync, readdirSync, readFileSync, writeFileSync } from "node:fs";
 import { dirname, resolve } from "node:path";
@@ -23,7 +23,7 @@ function generate() {
   writeFileSync(`${generated}/words.json`, JSON.stringify(words));
 }
 
-/** The licences of what is in the file, as its first comment. */
+/** The notices of what is in the file: packages of npm, and libraries of Debian in the WebAssembly. */
 function notices() {
   const packages = [
     "vscode-languageserver",
@@ -31,14 +31,22 @@ function notices() {
     "vscode-languageserver-textdocument",
     "vscode-languageserver-types",
     "vscode-jsonrpc",
-  ];
-  const texts = packages.map((name) => {
+  ].map((name) => {
     const path = `${folder}/node_modules/${name}`;
     const licence = readdirSync(path).find((file) => /^licen[sc]e/i.test(file));
-    return `${name}\n\n${readFileSync(`${path}/${licence}`, "utf8").trim()}`;
+    return [name, `${path}/${licence}`];
   });
-  const text = texts.join("\n\n").replaceAll("*/", "* /");
-  return `/*! This file holds packages of others:\n\n${text}\n*/`;
+  const libraries = [
+    "libtinyxml2-dev",
+    "libfmt-dev",
+    "nlohmann-json3-dev",
+    "libtomlplusplus-dev",
+    "libxxhash-dev",
+    "emscripten",
+  ].map((name) => [name, `/usr/share/doc/${name}/copyright`]);
+  return [...packages, ...libraries]
+    .map(([name, file]) => `${name}\n\n${readFileSync(file, "utf8").trim()}\n`)
+    .join(`\n${"-".repeat(80)}\n\n`);
 }
 
 const common = {
@@ -76,8 +84,9 @@ if (first === "--tests") {
     format: "cjs",
     minify: true,
     legalComments: "none",
-    banner: { js: notices() },
+    banner: { js: "// The notices of what this file holds are in NOTICES.txt." },
   });
+  writeFileSync(`${first}/NOTICES.txt`, notices());
   mkdirSync(`${first}/docs`, { recursive: true });
   for (const page of ["messages.md", "checks.md", "plant-findings.md"]) {
     copyFileSync(`${root}/docs/${page}`, `${first}/docs/${page}`);

@@ -94,12 +94,15 @@ export class Plants {
   private async open(file: string, folder: string): Promise<Plant | undefined> {
     const from = this.root === "" ? folder : this.root;
     const { parameterFile, referenceRows } = this.settings;
-    const parameters = parameterFile === "" ? "" : settingsPath(parameterFile, from);
+    // A project file says all that these could.
+    const path = (setting: string) =>
+      file !== "" || setting === "" ? "" : settingsPath(setting, from);
+    const parameters = path(parameterFile);
     const answer = await this.converter.openProject({
       file,
       folder,
       settings: parameters === "" ? "" : `parameters = ${JSON.stringify(parameters)}\n`,
-      referenceFile: referenceRows === "" ? "" : settingsPath(referenceRows, from),
+      referenceFile: path(referenceRows),
     });
     if (isFault(answer)) {
       this.tell(answer.fault);

@@ -27,7 +27,8 @@ export function converterPath(path: string): string {
   if (sep === "/") {
     return absolute;
   }
-  const slashes = absolute.replaceAll("\\", "/");
+  // Editors spell drives in either case.
+  const slashes = absolute.replaceAll("\\", "/").replace(/^[a-z]:/, (drive) => drive.toUpperCase());
   return slashes.startsWith("//") ? `/UNC${slashes.slice(1)}` : `/${slashes}`;
 }
 
