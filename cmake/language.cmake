@@ -1,6 +1,5 @@
 # What a language server asks of the converter.
 file(GLOB language_sources CONFIGURE_DEPENDS src/language/*.cpp)
-list(FILTER language_sources EXCLUDE REGEX "/src/language/exports\\.cpp$")
 if(NOT EMSCRIPTEN)
     add_library(torvel_language STATIC ${language_sources})
     target_link_libraries(torvel_language PUBLIC torvel_migrate)
@@ -8,7 +7,7 @@ if(NOT EMSCRIPTEN)
 endif()
 
 # The module that the server of editors/language-server has inside. Node.js shows it the files of the machine.
-add_executable(torvel-language src/language/exports.cpp ${language_sources})
+add_executable(torvel-language ${language_sources})
 set_target_properties(torvel-language PROPERTIES OUTPUT_NAME language)
 target_link_libraries(torvel-language PRIVATE torvel_migrate_parts)
 target_link_options(

@@ -148,7 +148,8 @@ void notePlaces(const ConversionContext& context, std::span<const Token> tokens,
     const TextSpan lineText = context.record->lineText;
     notePlacesOfVariables(context, tokens, lineText);
     const std::size_t first = prologueLength(context, tokens);
-    if (first < tokens.size() && tokens[first].type != TokenType::CONVERSION_TEXT) {
+    if (first < tokens.size() && tokens[first].type != TokenType::CONVERSION_TEXT &&
+        tokens[first].type != TokenType::STRING_LITERAL) {
         NamePlace place;
         place.kind = NamePlace::Kind::statement;
         place.position = context.position;

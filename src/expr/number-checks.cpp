@@ -51,6 +51,11 @@ bool isBlankBeside(const ConversionContext& context, const Token& sign, bool isB
 /// Tells what a parameter or status item is called.
 void noteItemPlace(const Statement& statement, ItemTable table, std::int32_t number,
                    const Token* first) {
+    const TextSpan lineText = statement.context.record->lineText;
+    // One that comes out of a define is told at the define.
+    if (first == statement.cursor.place() || placeOf({first, 1}, lineText).empty()) {
+        return;
+    }
     MessageLog log;
     ConversionContext context = {statement.context.program, statement.context.axes,
                                  statement.context.limits, log, statement.context.position};
@@ -100,21 +105,30 @@ void checkOctal(const Statement& statement, std::string_view text, const Token* 
     }
 }
 
-void checkItemNumber(Statement& statement, ItemTable table, std::string_view text,
-                     const Token* first) {
+void checkRowNumber(Statement& statement, ItemTable table, std::string_view text,
+                    const Token* first) {
     if (statement.context.record == nullptr) {
         return;
     }
     checkOctal(statement, text, first);
     const std::optional<std::int32_t> number = parseIntegerText(text);
-    if (number && statement.context.record->places != nullptr) {
-        noteItemPlace(statement, table, *number, first);
-    }
     if (number && *number >= 0 && !isKnownRow(table, static_cast<std::uint32_t>(*number)) &&
         !findReferenceRow(statement, referenceKindOf(table), static_cast<std::uint32_t>(*number),
                           first) &&
         isWrittenInProgram(statement.context.program, {first, statement.cursor.place()})) {
         noteCheck(statement, Check::ComposedNumber, first);
+    }
+}
+
+void checkItemNumber(Statement& statement, ItemTable table, std::string_view text,
+                     const Token* first) {
+    if (statement.context.record == nullptr) {
+        return;
+    }
+    checkRowNumber(statement, table, text, first);
+    const std::optional<std::int32_t> number = parseIntegerText(text);
+    if (number && statement.context.record->places != nullptr) {
+        noteItemPlace(statement, table, *number, first);
     }
 }
 

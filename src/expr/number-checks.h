@@ -16,10 +16,14 @@ namespace torvel {
 std::optional<std::string_view> findReferenceRow(const Statement& statement, ReferenceKind kind,
                                                  std::uint32_t number, const Token* first);
 
-/// The number chose a row of a table: octal, or composed and written in the program. `text` is the number as
-/// Torvel text, its tokens are those from `first` up to the cursor.
+/// The number chose a row of a table that names an item, which is told to who asks for names too.
 void checkItemNumber(Statement& statement, ItemTable table, std::string_view text,
                      const Token* first);
+
+/// The number chose a row of a table: octal, or composed and written in the program. `text` is the number as
+/// Torvel text, its tokens are those from `first` up to the cursor.
+void checkRowNumber(Statement& statement, ItemTable table, std::string_view text,
+                    const Token* first);
 
 /// The value of a number without its leading zeros, where that is another value; nothing otherwise.
 std::optional<std::int32_t> readWithoutZeros(std::string_view text);

@@ -102,7 +102,7 @@ void recordFact(const Statement& statement, Fact::Kind kind, std::string_view na
                              std::span(first, statement.cursor.place()));
     fact.name = context.record->texts.keep(name);
     context.record->facts.push_back(fact);
-    if (context.record->places != nullptr) {
+    if (context.record->places != nullptr && !statement.isRefused) {
         if (const auto place = namePlaceOf(fact)) {
             context.record->places->push_back(*place);
         }

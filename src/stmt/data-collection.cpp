@@ -73,7 +73,7 @@ std::optional<Signal> findSignal(Statement& statement, const ExpressionText& ite
             return Signal{&table, std::string(table.prefix).append(*own)};
         }
     }
-    checkItemNumber(statement, ItemTable::axisStatus, item, first);
+    checkRowNumber(statement, ItemTable::axisStatus, item, first);
     if (!number) {
         refuse(statement, Message::IntegerLiteralExpected);
     } else if (*number >= 0) {
