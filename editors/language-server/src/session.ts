@@ -34,6 +34,12 @@ export interface Outside {
   adviceUri(code: string): string | undefined;
 }
 
+/** What was published of a file. */
+interface Published {
+  readonly uri: string;
+  readonly text: string;
+}
+
 /** Between a change and the conversion, in milliseconds: a part of what a conversion takes, within these. */
 const pausePart = 0.25;
 const shortestPause = 40;
@@ -41,8 +47,7 @@ const longestPause = 250;
 
 export class Session {
   private readonly known = new Map<string, Known>();
-  /** By path: the URI that diagnostics were published for. */
-  private published = new Map<string, string>();
+  private published = new Map<string, Published>();
   private timer: NodeJS.Timeout | undefined;
   private isConverting = false;
   private isAsked = false;
@@ -299,14 +304,17 @@ export class Session {
         byPath.set(path, []);
       }
     }
-    const published = new Map<string, string>();
+    const published = new Map<string, Published>();
     for (const [path, diagnostics] of byPath) {
       const document = this.documents.at(path);
-      const uri = document?.uri ?? this.published.get(path) ?? uriOfPath(path);
-      published.set(path, uri);
-      this.outside.publish(uri, document?.version, diagnostics);
+      const uri = document?.uri ?? this.published.get(path)?.uri ?? uriOfPath(path);
+      const told = { uri, text: JSON.stringify([document?.version, diagnostics]) };
+      published.set(path, told);
+      if (this.published.get(path)?.text !== told.text) {
+        this.outside.publish(uri, document?.version, diagnostics);
+      }
     }
-    for (const [path, uri] of this.published) {
+    for (const [path, { uri }] of this.published) {
       if (!byPath.has(path)) {
         this.outside.publish(uri, undefined, []);
       }
