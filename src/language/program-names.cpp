@@ -92,11 +92,11 @@ public:
     }
 
     ProgramNames inOrder() {
-        const auto placeOf = [](const NameRow& row) {
+        const auto sortKey = [](const NameRow& row) {
             return std::tuple(row.file, row.line, row.begin, row.kind, !row.isDefinition);
         };
         std::stable_sort(rows_.begin(), rows_.end(), [&](const NameRow& a, const NameRow& b) {
-            return placeOf(a) < placeOf(b);
+            return sortKey(a) < sortKey(b);
         });
         // The place of a declaration is one of a variable too.
         const auto isSame = [](const NameRow& a, const NameRow& b) {

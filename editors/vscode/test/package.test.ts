@@ -156,7 +156,7 @@ test("the packed server gives the Torvel of a document", serverOptions, async ()
       arguments: [uri],
     });
     const { text: torvel, lines } = answer as { text: string; lines: number[] };
-    assert.equal(torvel, "var $a\n// two\n#error_unconvertible (part.pgm:3): PROBE X\n");
+    assert.equal(torvel, "var $a\n// two\n#error_unconvertible (part.pgm:3): PROBE X\n\n");
     assert.deepEqual(lines.slice(0, 3), [0, 1, 2]);
   } finally {
     connection.dispose();
