@@ -52,9 +52,9 @@ void readLimits(Request& request, Limits& limits) {
     }
 }
 
-/// The request has: the project's folder; its project file, empty for none, in whose folder the project is then; then what counts over the file: the sources,
-/// the patterns of programs, the parameter file, each empty for what the file says; the names of members of Limits that have
-/// other values, with these.
+/// The request has: the project's folder; its project file, empty for none, in whose folder the project is then; then what
+/// counts over the file: the sources, the patterns of programs and the parameter file, each empty for what the file says;
+/// 1, if outputs keep the extensions of their programs; the names of members of Limits that have other values, with these.
 Project projectOf(Request& request, Limits& limits) {
     const NativePath folder = canonicalPath(nativePath(request.text()));
     const std::string file = request.text();
@@ -73,6 +73,7 @@ Project projectOf(Request& request, Limits& limits) {
     if (std::string parameters = request.text(); !parameters.empty()) {
         project.parameters = std::move(parameters);
     }
+    project.keepExtension = project.keepExtension || request.number() != 0;
     readLimits(request, limits);
     return project;
 }

@@ -19,6 +19,7 @@ export interface Wishes {
   readonly parameters: string;
   /** Patterns with commas between them. */
   readonly programs: string;
+  readonly keepExtension: boolean;
 }
 
 export const usualPrograms = "**/*.pgm, **/*.prg";
@@ -51,7 +52,7 @@ function commonFolder(paths: readonly string[]): string {
 export function firstWishes(choice: ProjectChoice): Wishes {
   const [only = "", ...others] = choice.parameterFiles;
   const parameters = choice.projectFile === "" && others.length === 0 ? only : "";
-  return { parameters, programs: usualPrograms };
+  return { parameters, programs: usualPrograms, keepExtension: false };
 }
 
 export function settingsOf(choice: ProjectChoice, wishes: Wishes): Settings {
@@ -67,6 +68,7 @@ export function settingsOf(choice: ProjectChoice, wishes: Wishes): Settings {
   return {
     folder: choice.folder,
     programs,
+    keepExtension: wishes.keepExtension,
     ...(wishes.parameters === "" ? {} : { parameters: inFolder(wishes.parameters) }),
     limits: conversionLimits,
   };

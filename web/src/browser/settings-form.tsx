@@ -42,6 +42,17 @@ export function SettingsForm({ state, actions }: { state: State; actions: Action
           onChange={(event) => actions.wish({ ...wishes, programs: event.currentTarget.value })}
         />
       </label>
+      <label class="check">
+        <input
+          type="checkbox"
+          checked={wishes.keepExtension}
+          disabled={state.busy !== ""}
+          onChange={(event) =>
+            actions.wish({ ...wishes, keepExtension: event.currentTarget.checked })
+          }
+        />{" "}
+        part.pgm becomes part.pgm.torvel, not part.torvel
+      </label>
     </section>
   );
 }

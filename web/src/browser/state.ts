@@ -101,6 +101,9 @@ export function useConverter(
   const actions: Actions = {
     add(added) {
       if (newest.current.busy !== "") {
+        change({
+          failure: "Nothing was added: wait until this is done, and drop the files again.",
+        });
         return;
       }
       const before = newest.current;
@@ -111,7 +114,7 @@ export function useConverter(
         before.project.parameterFiles.join("\n") === project.parameterFiles.join("\n");
       const wishes = isKnown
         ? before.wishes
-        : { ...firstWishes(project), programs: before.wishes.programs };
+        : { ...before.wishes, parameters: firstWishes(project).parameters };
       const told = `${choice.files.size - before.choice.files.size} files added, ${replaced.length} replaced.`;
       change({ results: null });
       void doing("Reading the files", async () => {

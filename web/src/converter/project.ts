@@ -15,6 +15,8 @@ export interface Settings {
   readonly programs?: readonly string[];
   /** The path of the parameter file among the files. */
   readonly parameters?: string;
+  /** The output of part.pgm is part.pgm.torvel. */
+  readonly keepExtension?: boolean;
   /** Other limits than those of the program, by the names that src/limits.h has. */
   readonly limits?: Readonly<Record<string, number>>;
 }
@@ -54,6 +56,7 @@ export function openProject(converter: Converter, settings: Settings = {}): Foun
     .texts(settings.sources ?? (file === "" ? ["."] : []))
     .texts(settings.programs ?? [])
     .text(settings.parameters ?? "")
+    .number(settings.keepExtension === true ? 1 : 0)
     .number(limits.length);
   for (const [name, value] of limits) {
     request.text(name).number(value);

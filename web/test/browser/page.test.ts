@@ -22,6 +22,11 @@ const { open } = browserSession();
 
 /** Drops files and folders of the disk, as a person does. */
 async function dropPaths(page: Page, paths: readonly string[]): Promise<void> {
+  await dispatchDrop(page, paths);
+  await settled(page);
+}
+
+async function dispatchDrop(page: Page, paths: readonly string[]): Promise<void> {
   const client = await page.context().newCDPSession(page);
   const box = await page.getByRole("region", { name: "Files" }).boundingBox();
   assert.ok(box !== null);
@@ -34,11 +39,13 @@ async function dropPaths(page: Page, paths: readonly string[]): Promise<void> {
       data,
     });
   }
-  await settled(page);
 }
 
 const program = 'HOME X\n#include "..\\Shared\\UNITS.PGM"\nG1 X10 F FEED\nPROBE X\nEND PROGRAM\n';
 const units = "#define FEED 25.5\n";
+
+const gantry =
+  '<M><Parameters><Axes><Axis Index="0"><P n="AxisName">Gantry</P></Axis></Axes></Parameters></M>';
 
 test("the page has less than 3 MB", () => {
   const { size } = statSync(pageFile);
@@ -116,15 +123,57 @@ test("missing files are asked for by name, and can be dropped behind", async () 
   await close();
 });
 
-test("a parameter file names the axes", async () => {
-  const axes = readFileSync("examples/cut-and-mark/machine.xml", "latin1");
+test("outputs of one name are told, and kept apart by their extensions", async () => {
   const { page, close } = await open(pageUrl);
-  await chooseFiles(page, ["examples/cut-and-mark/machine.xml"]);
-  await chooseFolder(page, "examples/cut-and-mark");
-  assert.ok(axes.length > 0);
-  await page.getByLabel("Parameter file").selectOption({ label: "cut-and-mark/machine.xml" });
-  await page.getByRole("button", { name: "Convert 1 program" }).waitFor();
+  await chooseFolder(
+    page,
+    folderWith("collide", [
+      ["part.pgm", "HOME X\n"],
+      ["part.prg", "HOME Y\n"],
+    ]),
+  );
   await convert(page);
+  await page.getByText(/^0 programs converted in .*; 2 were not/).waitFor();
+  await page.getByRole("button", { name: "Back to the files" }).click();
+  await page.getByLabel("part.pgm becomes part.pgm.torvel").check();
+  await page.getByRole("button", { name: "Convert 2 programs" }).waitFor();
+  await convert(page);
+  const zip = await savedZip(page);
+  assert.equal(textOf(zip.get("converted/part.pgm.torvel")), "Home(X)\n\n");
+  assert.equal(textOf(zip.get("converted/part.prg.torvel")), "Home(Y)\n\n");
+  await close();
+});
+
+test("what is dropped while programs are converted is refused, and told", async () => {
+  const { page, close } = await open(pageUrl);
+  await chooseFolder(page, folderWith("busy", manyPrograms(100, 300_000)));
+  await page.getByRole("button", { name: "Convert 100 programs" }).click();
+  await page.getByText(/^[1-9]\d* of 100 programs/).waitFor();
+  const late = folderWith("late", [["late.pgm", "HOME X\n"]]);
+  await dispatchDrop(page, [`${late}/late.pgm`]);
+  await page.getByText("Nothing was added: wait until this is done").waitFor();
+  await page.getByText(/^100 programs converted/).waitFor({ timeout: 60_000 });
+  await close();
+});
+
+test("a parameter file names the axes", async () => {
+  const { page, close } = await open(pageUrl);
+  const folder = folderWith("axes", [
+    ["main.pgm", "HOME Gantry\n"],
+    ["machine.xml", gantry],
+  ]);
+  await chooseFolder(page, folder);
+  assert.equal(await page.getByLabel("Parameter file").inputValue(), "axes/machine.xml");
+  await convert(page);
+  assert.equal(textOf((await savedZip(page)).get("converted/main.torvel")), "Home(Gantry)\n\n");
+  await page.getByRole("button", { name: "Back to the files" }).click();
+  await page.getByLabel("Parameter file").selectOption("");
+  await page.getByText("Looking for programs").waitFor({ state: "detached" });
+  await convert(page);
+  assert.match(
+    textOf((await savedZip(page)).get("converted/main.torvel")),
+    /#error_unconvertible \(main\.pgm:1\): HOME Gantry/,
+  );
   await close();
 });
 
@@ -180,7 +229,7 @@ test("programs without any, and a project file that is broken, are told", async 
 });
 
 function* manyPrograms(count: number, bytes: number): Iterable<readonly [string, string]> {
-  const body = "G1 X10 Y5 F25.5 ; a cut\n$a = 0.1 * 3\nPROBE X\n".repeat(bytes / 45);
+  const body = "G1 X10 Y5 F25.5 ; a cut\n$a = 0.1 * 3 // far\n".repeat(bytes / 45);
   for (let i = 0; i < count; ++i) {
     yield [`folder${i % 10}/p${i}.pgm`, `; program ${i}\n${body}`];
   }
