@@ -64,7 +64,7 @@ void recordCheck(const Statement& statement, Check check, const Token* first, co
 
 namespace {
 
-/// What the place of a fact's name tells a person; none for other facts.
+/// What a fact's name tells a person, without its place; none for other facts.
 std::optional<NamePlace> namePlaceOf(const Fact& fact) {
     using Kind = Fact::Kind;
     using Place = NamePlace::Kind;
@@ -81,8 +81,6 @@ std::optional<NamePlace> namePlaceOf(const Fact& fact) {
     const bool isDefinition = fact.kind == Kind::label || fact.kind == Kind::function;
     place.role = isDefinition ? NamePlace::Role::definition : NamePlace::Role::use;
     place.position = fact.position;
-    place.lineText = fact.lineText;
-    place.place = fact.place;
     place.name = fact.name;
     return place;
 }
@@ -103,7 +101,9 @@ void recordFact(const Statement& statement, Fact::Kind kind, std::string_view na
     fact.name = context.record->texts.keep(name);
     context.record->facts.push_back(fact);
     if (context.record->places != nullptr && !statement.isRefused) {
-        if (const auto place = namePlaceOf(fact)) {
+        if (auto place = namePlaceOf(fact)) {
+            place->lineText = context.record->lineText;
+            place->place = placeOf(std::span(first, statement.cursor.place()), place->lineText);
             context.record->places->push_back(*place);
         }
     }
