@@ -142,11 +142,17 @@ void dispatch(Statement& statement) {
     }
 }
 
+/// What stands in front of a statement; most lines have nothing.
 void convertPrologue(Statement& statement) {
     if (statement.cursor.is(TokenType::SLASH)) {
         skipBlockDelete(statement);
     }
-    writeLabel(statement);
+    switch (statement.cursor.type()) {
+        case TokenType::IDENTIFIER:
+        case TokenType::COLON:
+        case TokenType::LETTER_N: writeLabel(statement); break;
+        default: break;
+    }
 }
 
 void convert(Statement& statement) {
