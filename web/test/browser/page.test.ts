@@ -99,6 +99,9 @@ test("dropped folders have their includes, whatever the case and the slashes", a
   const zip = await savedZip(page);
   assert.match(textOf(zip.get("converted/mill/main.torvel")), /^Home\(X\)|^Home\(\[X\]\)/);
   assert.match(textOf(zip.get("converted/mill/main.torvel")), /G1 X10 F25\.5\n/);
+  await page.getByLabel("Line ends").selectOption("windows");
+  const windows = textOf((await savedZip(page)).get("converted/mill/main.torvel"));
+  assert.equal(windows, textOf(zip.get("converted/mill/main.torvel")).replaceAll("\n", "\r\n"));
   assert.equal(
     textOf(zip.get("converted/mill/main.log")),
     "main.pgm:4: PROBE is no longer supported.\n\n",
