@@ -35,6 +35,8 @@ export interface Name {
   readonly file: number;
   readonly range: Range;
   readonly name: string;
+  /** The number of the name among the program's texts. */
+  readonly text: number;
   /** What it stands for. */
   readonly value: string;
   /** Of an include: the file that it leads to. */
@@ -61,9 +63,6 @@ export class Program {
   private readonly fileOfPath: ReadonlyMap<string, number>;
   /** By file: the numbers of its first row and of the one behind its last. */
   private readonly rowsOfFile: readonly (readonly [number, number])[];
-  private outputLines: readonly string[] | undefined;
-  private rowsOfName: Map<string, number[]> | undefined;
-  private linesOfFile: Map<number, number[]>[] | undefined;
 
   /** `versions` are those of the open documents that it was made of, by path. */
   constructor(
@@ -122,14 +121,23 @@ export class Program {
     );
   }
 
-  /** All places of a name, in any file. */
+  /** All places of a name, in any file; the word of a statement is none. Going through all rows is quicker than an index
+   * that is new after every key. */
   placesOf(wanted: Name): Name[] {
-    return this.placesOfName(wanted.kind, wanted.name);
-  }
-
-  placesOfName(kind: NameKind, name: string): Name[] {
-    this.rowsOfName ??= this.indexNames();
-    return (this.rowsOfName.get(`${family(kind)} ${name}`) ?? []).map((row) => this.name(row));
+    const { names } = this.answer;
+    const found: Name[] = [];
+    if (wanted.kind === "statement" || wanted.kind === "item") {
+      return found;
+    }
+    for (let at = 0; at < names.length; at += nameRow) {
+      if (names[at + 6] === wanted.text && names[at + 5] !== 0) {
+        const name = this.name(at / nameRow);
+        if (family(name.kind) === family(wanted.kind)) {
+          found.push(name);
+        }
+      }
+    }
+    return found;
   }
 
   /** Where a name is defined; where it is spelled in another case if it is not; where it stands first if it is a
@@ -176,18 +184,28 @@ export class Program {
 
   /** What a line of a file became, once for each time that the file is included. */
   outputOf(file: number, line: number): LineOfOutput[] {
-    this.linesOfFile ??= this.indexLines();
     const { lines } = this.answer;
-    return (this.linesOfFile[file]?.get(line) ?? []).map((at) => ({
-      output: lines[at + 2] ?? 0,
-      count: lines[at + 3] ?? 0,
-      isConverted: lines[at + 4] === 1,
-    }));
+    const found: LineOfOutput[] = [];
+    for (let at = 0; at < lines.length; at += lineRow) {
+      if (lines[at + 1] === line && lines[at] === file) {
+        const [output = 0, count = 0, isConverted] = lines.subarray(at + 2, at + lineRow);
+        found.push({ output, count, isConverted: isConverted === 1 });
+      }
+    }
+    return found;
   }
 
   textOf({ output, count }: LineOfOutput): string[] {
-    this.outputLines ??= this.answer.output.split("\n");
-    return this.outputLines.slice(output, output + count);
+    const { output: text } = this.answer;
+    let begin = 0;
+    for (let line = 0; line < output; ++line) {
+      begin = text.indexOf("\n", begin) + 1;
+    }
+    let end = begin;
+    for (let line = 0; line < count; ++line) {
+      end = text.indexOf("\n", end) + 1;
+    }
+    return text.slice(begin, Math.max(end - 1, begin)).split("\n");
   }
 
   /** By line of the output: the file and the line in it that it came from. */
@@ -221,6 +239,7 @@ export class Program {
         end: { line, character: this.number(row, 5) },
       },
       name: this.answer.texts[this.number(row, 6)] ?? "",
+      text: this.number(row, 6),
       value: isInclude ? "" : (this.answer.texts[value] ?? ""),
       target: isInclude ? value : -1,
     };
@@ -252,39 +271,5 @@ export class Program {
       }
     }
     return low;
-  }
-
-  private indexNames(): Map<string, number[]> {
-    const index = new Map<string, number[]>();
-    const count = this.answer.names.length / nameRow;
-    for (let row = 0; row < count; ++row) {
-      const kind = kinds[this.number(row, 0)];
-      if (kind !== undefined && kind !== "statement" && this.number(row, 5) > 0) {
-        const key = `${family(kind)} ${this.answer.texts[this.number(row, 6)] ?? ""}`;
-        const rows = index.get(key);
-        if (rows === undefined) {
-          index.set(key, [row]);
-        } else {
-          rows.push(row);
-        }
-      }
-    }
-    return index;
-  }
-
-  private indexLines(): Map<number, number[]>[] {
-    const index = this.answer.files.map(() => new Map<number, number[]>());
-    const { lines } = this.answer;
-    for (let at = 0; at < lines.length; at += lineRow) {
-      const ofFile = index[lines[at] ?? 0];
-      const line = lines[at + 1] ?? 0;
-      const known = ofFile?.get(line);
-      if (known === undefined) {
-        ofFile?.set(line, [at]);
-      } else {
-        known.push(at);
-      }
-    }
-    return index;
   }
 }

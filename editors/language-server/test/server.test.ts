@@ -163,6 +163,7 @@ describe("a program without a project", () => {
     assert.deepEqual(await at(5, 1, false), ["main.pgm:12:7"]);
     assert.deepEqual(await at(16, 5, false), ["main.pgm:13:7"]);
     assert.deepEqual(await at(2, 14, true), ["main.pgm:2:10"]);
+    assert.deepEqual(await at(5, 8, true), []);
   });
 
   test("textDocument/documentSymbol: what the file defines", async () => {
