@@ -71,7 +71,7 @@ TextSpan spanInFile(const PreprocessorRun& run, const SourcePosition& position,
                     std::string_view name) {
     const TextSpan file = position.inclusion->file->text;
     const std::string_view text = run.program.text.view(file);
-    const std::less<const char*> isBefore;
+    const std::less<> isBefore;
     if (isBefore(name.data(), text.data()) ||
         isBefore(text.data() + text.size(), name.data() + name.size())) {
         return {};
