@@ -145,6 +145,10 @@ export class Program {
   definitionsOf(wanted: Name): Name[] {
     const places = this.placesOf(wanted);
     const definitions = places.filter(({ isDefinition }) => isDefinition);
+    if (definitions.length > 1 && wanted.kind === "label") {
+      const here = definitions.filter((label) => this.areInOneFunction(label, wanted));
+      return here.length > 0 ? here : definitions;
+    }
     if (definitions.length > 0) {
       return definitions;
     }
@@ -153,6 +157,27 @@ export class Program {
     }
     const lower = wanted.name.toLowerCase();
     return this.definitions(family(wanted.kind)).filter(({ name }) => name.toLowerCase() === lower);
+  }
+
+  /** A label of a subroutine is another one than that of the same name elsewhere. */
+  private areInOneFunction(a: Name, b: Name): boolean {
+    return a.file === b.file && this.functionAt(a) === this.functionAt(b);
+  }
+
+  /** The line of the subroutine that a name stands in; -1: it stands in none. */
+  private functionAt({ file, range }: Name): number {
+    let line = -1;
+    for (const name of this.namesOf(file)) {
+      if (name.range.start.line > range.start.line) {
+        break;
+      }
+      if (name.kind === "functionEnd") {
+        line = -1;
+      } else if (name.kind === "function" && name.isDefinition) {
+        line = name.range.start.line;
+      }
+    }
+    return line;
   }
 
   variableNames(): Set<string> {

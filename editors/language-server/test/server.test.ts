@@ -224,6 +224,36 @@ describe("a program without a project", () => {
   });
 });
 
+describe("labels", () => {
+  test("of one name in several subroutines, and spelled in another case", async () => {
+    const folder = new Folder();
+    const text = [
+      "again: HOME X",
+      "GOTO again",
+      "DFS one",
+      "again: HOME Y",
+      "GOTO again",
+      "ENDDFS",
+      "GOTO again",
+      "Ready: HOME Z",
+      "GOTO ready",
+      "",
+    ].join("\n");
+    const uri = folder.write("labels.pgm", text);
+    const client = await Client.start(folder.path);
+    client.open(uri, text);
+    await client.diagnostics(uri);
+    const at = async (line: number) =>
+      places(await client.request("textDocument/definition", client.at(uri, line, 6)));
+    assert.deepEqual(await at(1), ["labels.pgm:0:0"]);
+    assert.deepEqual(await at(4), ["labels.pgm:3:0"]);
+    assert.deepEqual(await at(6), ["labels.pgm:0:0"]);
+    assert.deepEqual(await at(8), ["labels.pgm:7:0"]);
+    await client.stop();
+    folder.remove();
+  });
+});
+
 describe("while somebody types", () => {
   const folder = new Folder();
   let client: Client;
