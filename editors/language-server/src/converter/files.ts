@@ -1,7 +1,7 @@
 // Paths of this machine, of an editor's URIs, and of the converter, which knows "/" only: "C:\a" is "/C:/a" there, and
 // "\\server\share\a" is "/UNC/server/share/a".
 
-import { isAbsolute, parse, resolve, sep } from "node:path";
+import path, { type PlatformPath } from "node:path";
 import { fileURLToPath, pathToFileURL } from "node:url";
 
 /** The path of a file's URI as the converter has it; undefined for any other URI. */
@@ -22,9 +22,9 @@ export function uriOfPath(path: string): string {
   return pathToFileURL(nativePath(path)).href;
 }
 
-export function converterPath(path: string): string {
-  const absolute = resolve(path);
-  if (sep === "/") {
+export function converterPath(native: string, platform: PlatformPath = path): string {
+  const absolute = platform.resolve(native);
+  if (platform.sep === "/") {
     return absolute;
   }
   // Editors spell drives in either case.
@@ -32,27 +32,33 @@ export function converterPath(path: string): string {
   return slashes.startsWith("//") ? `/UNC${slashes.slice(1)}` : `/${slashes}`;
 }
 
-export function nativePath(path: string): string {
-  if (sep === "/") {
-    return path;
+export function nativePath(converted: string, platform: PlatformPath = path): string {
+  if (platform.sep === "/") {
+    return converted;
   }
-  return path.startsWith("/UNC/") ? `\\\\${path.slice(5)}`.replaceAll("/", "\\") : path.slice(1);
+  const slashes = converted.startsWith("/UNC/") ? `//${converted.slice(5)}` : converted.slice(1);
+  return slashes.replaceAll("/", "\\");
 }
 
 /** The folder of this machine that the converter has to see for a path, and where it is to see it. */
-export function mountOf(path: string): { root: string; at: string } | undefined {
-  if (!path.startsWith("/") || path === "/") {
+export function mountOf(
+  converted: string,
+  platform: PlatformPath = path,
+): { root: string; at: string } | undefined {
+  if (!converted.startsWith("/") || converted === "/") {
     return undefined;
   }
-  if (sep === "/") {
-    const first = path.split("/", 2).join("/");
+  if (platform.sep === "/") {
+    const first = converted.split("/", 2).join("/");
     return { root: first, at: first };
   }
-  const { root } = parse(nativePath(path));
-  return root === "" ? undefined : { root, at: converterPath(root).replace(/\/$/, "") };
+  const { root } = platform.parse(nativePath(converted, platform));
+  return root === "" ? undefined : { root, at: converterPath(root, platform).replace(/\/$/, "") };
 }
 
 /** A path of the settings: from the workspace's folder on, or absolute. */
-export function settingsPath(path: string, folder: string): string {
-  return converterPath(isAbsolute(path) ? path : resolve(nativePath(folder), path));
+export function settingsPath(setting: string, folder: string): string {
+  return converterPath(
+    path.isAbsolute(setting) ? setting : path.resolve(nativePath(folder), setting),
+  );
 }
