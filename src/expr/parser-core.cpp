@@ -70,9 +70,9 @@ std::optional<NamePlace> namePlaceOf(const Fact& fact) {
     using Place = NamePlace::Kind;
     NamePlace place;
     switch (fact.kind) {
-        case Kind::label: place.kind = Place::label; break;
+        case Kind::label:
         case Kind::jump: place.kind = Place::label; break;
-        case Kind::function: place.kind = Place::function; break;
+        case Kind::function:
         case Kind::call: place.kind = Place::function; break;
         case Kind::functionEnd: place.kind = Place::functionEnd; break;
         case Kind::macroCall: place.kind = Place::name; break;
