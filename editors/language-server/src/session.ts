@@ -41,8 +41,8 @@ interface Published {
 }
 
 /** Between a change and the conversion, in milliseconds: a part of what a conversion takes, within these. */
-const pausePart = 0.25;
-const shortestPause = 40;
+const pausePart = 0.1;
+const shortestPause = 20;
 const longestPause = 250;
 
 export class Session {
