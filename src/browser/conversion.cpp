@@ -7,8 +7,8 @@
 #include "src/browser/session.h"
 #include "src/migrate/finding-names.h"
 #include "src/migrate/found-program.h"
+#include "src/migrate/html-detail.h"
 #include "src/migrate/json-writer.h"
-#include "src/migrate/packed-findings.h"
 #include "src/migrate/program-faults.h"
 #include "src/migrate/text-decoding.h"
 
@@ -94,25 +94,16 @@ std::string findingsJson(const ProgramResult& result) {
     });
 }
 
-/// Runs of lines as the page of reports has them: count, file, depth, line, lines of output, converted or not.
+/// Runs of lines as the page of reports has them.
 std::string lineMapJson(const ProgramResult& result) {
     return jsonText([&](JsonWriter& json) {
         json.beginObject().name("files").beginList();
         for (const migrate::ConvertedFile& file : result.files) {
             json.text(file.path);
         }
-        json.endList().name("lines").beginList();
-        for (const auto& [count, first] : mappedRuns(result.lineMap)) {
-            json.beginList()
-                .number(std::uint64_t{count})
-                .number(std::uint64_t{first.file})
-                .number(std::uint64_t{first.depth})
-                .number(std::uint64_t{first.line})
-                .number(std::uint64_t{first.outputLineCount})
-                .number(std::uint64_t{first.isConverted ? 1U : 0U})
-                .endList();
-        }
-        json.endList().endObject();
+        json.endList().name("lines");
+        migrate::writeLineRuns(result.lineMap, json);
+        json.endObject();
     });
 }
 

@@ -8,21 +8,8 @@
 
 namespace torvel::migrate {
 
-namespace {
-
-void writeFiles(const std::vector<ReportFile>& files, JsonWriter& json) {
-    json.name("files").beginList();
-    for (const ReportFile& file : files) {
-        json.beginObject()
-            .member("path", file.path)
-            .member("text", decodedLines(file.text))
-            .endObject();
-    }
-    json.endList();
-}
-
-void writeLineMap(const std::vector<MappedLine>& lines, JsonWriter& json) {
-    json.name("lineMap").beginList();
+void writeLineRuns(const std::vector<MappedLine>& lines, JsonWriter& json) {
+    json.beginList();
     for (const auto& [count, first] : mappedRuns(lines)) {
         json.beginList()
             .number(std::uint64_t{count})
@@ -32,6 +19,19 @@ void writeLineMap(const std::vector<MappedLine>& lines, JsonWriter& json) {
             .number(std::uint64_t{first.outputLineCount})
             .number(std::uint64_t{first.isConverted ? 1U : 0U})
             .endList();
+    }
+    json.endList();
+}
+
+namespace {
+
+void writeFiles(const std::vector<ReportFile>& files, JsonWriter& json) {
+    json.name("files").beginList();
+    for (const ReportFile& file : files) {
+        json.beginObject()
+            .member("path", file.path)
+            .member("text", decodedLines(file.text))
+            .endObject();
     }
     json.endList();
 }
@@ -60,7 +60,8 @@ void writeHtmlDetail(const ReportTexts& texts, const HtmlTables& tables, std::si
     JsonWriter json(sink, JsonLayout::compact);
     json.beginObject();
     writeFiles(texts.files, json);
-    writeLineMap(texts.lineMap, json);
+    json.name("lineMap");
+    writeLineRuns(texts.lineMap, json);
     json.member("generated", decodedLines(texts.generated)).name("current");
     if (texts.current) {
         json.text(decodedLines(*texts.current));
