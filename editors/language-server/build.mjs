@@ -7,6 +7,7 @@
 import { copyFileSync, mkdirSync, readdirSync, readFileSync, writeFileSync } from "node:fs";
 import { dirname, resolve } from "node:path";
 import { fileURLToPath } from "node:url";
+import { parseArgs } from "node:util";
 import { build } from "esbuild";
 import { grammarTables, statementForms } from "../grammar/tables.mjs";
 
@@ -58,9 +59,17 @@ const common = {
   loader: { ".wasm": "binary" },
 };
 
-const [first, second] = process.argv.slice(2);
+const { values, positionals } = parseArgs({
+  options: { tests: { type: "boolean", default: false } },
+  allowPositionals: true,
+});
+if (positionals.length !== 1) {
+  console.error("usage: build.mjs [--tests] FOLDER");
+  process.exit(1);
+}
+const target = resolve(positionals[0]);
 generate();
-if (first === "--tests") {
+if (values.tests) {
   const sources = ["test", "bench"].flatMap((name) =>
     readdirSync(`${folder}/${name}`)
       .filter((file) => /\.test\.ts$|^bench\.ts$/.test(file))
@@ -69,7 +78,7 @@ if (first === "--tests") {
   await build({
     ...common,
     entryPoints: sources,
-    outdir: resolve(second),
+    outdir: target,
     outbase: ".",
     outExtension: { ".js": ".mjs" },
     format: "esm",
@@ -80,15 +89,15 @@ if (first === "--tests") {
   await build({
     ...common,
     entryPoints: ["src/main.ts"],
-    outfile: `${resolve(first)}/server.cjs`,
+    outfile: `${target}/server.cjs`,
     format: "cjs",
     minify: true,
     legalComments: "none",
     banner: { js: "// The notices of what this file holds are in NOTICES.txt." },
   });
-  writeFileSync(`${first}/NOTICES.txt`, notices());
-  mkdirSync(`${first}/docs`, { recursive: true });
+  writeFileSync(`${target}/NOTICES.txt`, notices());
+  mkdirSync(`${target}/docs`, { recursive: true });
   for (const page of ["messages.md", "checks.md", "plant-findings.md"]) {
-    copyFileSync(`${root}/docs/${page}`, `${first}/docs/${page}`);
+    copyFileSync(`${root}/docs/${page}`, `${target}/docs/${page}`);
   }
 }

@@ -157,9 +157,9 @@ std::string plantAnswer(Plant& plant, std::uint32_t number) {
     });
 }
 
-Answer programAnswer(Plant& plant, const migrate::ProgramResult& result, const ProgramNames& names,
-                     const AxisNames& axes) {
-    std::string text = answer([&](JsonWriter& json) {
+std::string programAnswer(const Plant& plant, const migrate::ProgramResult& result,
+                          const AxisNames& axes) {
+    return answer([&](JsonWriter& json) {
         json.member("program", pathOf(plant, result.program))
             .member("status", migrate::statusName(result.status))
             .member("codeLines", result.lines)
@@ -173,17 +173,23 @@ Answer programAnswer(Plant& plant, const migrate::ProgramResult& result, const P
         }
         json.endList();
         writeFindings(result, json);
-        json.name("texts").beginList();
-        for (const std::string& name : names.texts) {
-            json.text(name);
-        }
-        json.endList().name("axes").beginList();
+        json.name("axes").beginList();
         for (const std::string& axis : axes.names()) {
             json.text(axis);
         }
         json.endList().name("inputs").beginList();
         for (const migrate::Input& input : result.inputs) {
             json.text(pathOf(plant, input.path));
+        }
+        json.endList();
+    });
+}
+
+Answer namesAnswer(const migrate::ProgramResult& result, const ProgramNames& names) {
+    std::string text = answer([&](JsonWriter& json) {
+        json.name("texts").beginList();
+        for (const std::string& name : names.texts) {
+            json.text(name);
         }
         json.endList().name("output").utf8(migrate::decodedLines(result.outputText));
     });

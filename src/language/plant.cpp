@@ -104,10 +104,9 @@ FoundProgram Plant::programAt(const NativePath& path) const {
     return program;
 }
 
-migrate::ProgramResult Plant::convert(const NativePath& path,
-                                      const migrate::NamesTaker& takeNames) {
+migrate::ProgramResult Plant::convert(const NativePath& path, migrate::ConvertedNames& names) {
     const FoundProgram program = programAt(path);
-    return resultOf(program, settings_.at(program.parameters), takeNames);
+    return resultOf(program, settings_.at(program.parameters), &names);
 }
 
 const AxisNames& Plant::axesOf(const NativePath& path) const {

@@ -42,7 +42,7 @@ public:
     const SiteConstants* constants() const { return options_.constants.get(); }
 
     /// Converts the program at a canonical path, which may be one that was not found.
-    migrate::ProgramResult convert(const NativePath& path, const migrate::NamesTaker& takeNames);
+    migrate::ProgramResult convert(const NativePath& path, migrate::ConvertedNames& names);
     /// The axes of that program's machine.
     const AxisNames& axesOf(const NativePath& path) const;
 

@@ -32,11 +32,14 @@ struct FileText {
     bool isAscii = false;
 };
 
-/// Texts by number.
+/// Texts by number. Most names have no value: the empty one is 0.
 class TextNumbers {
 public:
     /// `text` has to stay where it is.
     std::uint32_t numberOf(std::string_view text) {
+        if (text.empty()) {
+            return 0;
+        }
         const auto [entry, isNew] =
             numbers_.try_emplace(text, static_cast<std::uint32_t>(texts_.size()));
         if (isNew) {
@@ -48,7 +51,7 @@ public:
 
 private:
     std::unordered_map<std::string_view, std::uint32_t> numbers_;
-    std::vector<std::string> texts_;
+    std::vector<std::string> texts_{std::string()};
 };
 
 bool isAscii(std::string_view text) {

@@ -24,10 +24,20 @@ void Requests::forgetDocument(std::string_view path) {
 }
 
 Answer Requests::convert(Plant& plant, const NativePath& path) {
-    ProgramNames names;
-    const migrate::ProgramResult result = plant.convert(
-        path, [&](const migrate::ConvertedNames& all) { names = programNamesOf(all); });
-    return programAnswer(plant, result, names, plant.axesOf(path));
+    converted_.reset();
+    auto converted = std::make_unique<Converted>();
+    converted->result = plant.convert(path, converted->names);
+    Answer told = {programAnswer(plant, converted->result, plant.axesOf(path))};
+    converted_ = std::move(converted);
+    return told;
+}
+
+Answer Requests::names() {
+    const std::unique_ptr<Converted> converted = std::move(converted_);
+    if (converted == nullptr) {
+        return {faultAnswer("No program was converted.")};
+    }
+    return namesAnswer(converted->result, programNamesOf(converted->names));
 }
 
 Answer Requests::answer(std::string_view text) {
@@ -41,6 +51,9 @@ Answer Requests::answer(std::string_view text) {
                 documents_.over(fileSystemSource()));
             plants_.push_back(std::move(plant));
             return {plantAnswer(*plants_.back(), static_cast<std::uint32_t>(plants_.size()) - 1)};
+        }
+        if (what == "names") {
+            return names();
         }
         const std::size_t number = question.at("project").get<std::size_t>();
         if (number >= plants_.size() || plants_[number] == nullptr) {

@@ -19,16 +19,24 @@ public:
     void forgetDocument(std::string_view path);
 
     /// Answers a question in JSON: {"do": "project", "file", "folder", "settings"}, {"do": "convert", "project",
-    /// "program"} or {"do": "tables", "project"}. What cannot be answered is {"fault": sentence}. Throws
-    /// std::bad_alloc.
+    /// "program"}, {"do": "names"}, which is about the program that was converted last and answered once, or
+    /// {"do": "tables", "project"}. What cannot be answered is {"fault": sentence}. Throws std::bad_alloc.
     Answer answer(std::string_view question);
 
 private:
+    struct Converted {
+        migrate::ProgramResult result;
+        migrate::ConvertedNames names;
+    };
+
     Answer convert(Plant& plant, const NativePath& path);
+    Answer names();
 
     Documents documents_;
     /// By number; a project that was replaced is empty.
     std::vector<std::unique_ptr<Plant>> plants_;
+    /// Until its names are asked for, which the findings do not wait for.
+    std::unique_ptr<Converted> converted_;
 };
 
 }  // namespace torvel::language

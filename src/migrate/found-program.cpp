@@ -29,7 +29,7 @@ FindingRow findingOfWhole(const FoundProgram& found, std::string_view code, std:
 }
 
 ProgramResult resultOf(const FoundProgram& found, const MachineSettings& settings,
-                       const NamesTaker& takeNames) {
+                       ConvertedNames* names) {
     ProgramResult result;
     if (!found.collidesWith.empty()) {
         result.status = ProgramStatus::collides;
@@ -38,7 +38,7 @@ ProgramResult resultOf(const FoundProgram& found, const MachineSettings& setting
         result.status = ProgramStatus::unreadable;
         result.findings = {findingOfWhole(found, parametersUnreadable, settings.fault)};
     } else {
-        result = convertOne(found.path, settings.conversion, takeNames);
+        result = convertOne(found.path, settings.conversion, names);
     }
     result.program = found.program;
     result.output = found.output;

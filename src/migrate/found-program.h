@@ -9,10 +9,10 @@
 
 namespace torvel::migrate {
 
-/// What becomes of a program that was found: its conversion, or why it is not converted. `takeNames` is told of the
-/// names of one that is. Throws std::bad_alloc.
+/// What becomes of a program that was found: its conversion, or why it is not converted. `names`, if it
+/// is given, gets the names of one that is. Throws std::bad_alloc.
 ProgramResult resultOf(const FoundProgram& found, const MachineSettings& settings,
-                       const NamesTaker& takeNames = {});
+                       ConvertedNames* names = nullptr);
 
 /// A finding about a program as a whole.
 FindingRow findingOfWhole(const FoundProgram& found, std::string_view code, std::string text);

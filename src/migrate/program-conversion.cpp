@@ -19,30 +19,34 @@ namespace torvel::migrate {
 
 namespace {
 
+/// What findings say of their file.
+struct FileOfFindings {
+    std::string key;
+    std::vector<std::string_view> lines;
+};
+
 /// A program in memory while its result is put together.
 struct Conversion {
     const ConversionSettings& settings;
-    Program program;
-    ProgramOutput output;
+    Program& program;
+    ProgramOutput output{};
     /// By line of the program: the number of its first line of output, from 1, and one behind the last.
-    std::vector<std::uint32_t> firstOutputLines;
-    /// The lines of a file, as far as somebody asked for one.
-    std::unordered_map<const SourceFile*, std::vector<std::string_view>> sourceLines;
-
-    std::string keyOf(const SourceFile& file) const {
-        return migrate::keyOf(file.path, settings.folder);
-    }
+    std::vector<std::uint32_t> firstOutputLines{};
+    /// The files that somebody asked about.
+    std::unordered_map<const SourceFile*, FileOfFindings> files{};
 };
 
-std::string_view sourceLine(Conversion& conversion, const SourcePosition& position) {
-    const SourceFile& file = *position.inclusion->file;
-    const auto [entry, isNew] = conversion.sourceLines.try_emplace(&file);
+const FileOfFindings& fileOf(Conversion& conversion, const SourceFile& file) {
+    const auto [entry, isNew] = conversion.files.try_emplace(&file);
     if (isNew) {
-        entry->second = sourceLinesOf(conversion.program.text.view(file.text));
+        entry->second = {keyOf(file.path, conversion.settings.folder),
+                         sourceLinesOf(conversion.program.text.view(file.text))};
     }
-    const std::size_t number = position.lineNumber;
-    return number == 0 || number > entry->second.size() ? std::string_view()
-                                                        : entry->second[number - 1];
+    return entry->second;
+}
+
+std::string_view sourceLine(const FileOfFindings& file, std::size_t number) {
+    return number == 0 || number > file.lines.size() ? std::string_view() : file.lines[number - 1];
 }
 
 void countOutputLines(Conversion& conversion) {
@@ -127,11 +131,13 @@ FindingRow rowOf(Conversion& conversion, const Finding& finding) {
     if (finding.position.inclusion == nullptr) {
         return row;
     }
-    row.file = conversion.keyOf(*finding.position.inclusion->file);
-    row.lineText = sourceLine(conversion, finding.position);
+    const FileOfFindings& file = fileOf(conversion, *finding.position.inclusion->file);
+    row.file = file.key;
+    row.lineText = sourceLine(file, finding.position.lineNumber);
     for (SourcePosition from = finding.position.inclusion->includedFrom; from.inclusion != nullptr;
          from = from.inclusion->includedFrom) {
-        row.includedFrom.push_back({conversion.keyOf(*from.inclusion->file), from.lineNumber});
+        row.includedFrom.push_back(
+            {fileOf(conversion, *from.inclusion->file).key, from.lineNumber});
     }
     const std::size_t number = finding.programLine;
     const auto& lines = conversion.program.list.lines;
@@ -170,13 +176,14 @@ void convertRead(Conversion& conversion, CheckRecord& record, ProgramResult& res
 }  // namespace
 
 ProgramResult convertOne(const NativePath& path, const ConversionSettings& settings,
-                         const NamesTaker& takeNames) {
+                         ConvertedNames* names) {
     ProgramResult result;
     const FileSource source = recordedSource(settings.source, settings.folder, result.inputs);
-    Conversion conversion{settings, {}, {}, {}, {}};
-    CheckRecord record;
-    NamePlaces places;
-    record.places = takeNames ? &places : nullptr;
+    ConvertedNames own;
+    ConvertedNames& kept = names != nullptr ? *names : own;
+    Conversion conversion{settings, kept.program};
+    CheckRecord& record = kept.record;
+    record.places = names != nullptr ? &names->places : nullptr;
     result.program = keyOf(path, settings.folder);
     try {
         const PredefinedTable& predefined =
@@ -198,12 +205,10 @@ ProgramResult convertOne(const NativePath& path, const ConversionSettings& setti
     });
     for (const SourceFile& file : conversion.program.files) {
         const std::string_view text = conversion.program.text.view(file.text);
-        result.files.push_back({conversion.keyOf(file), hashOf(text), std::string(text)});
+        result.files.push_back(
+            {keyOf(file.path, settings.folder), hashOf(text), std::string(text)});
     }
     result.outputText = conversion.output.text.toString();
-    if (takeNames) {
-        takeNames({conversion.program, places});
-    }
     return result;
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 
+#include "src/base/check-record.h"
 #include "src/base/file-source.h"
 #include "src/base/name-places.h"
 #include "src/base/program.h"
@@ -26,17 +26,17 @@ struct ConversionSettings {
     std::shared_ptr<const SiteConstants> constants;
 };
 
-/// A program as it was converted, with the places of its names. It lives until the taker returns.
+/// A program as it was converted, with the places of its names.
 struct ConvertedNames {
-    const Program& program;
-    const NamePlaces& places;
+    Program program;
+    CheckRecord record;
+    NamePlaces places;
 };
-using NamesTaker = std::function<void(const ConvertedNames& names)>;
 
 /// Converts the program at `path` in this thread. The result has everything but the key of the output and what is
-/// known of other programs. A program that cannot be read is a result too. `takeNames`, if it is given, is told of names
-/// in any case. Throws std::bad_alloc.
+/// known of other programs. A program that cannot be read is a result too. `names`, if somebody asks for names, is
+/// empty before; it has those of a program that cannot be read as far as it was read. Throws std::bad_alloc.
 ProgramResult convertOne(const NativePath& path, const ConversionSettings& settings,
-                         const NamesTaker& takeNames = {});
+                         ConvertedNames* names = nullptr);
 
 }  // namespace torvel::migrate

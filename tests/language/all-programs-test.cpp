@@ -71,8 +71,9 @@ std::vector<std::string> decodedLinesOf(std::string_view text) {
 }
 
 /// How many names were looked at.
-std::size_t checkNames(const Answer& answer, const Lines& lines, const std::string& where) {
-    const json program = json::parse(answer.json);
+std::size_t checkNames(const json& program, const Answer& answer, const Lines& lines,
+                       const std::string& where) {
+    const json names = json::parse(answer.json);
     std::size_t count = 0;
     for (std::size_t at = 0; at + numbersOfName <= answer.names.size(); at += numbersOfName) {
         const auto number = [&](std::size_t column) { return answer.names[at + column]; };
@@ -81,7 +82,7 @@ std::size_t checkNames(const Answer& answer, const Lines& lines, const std::stri
         if (file == lines.end() || number(5) == 0) {
             continue;
         }
-        const std::string text = program.at("texts").at(number(6));
+        const std::string text = names.at("texts").at(number(6));
         const std::string place = where + ' ' + path + ':' + std::to_string(number(3) + 1);
         EXPECT_LT(number(3), file->second.size()) << place;
         EXPECT_LT(number(4), number(5)) << place << ' ' << text;
@@ -100,8 +101,8 @@ std::size_t checkNames(const Answer& answer, const Lines& lines, const std::stri
 
 /// The lines of the output, each of which comes from some line, in order.
 void checkLines(const Answer& answer, const std::string& where) {
-    const json program = json::parse(answer.json);
-    const auto output = program.at("output").get<std::string>();
+    const json names = json::parse(answer.json);
+    const auto output = names.at("output").get<std::string>();
     std::size_t next = 0;
     for (std::size_t at = 0; at + numbersOfLine <= answer.lines.size(); at += numbersOfLine) {
         EXPECT_EQ(answer.lines[at + 2], next) << where;
@@ -130,10 +131,11 @@ TEST(AllPrograms, NamesStandWhereTheyAreSaidToStand) {
                 if (!torvel::test::isSourceText(file.path)) {
                     continue;
                 }
-                const Answer answer = requests.answer(
-                    json({{"do", "convert"}, {"project", 0}, {"program", "/nowhere/" + file.path}})
-                        .dump());
-                names += checkNames(answer, lines, name);
+                const json question = {
+                    {"do", "convert"}, {"project", 0}, {"program", "/nowhere/" + file.path}};
+                const json program = json::parse(requests.answer(question.dump()).json);
+                const Answer answer = requests.answer(R"({"do": "names"})");
+                names += checkNames(program, answer, lines, name);
                 checkLines(answer, name);
                 ++programs;
             }

@@ -100,7 +100,17 @@ TEST(Answers, TheProgramsOfAProjectAndTheirParts) {
                                         {"program", questions.path("programs/one.pgm")}});
     EXPECT_EQ(program.at("status"), "converted");
     EXPECT_EQ(program.at("axes"), json({"ST"}));
-    EXPECT_NE(program.at("output").get<std::string>().find("Home(ST)"), std::string::npos);
+    const json names = questions.ask({{"do", "names"}});
+    EXPECT_NE(names.at("output").get<std::string>().find("Home(ST)"), std::string::npos);
+}
+
+TEST(Answers, NamesAreToldOnce) {
+    Questions questions;
+    const json none = questions.ask({{"do", "names"}});
+    EXPECT_EQ(none.at("fault"), "No program was converted.");
+    questions.write("main.pgm", "HOME X\n");
+    EXPECT_EQ(questions.convert("main.pgm").at("texts").size(), 2U);
+    EXPECT_EQ(questions.ask({{"do", "names"}}).at("fault"), "No program was converted.");
 }
 
 TEST(Answers, AFileOfParametersThatCannotBeRead) {

@@ -42,7 +42,9 @@ json Questions::convert(std::string_view program) {
     if (!isOpen_) {
         openProject();
     }
-    return ask({{"do", "convert"}, {"project", project_}, {"program", path(program)}});
+    json all = ask({{"do", "convert"}, {"project", project_}, {"program", path(program)}});
+    all.update(ask({{"do", "names"}}));
+    return all;
 }
 
 namespace {

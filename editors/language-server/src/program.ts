@@ -1,7 +1,8 @@
 // A program as it was converted: where its names stand, and what its lines became.
 
 import type { Position, Range } from "vscode-languageserver";
-import type { Finding, ProgramAnswer } from "./converter/messages.ts";
+import type { NamesAnswer } from "./converter/messages.ts";
+import { Result } from "./result.ts";
 
 /** In the order of NamePlace::Kind in src/base/name-places.h. */
 const kinds = [
@@ -57,37 +58,20 @@ function family(kind: NameKind): string {
     : kind;
 }
 
-export class Program {
-  readonly path: string;
-  readonly findings: readonly Finding[];
-  private readonly fileOfPath: ReadonlyMap<string, number>;
+export class Program extends Result {
   /** By file: the numbers of its first row and of the one behind its last. */
   private readonly rowsOfFile: readonly (readonly [number, number])[];
 
-  /** `versions` are those of the open documents that it was made of, by path. */
   constructor(
-    readonly answer: ProgramAnswer,
-    readonly versions: ReadonlyMap<string, number>,
+    result: Result,
+    private readonly details: NamesAnswer,
   ) {
-    this.path = answer.program;
-    this.findings = answer.findings;
-    this.fileOfPath = new Map(answer.files.map(({ path }, number) => [path, number]));
+    super(result.answer, result.versions);
     this.rowsOfFile = this.findFiles();
   }
 
-  get isReadable(): boolean {
-    return this.answer.status === "converted";
-  }
-
-  fileAt(path: string): number | undefined {
-    return this.fileOfPath.get(path);
-  }
-  pathOf(file: number): string {
-    return this.answer.files[file]?.path ?? this.path;
-  }
-  /** As messages show it. */
-  shownPath(file: number): string {
-    return this.answer.files[file]?.shown ?? "";
+  get output(): string {
+    return this.details.output;
   }
 
   /** Those of a file in the order of their places. */
@@ -124,7 +108,7 @@ export class Program {
   /** All places of a name, in any file; the word of a statement is none. Going through all rows is quicker than an index
    * that is new after every key. */
   placesOf(wanted: Name): Name[] {
-    const { names } = this.answer;
+    const { names } = this.details;
     const found: Name[] = [];
     if (wanted.kind === "statement" || wanted.kind === "item") {
       return found;
@@ -182,7 +166,7 @@ export class Program {
 
   variableNames(): Set<string> {
     const found = new Set<string>();
-    const { names, texts } = this.answer;
+    const { names, texts } = this.details;
     const variable = kinds.indexOf("variable");
     for (let at = 0; at < names.length; at += nameRow) {
       if (names[at] === variable) {
@@ -195,7 +179,7 @@ export class Program {
   /** All definitions, or those of a family. */
   definitions(of?: string): Name[] {
     const found: Name[] = [];
-    const { names } = this.answer;
+    const { names } = this.details;
     for (let row = 0; row * nameRow < names.length; ++row) {
       if (names[row * nameRow + 1] === 1) {
         const name = this.name(row);
@@ -209,7 +193,7 @@ export class Program {
 
   /** What a line of a file became, once for each time that the file is included. */
   outputOf(file: number, line: number): LineOfOutput[] {
-    const { lines } = this.answer;
+    const { lines } = this.details;
     const found: LineOfOutput[] = [];
     for (let at = 0; at < lines.length; at += lineRow) {
       if (lines[at + 1] === line && lines[at] === file) {
@@ -221,7 +205,7 @@ export class Program {
   }
 
   textOf({ output, count }: LineOfOutput): string[] {
-    const { output: text } = this.answer;
+    const { output: text } = this.details;
     let begin = 0;
     for (let line = 0; line < output; ++line) {
       begin = text.indexOf("\n", begin) + 1;
@@ -235,7 +219,7 @@ export class Program {
 
   /** By line of the output: the file and the line in it that it came from. */
   lineMap(): { file: number; line: number }[] {
-    const { lines } = this.answer;
+    const { lines } = this.details;
     const map: { file: number; line: number }[] = [];
     for (let at = 0; at < lines.length; at += lineRow) {
       const source = { file: lines[at] ?? 0, line: lines[at + 1] ?? 0 };
@@ -247,7 +231,7 @@ export class Program {
   }
 
   private number(row: number, column: number): number {
-    return this.answer.names[row * nameRow + column] ?? 0;
+    return this.details.names[row * nameRow + column] ?? 0;
   }
 
   private name(row: number): Name {
@@ -263,16 +247,16 @@ export class Program {
         start: { line, character: this.number(row, 4) },
         end: { line, character: this.number(row, 5) },
       },
-      name: this.answer.texts[this.number(row, 6)] ?? "",
+      name: this.details.texts[this.number(row, 6)] ?? "",
       text: this.number(row, 6),
-      value: isInclude ? "" : (this.answer.texts[value] ?? ""),
+      value: isInclude ? "" : (this.details.texts[value] ?? ""),
       target: isInclude ? value : -1,
     };
   }
 
   private findFiles(): [number, number][] {
     const rows = this.answer.files.map((): [number, number] => [0, 0]);
-    const count = this.answer.names.length / nameRow;
+    const count = this.details.names.length / nameRow;
     for (let row = 0; row < count; ++row) {
       const range = rows[this.number(row, 2)];
       if (range !== undefined) {

@@ -1,6 +1,6 @@
 // Wires what an editor says to the session and the features.
 
-import { existsSync } from "node:fs";
+import { existsSync, readdirSync } from "node:fs";
 import { dirname, join } from "node:path";
 import { pathToFileURL } from "node:url";
 import {
@@ -15,6 +15,7 @@ import {
   ResponseError,
   TextDocumentSyncKind,
 } from "vscode-languageserver/node";
+import { version } from "../package.json";
 import { Converter } from "./converter/converter.ts";
 import { pathOfUri } from "./converter/files.ts";
 import { isFault, type TablesAnswer } from "./converter/messages.ts";
@@ -41,6 +42,7 @@ export function runServer(script: string): void {
   const converter = new Converter(script, tell);
   const documents = new Documents();
   const plants = new Plants(converter, "", tell);
+  const pages = pagesBeside(script);
   let tables: TablesAnswer | undefined;
   const session = new Session(documents, plants, converter, {
     publish: (uri, version, diagnostics) =>
@@ -50,7 +52,10 @@ export function runServer(script: string): void {
         ...(version === undefined ? {} : { version }),
       }),
     tell,
-    adviceUri: (code) => adviceUri(script, tables, code),
+    adviceUri: (code) => {
+      const page = pages.get(tables?.codes[code]?.page ?? "");
+      return page === undefined ? undefined : `${page}#${code}`;
+    },
   });
 
   /** What codes and predefined names mean, of the project that a document belongs to. */
@@ -89,7 +94,7 @@ export function runServer(script: string): void {
         completionProvider: { triggerCharacters: ["$", "#"] },
         executeCommandProvider: { commands: Object.values(commands) },
       },
-      serverInfo: { name: "BrannicToTorvel64", version: "1.0.0" },
+      serverInfo: { name: "BrannicToTorvel64", version },
     };
   });
 
@@ -176,6 +181,14 @@ export function runServer(script: string): void {
     const document = documents.get(uri);
     return document === undefined ? otherwise : use(document);
   };
+  const withNames = async <Result>(
+    uri: string,
+    otherwise: Result,
+    use: (document: OpenDocument) => Result,
+  ): Promise<Result> => {
+    await session.named(uri);
+    return withDocument(uri, otherwise, use);
+  };
   /** What an editor does not take is left out, and it is told how much that is. */
   const told = new Set<string>();
   const limitedTo = <Item>(uri: string, what: string, { items, left }: Limited<Item>): Item[] => {
@@ -187,15 +200,13 @@ export function runServer(script: string): void {
   };
 
   connection.onHover(({ textDocument, position }) =>
-    withDocument(textDocument.uri, null, (document) =>
-      hoverAt(session, tables, document, position),
-    ),
+    withNames(textDocument.uri, null, (document) => hoverAt(session, tables, document, position)),
   );
   connection.onDefinition(({ textDocument, position }) =>
-    withDocument(textDocument.uri, [], (document) => definitionsAt(session, document, position)),
+    withNames(textDocument.uri, [], (document) => definitionsAt(session, document, position)),
   );
   connection.onReferences(({ textDocument, position, context }) =>
-    withDocument(textDocument.uri, [], (document) =>
+    withNames(textDocument.uri, [], (document) =>
       referencesAt(session, document, position, context.includeDeclaration),
     ),
   );
@@ -210,7 +221,7 @@ export function runServer(script: string): void {
     return withDocument(uri, [], (document) => limitedTo(uri, "folds", foldsOf(session, document)));
   });
   connection.onCompletion(({ textDocument, position }) =>
-    withDocument(textDocument.uri, null, (document) =>
+    withNames(textDocument.uri, null, (document) =>
       completionAt(session, tables, document, position),
     ),
   );
@@ -262,16 +273,9 @@ function rootOf({ workspaceFolders, rootUri, rootPath }: InitializeParams): stri
     : "";
 }
 
-/** The entry of a code on the pages that lie beside the server. */
-function adviceUri(
-  script: string,
-  tables: TablesAnswer | undefined,
-  code: string,
-): string | undefined {
-  const page = tables?.codes[code]?.page;
-  if (page === undefined) {
-    return undefined;
-  }
-  const file = join(dirname(script), "docs", page);
-  return existsSync(file) ? `${pathToFileURL(file).href}#${code}` : undefined;
+/** The addresses of the pages of advice that lie beside the server. */
+function pagesBeside(script: string): ReadonlyMap<string, string> {
+  const folder = join(dirname(script), "docs");
+  const names = existsSync(folder) ? readdirSync(folder) : [];
+  return new Map(names.map((name) => [name, pathToFileURL(join(folder, name)).href]));
 }

@@ -3,28 +3,37 @@
 // After a change the programs of the document wait until nothing changes for a moment, then they are converted whole, one
 // after the other, in the worker. One that changes again while it waits is converted once. A result is made of the
 // documents as they were when it was begun; it never replaces one that is made of newer ones, and until the next one
-// comes its places are moved along with what is typed.
+// comes its places are moved along with what is typed. Its findings are told before its names are asked for, and while
+// somebody types on names come once a second only.
 
+import { setTimeout as pause } from "node:timers/promises";
 import type { Diagnostic } from "vscode-languageserver";
 import type { Converter } from "./converter/converter.ts";
 import { uriOfPath } from "./converter/files.ts";
-import { isFault, type ProgramAnswer } from "./converter/messages.ts";
+import { isFault } from "./converter/messages.ts";
 import { diagnosticsOf } from "./features/diagnostics.ts";
 import { mostPrograms, type Plant, type Plants } from "./plants.ts";
 import { Program } from "./program.ts";
+import { Result } from "./result.ts";
 import type { Documents, OpenDocument } from "./text/documents.ts";
 
 /** What is known of a program. */
 export interface Known {
   readonly path: string;
-  /** The last one that could be read; its places are shown. */
+  /** The last one that could be read; its findings are shown. */
+  result: Result | undefined;
+  /** The last one of which names are known; its places are shown. */
   program: Program | undefined;
   /** The last one, if it could not be read: it has the finding that says why. */
-  broken: Program | undefined;
+  broken: Result | undefined;
   /** Documents were changed since it was last begun. */
   isStale: boolean;
   /** How long the last conversion took, in milliseconds. */
   took: number;
+  /** When names came last. */
+  namedAt: number;
+  /** Until those of the last result have come, or are not asked for. */
+  naming: Promise<void>;
 }
 
 export interface Outside {
@@ -44,6 +53,7 @@ interface Published {
 const pausePart = 0.1;
 const shortestPause = 20;
 const longestPause = 250;
+const longestWithoutNames = 1000;
 
 export class Session {
   private readonly known = new Map<string, Known>();
@@ -91,10 +101,20 @@ export class Session {
 
   /** When there is something to tell of a document, or nothing will come of it. */
   async firstResult(uri: string): Promise<void> {
+    await this.named(uri);
     const document = this.documents.get(uri);
     if (document !== undefined && this.programsWith(document.path).length === 0) {
       await this.settled();
     }
+  }
+
+  /** When names are known that belong to the findings which were told of a document, if nothing was typed since. */
+  async named(uri: string): Promise<void> {
+    const path = this.documents.get(uri)?.path ?? "";
+    const current = [...this.known.values()].filter(
+      ({ result, isStale }) => !isStale && result?.fileAt(path) !== undefined,
+    );
+    await Promise.all(current.map(({ naming }) => naming));
   }
 
   /** The programs that a document is seen through and that could be read, the document itself first. */
@@ -130,8 +150,8 @@ export class Session {
 
   private markStale(path: string): void {
     for (const known of this.known.values()) {
-      const isPart = [known.program, known.broken].some(
-        (program) => program?.fileAt(path) !== undefined || program?.answer.inputs.includes(path),
+      const isPart = [known.result, known.broken].some(
+        (made) => made?.fileAt(path) !== undefined || made?.answer.inputs.includes(path),
       );
       if (known.path === path || isPart) {
         known.isStale = true;
@@ -142,7 +162,7 @@ export class Session {
   private pauseFor(path: string): number {
     let took = 0;
     for (const known of this.known.values()) {
-      if (known.isStale && (known.path === path || known.program?.fileAt(path) !== undefined)) {
+      if (known.isStale && (known.path === path || known.result?.fileAt(path) !== undefined)) {
         took += known.took;
       }
     }
@@ -173,9 +193,10 @@ export class Session {
         }
         if (next !== undefined) {
           await this.convert(next.known, next.plant);
+          continue;
         }
         this.publish();
-        if (next === undefined && !this.isAsked) {
+        if (!this.isAsked) {
           break;
         }
       }
@@ -205,7 +226,16 @@ export class Session {
     for (const [path, plant] of needed) {
       let known = this.known.get(path);
       if (known === undefined) {
-        known = { path, program: undefined, broken: undefined, isStale: true, took: 0 };
+        known = {
+          path,
+          result: undefined,
+          program: undefined,
+          broken: undefined,
+          isStale: true,
+          took: 0,
+          namedAt: -Infinity,
+          naming: Promise.resolve(),
+        };
         this.known.set(path, known);
       }
       if (known.isStale) {
@@ -226,10 +256,10 @@ export class Session {
     }
     // Without a project: the other documents that were seen to include it.
     const including = [...this.known.values()].filter(
-      ({ path: other, program }) =>
+      ({ path: other, result }) =>
         other !== path &&
         this.documents.at(other) !== undefined &&
-        program?.fileAt(path) !== undefined,
+        result?.fileAt(path) !== undefined,
     );
     return including.length > 0 ? including.map(({ path: other }) => other) : [path];
   }
@@ -255,25 +285,42 @@ export class Session {
       }
       return;
     }
-    this.take(known, answer, versions);
-  }
-
-  private take(known: Known, answer: ProgramAnswer, versions: ReadonlyMap<string, number>): void {
-    const program = new Program(answer, versions);
-    if (program.isReadable) {
-      known.program = program;
-      known.broken = undefined;
-    } else {
-      known.broken = program;
+    const result = new Result(answer, versions);
+    this.take(known, result);
+    if (result.isReadable) {
+      known.naming = this.takeNames(known, result);
     }
-    if (this.isOutdated(program)) {
-      known.isStale = true;
-    }
+    this.publish();
+    await known.naming;
     this.forgetOldMoves();
   }
 
+  private async takeNames(known: Known, result: Result): Promise<void> {
+    await pause(Math.min(known.took, shortestPause));
+    if (known.isStale && performance.now() - known.namedAt < longestWithoutNames) {
+      return;
+    }
+    const names = await this.converter.names();
+    known.namedAt = performance.now();
+    if (!isFault(names)) {
+      known.program = new Program(result, names);
+    }
+  }
+
+  private take(known: Known, result: Result): void {
+    if (result.isReadable) {
+      known.result = result;
+      known.broken = undefined;
+    } else {
+      known.broken = result;
+    }
+    if (this.isOutdated(result)) {
+      known.isStale = true;
+    }
+  }
+
   /** Documents were opened, changed or closed while it was converted, when nobody knew that it has them. */
-  private isOutdated({ answer, versions }: Program): boolean {
+  private isOutdated({ answer, versions }: Result): boolean {
     const paths = [...answer.files.map(({ path }) => path), ...answer.inputs];
     return paths.some((path) => this.documents.at(path)?.version !== versions.get(path));
   }
@@ -281,8 +328,8 @@ export class Session {
   private forgetOldMoves(): void {
     for (const document of this.documents.all()) {
       let oldest = document.version;
-      for (const { program, broken } of this.known.values()) {
-        for (const made of [program, broken]) {
+      for (const { result, program, broken } of this.known.values()) {
+        for (const made of [result, program, broken]) {
           oldest = Math.min(oldest, made?.versions.get(document.path) ?? oldest);
         }
       }
@@ -291,8 +338,8 @@ export class Session {
   }
 
   private wasConverted(path: string): boolean {
-    return [...this.known.values()].some(({ program, broken }) =>
-      [program, broken].some((made) => made?.path === path || made?.fileAt(path) !== undefined),
+    return [...this.known.values()].some(({ result, broken }) =>
+      [result, broken].some((made) => made?.path === path || made?.fileAt(path) !== undefined),
     );
   }
 

@@ -75,10 +75,16 @@ test("after a trap a fresh instance knows all documents and projects", async () 
     project: 0,
     program: "/b/main",
     documents: { "/a/two": "2" },
+  });
+  assert.equal(reply?.transfer.length, 0);
+  const names = await jobs.handle({ kind: "names", id: 6 });
+  assert.deepEqual(names?.message.answer, {
+    do: "names",
+    documents: { "/a/two": "2" },
     names: Int32Array.from([1, 2]),
     lines: Int32Array.from([3]),
   });
-  assert.equal(reply?.transfer.length, 2);
+  assert.equal(names?.transfer.length, 2);
 });
 
 test("a trap while a document is told leads to a fresh instance too", async () => {

@@ -7,6 +7,7 @@ import {
   type FromWorker,
   isFault,
   type Job,
+  type NamesAnswer,
   type ProgramAnswer,
   type ProjectAnswer,
   type ProjectQuestion,
@@ -65,6 +66,11 @@ export class Converter {
     return this.ask({ kind: "convert", id: ++this.last, project, program }) as Promise<
       ProgramAnswer | Fault
     >;
+  }
+
+  /** Of the program that was converted last. */
+  names(): Promise<NamesAnswer | Fault> {
+    return this.ask({ kind: "names", id: ++this.last }) as Promise<NamesAnswer | Fault>;
   }
 
   tables(project: number): Promise<TablesAnswer | Fault> {

@@ -44,7 +44,7 @@ export class Instance {
     return new TextDecoder().decode(this.module.HEAPU8.subarray(answer, answer + size));
   }
 
-  /** Those of the program that was converted last. */
+  /** Those of the last answer. */
   names(): Int32Array {
     return this.numbers(this.module._languageNames(), this.module._languageNameNumbers());
   }

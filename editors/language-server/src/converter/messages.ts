@@ -16,6 +16,7 @@ export type Job =
       readonly project: number;
       readonly program: string;
     }
+  | { readonly kind: "names"; readonly id: number }
   | { readonly kind: "tables"; readonly id: number; readonly project: number }
   | { readonly kind: "close"; readonly id: number; readonly project: number };
 
@@ -63,18 +64,22 @@ export interface Finding {
   readonly includedFrom: readonly { readonly file: number; readonly line: number }[];
 }
 
-/** What is told of a program. Numbers stand in rows, which program.ts names. */
+/** What is told of a program. */
 export interface ProgramAnswer {
   readonly program: string;
   readonly status: "converted" | "unreadable" | "collides";
   readonly files: readonly { readonly path: string; readonly shown: string }[];
   readonly findings: readonly Finding[];
   readonly findingCounts: readonly number[];
+  readonly axes: readonly string[];
+  readonly inputs: readonly string[];
+}
+
+/** What is told of the program that was converted last, once. Numbers stand in rows, which program.ts names. */
+export interface NamesAnswer {
   readonly names: Int32Array;
   readonly texts: readonly string[];
   readonly lines: Int32Array;
-  readonly axes: readonly string[];
-  readonly inputs: readonly string[];
   readonly output: string;
 }
 

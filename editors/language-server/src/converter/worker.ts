@@ -9,7 +9,7 @@ export interface Answering {
   setDocument(path: string, text: Uint8Array): void;
   forgetDocument(path: string): void;
   ask(question: object, paths: readonly string[]): string;
-  /** Rows of numbers of the program that was converted last. */
+  /** Rows of numbers of the names that were asked for last. */
   names(): Int32Array;
   lines(): Int32Array;
 }
@@ -83,7 +83,7 @@ export class Jobs {
     try {
       this.instance ??= await this.freshInstance();
       const answer = this.answerTo(this.instance, job);
-      const transfer = job.kind === "convert" ? buffersOf(answer) : [];
+      const transfer = job.kind === "names" ? buffersOf(answer) : [];
       return { message: { id, answer }, transfer };
     } catch (error) {
       this.instance = undefined;
@@ -111,6 +111,13 @@ export class Jobs {
       }
       return { ...answer, project: job.id };
     }
+    if (job.kind === "names") {
+      return {
+        ...(ask({ do: "names" }, []) as object),
+        names: instance.names(),
+        lines: instance.lines(),
+      };
+    }
     const project = this.projects.get(job.project)?.number ?? -1;
     switch (job.kind) {
       case "close":
@@ -119,11 +126,7 @@ export class Jobs {
       case "tables":
         return ask({ do: "tables", project }, []);
       case "convert":
-        return {
-          ...(ask({ do: "convert", project, program: job.program }, [job.program]) as object),
-          names: instance.names(),
-          lines: instance.lines(),
-        };
+        return ask({ do: "convert", project, program: job.program }, [job.program]);
     }
   }
 }

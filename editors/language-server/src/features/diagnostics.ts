@@ -3,7 +3,7 @@
 import { type Diagnostic, DiagnosticSeverity, type Range } from "vscode-languageserver";
 import { uriOfPath } from "../converter/files.ts";
 import type { Finding } from "../converter/messages.ts";
-import type { Program } from "../program.ts";
+import type { Result } from "../result.ts";
 import type { Known } from "../session.ts";
 import type { Documents } from "../text/documents.ts";
 
@@ -30,21 +30,21 @@ export function diagnosticsOf(
       ofFile.set(key, diagnostic);
     }
   };
-  for (const { program, broken } of programs) {
-    for (const made of [program, broken]) {
+  for (const { result, broken } of programs) {
+    for (const made of [result, broken]) {
       made?.findings.forEach((finding) =>
         add(made.pathOf(finding.file), diagnosticOf(made, finding, documents, adviceUri)),
       );
     }
-    if (program !== undefined) {
-      addWhatIsLeftOut(program, add);
+    if (result !== undefined) {
+      addWhatIsLeftOut(result, add);
     }
   }
   return new Map([...byPath].map(([path, diagnostics]) => [path, [...diagnostics.values()]]));
 }
 
 function diagnosticOf(
-  program: Program,
+  program: Result,
   finding: Finding,
   documents: Documents,
   adviceUri: AdviceUri,
@@ -78,12 +78,7 @@ function diagnosticOf(
 }
 
 /** A range of a file as the program has it, moved along with what was typed since. */
-export function rangeNow(
-  program: Program,
-  path: string,
-  documents: Documents,
-  range: Range,
-): Range {
+export function rangeNow(program: Result, path: string, documents: Documents, range: Range): Range {
   const version = program.versions.get(path);
   const document = documents.at(path);
   return version === undefined || document === undefined
@@ -114,7 +109,7 @@ function severityOf({ todo, severity }: Finding): DiagnosticSeverity {
     : DiagnosticSeverity.Information;
 }
 
-function addWhatIsLeftOut(program: Program, add: (path: string, diagnostic: Diagnostic) => void) {
+function addWhatIsLeftOut(program: Result, add: (path: string, diagnostic: Diagnostic) => void) {
   const shown = new Map<number, number>();
   program.findings.forEach(({ file }) => shown.set(file, (shown.get(file) ?? 0) + 1));
   program.answer.findingCounts.forEach((count, file) => {

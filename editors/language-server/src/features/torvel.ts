@@ -32,5 +32,5 @@ function textOf(session: Session, program: Program, path: string): TorvelText {
       ? line
       : document.moves.forward(version, { line, character: 0 }).line;
   const lines = program.lineMap().map((source) => (source.file === file ? now(source.line) : -1));
-  return { program: program.path, text: program.answer.output, lines };
+  return { program: program.path, text: program.output, lines };
 }
