@@ -89,7 +89,7 @@ int main(int argc, char** argv) {
             }
             (name == "--programs" ? programs : bytes) = std::stoul(argv[next + 1]);
         }
-        if (next + 1 != argc) {
+        if (next + 1 != argc || argv[next][0] == '-') {
             throw std::invalid_argument("usage: generate-shelf [--programs N] [--bytes N] FOLDER");
         }
         generate(argv[next], programs, bytes);

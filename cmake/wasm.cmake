@@ -18,6 +18,8 @@ foreach(header fmt nlohmann toml++ xxhash.h xxh3.h)
     file(COPY "/usr/include/${header}" DESTINATION "${third_party}")
 endforeach()
 
+include(cmake/fmt.cmake)
+
 # zlib's source comes from Debian by script/setup.
 enable_language(C)
 set(zlib "${PROJECT_SOURCE_DIR}/build/zlib")
@@ -37,8 +39,8 @@ add_custom_command(
 
 add_library(torvel_migrate_parts STATIC ${parts} "${migrate_pages}" "${embedded_report_page}")
 target_include_directories(torvel_migrate_parts SYSTEM PUBLIC "${third_party}")
-target_compile_definitions(torvel_migrate_parts PUBLIC FMT_HEADER_ONLY "TORVEL_VERSION=\"${PROJECT_VERSION}\"")
-target_link_libraries(torvel_migrate_parts PUBLIC torvel_converter zlib_static)
+target_compile_definitions(torvel_migrate_parts PUBLIC "TORVEL_VERSION=\"${PROJECT_VERSION}\"")
+target_link_libraries(torvel_migrate_parts PUBLIC torvel_converter zlib_static fmt_text)
 
 add_executable(torvel-wasm ${browser_sources})
 set_target_properties(torvel-wasm PROPERTIES OUTPUT_NAME converter)

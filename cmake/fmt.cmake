@@ -1,0 +1,12 @@
+# What fmt's headers do not have inline, compiled once. Debian's library is a shared one, and there is none for Windows
+# and browsers. `third_party` is the folder of the headers, where it is not the system's.
+set(fmt_source "${PROJECT_BINARY_DIR}/fmt-text.cpp")
+file(CONFIGURE OUTPUT "${fmt_source}" CONTENT "#include <fmt/format-inl.h>
+namespace fmt::detail {
+template auto thousands_sep_impl<char>(locale_ref) -> thousands_sep_result<char>;
+template auto decimal_point_impl(locale_ref) -> char;
+}
+")
+add_library(fmt_text STATIC "${fmt_source}")
+target_include_directories(fmt_text SYSTEM PUBLIC ${third_party})
+set_target_properties(fmt_text PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF)
