@@ -37,6 +37,9 @@ struct ConvertedPart {
 
 /// Bytes of a line's text for which room is made.
 constexpr std::size_t expectedTextLength = 32;
+/// And facts and variables: most programs have fewer, and room that is not used costs nothing.
+constexpr std::size_t linesPerFact = 4;
+constexpr std::size_t linesPerVariable = 2;
 
 /// Converts the lines from `first` up to `last`. Where nobody asks for findings it is a loop of its own, since what
 /// a line costs beside its conversion counts.
@@ -50,7 +53,8 @@ void convertLines(ConversionContext& context, std::size_t first, std::size_t las
     part.lines.resize(last - first);
     for (std::size_t number = first; number < last; ++number) {
         ConvertedLine& line = part.lines[number - first];
-        if (!isRecorded && list.lines[number].content == 0) {
+        if (list.lines[number].content == 0 &&
+            !(isRecorded && isCommentToNote(context, list.lines[number]))) {
             line = {part.text.size(), true, BlockEffect::None};  // nothing but a comment
             continue;
         }
@@ -82,6 +86,8 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
         part.record->run = run.record;
         part.record->recentVariables = std::make_unique<RecentNames>();
         part.record->places = run.record->places;
+        part.record->facts.reserve((last - first) / linesPerFact);
+        part.record->variables.reserve((last - first) / linesPerVariable);
         context.record = part.record.get();
         convertLines<true>(context, first, last, part);
     } else {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -48,6 +49,13 @@ public:
     /// Keeps the first `size` rows; there must be so many.
     void truncate(std::size_t size) { size_ = size; }
 
+    /// Makes room for so many rows. What is never touched costs no memory. Throws std::bad_alloc.
+    void reserve(std::size_t rows) {
+        if (rows > capacity_) {
+            grow(rows);
+        }
+    }
+
     /// Throws std::bad_alloc.
     void push_back(const Row& row) {
         if (size_ == capacity_) {
@@ -72,8 +80,8 @@ public:
 
 private:
     /// Half as much again: what is never touched costs no memory.
-    void grow() {
-        const std::size_t rows = size_ + size_ / 2 + 64;
+    void grow(std::size_t least = 0) {
+        const std::size_t rows = std::max(size_ + size_ / 2 + 64, least);
         if (rows > UINT32_MAX) {
             throw std::bad_alloc();  // rows are counted with 32 bits
         }

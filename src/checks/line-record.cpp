@@ -185,13 +185,6 @@ void recordEffect(const ConversionContext& context, BlockEffect effect, std::str
     context.record->facts.push_back(fact);
 }
 
-/// A comment that is kept and ends in a backslash.
-void noteComment(const ConversionContext& context, TextSpan comment) {
-    if (!comment.empty() && context.program.text.view(comment).ends_with('\\')) {
-        context.record->findings.push_back(makeFinding(Check::CommentContinues, context.position));
-    }
-}
-
 /// A define that Torvel does not take stands behind a marker without a message.
 void noteLostDefine(const ConversionContext& context, std::span<const Token> tokens) {
     if (tokens.size() == 1 && tokens[0].type == TokenType::CONVERSION_TEXT &&
@@ -254,7 +247,9 @@ void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
         takeOff(record, mark.record);
         noteRefused(record);
     }
-    noteComment(context, context.program.list.lines[number].comment);
+    if (isCommentToNote(context, context.program.list.lines[number])) {
+        record.findings.push_back(makeFinding(Check::CommentContinues, context.position));
+    }
     noteLostDefine(context, tokens);
     const LineMark now = markNow(context);
     if (now != mark) {

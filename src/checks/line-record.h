@@ -21,6 +21,11 @@ inline void beginLine(const ConversionContext& context, std::size_t number) {
     context.record->lineText = context.program.list.lines[number].text;
 }
 
+/// Whether there is something to say of a line's comment: it is kept, and ends in a backslash.
+inline bool isCommentToNote(const ConversionContext& context, const SourceLine& line) {
+    return !line.comment.empty() && context.program.text.view(line.comment).ends_with('\\');
+}
+
 /// Completes the findings of the line `number` of the program, which was converted from `tokens` just now. `mark` was
 /// what there was in front of it, and becomes what there is behind it.
 void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
