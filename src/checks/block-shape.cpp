@@ -20,19 +20,23 @@ public:
         std::size_t around = 0;
         std::size_t depth = 0;
         std::size_t fact = 0;
-        BlockKind kind{};
         /// The function that it stands in, itself if it is one.
         std::size_t function = 0;
+        BlockKind kind{};
         bool isReported = false;
     };
     static constexpr std::size_t none = 0;
 
     std::size_t open(std::size_t around, std::size_t fact, BlockKind kind) {
         const std::size_t block = blocks_.size();
-        blocks_.push_back({around, blocks_[around].depth + 1, fact, kind,
-                           kind == BlockKind::function ? block : blocks_[around].function, false});
+        blocks_.push_back({around, blocks_[around].depth + 1, fact,
+                           kind == BlockKind::function ? block : blocks_[around].function, kind,
+                           false});
         return block;
     }
+    std::size_t size() const { return blocks_.size(); }
+    /// Forgets the newest block.
+    void forget() { blocks_.pop_back(); }
     const Block& operator[](std::size_t block) const { return blocks_[block]; }
     void setReported(std::size_t block) { blocks_[block].isReported = true; }
 
@@ -77,6 +81,8 @@ private:
         OpenRange joined;
         bool hasJoined = false;
         bool hasElse = false;
+        /// The first block that no way but the one through this branch knows.
+        std::size_t firstOfBranch = 0;
     };
 
     /// Blocks of one kind that the branches open are one; of two kinds they are two ways.
@@ -92,13 +98,16 @@ private:
     void endBranch(Conditional& conditional) {
         conditional.joined = conditional.hasJoined ? joined(conditional.joined, now_) : now_;
         conditional.hasJoined = true;
+        conditional.firstOfBranch = blocks_.size();
         now_ = conditional.before;
     }
 
     void follow(std::size_t number) {
         const Fact& fact = facts_[number];
         switch (fact.kind) {
-            case Kind::ifdef: conditionals_.push_back({now_, {}, false, false}); return;
+            case Kind::ifdef:
+                conditionals_.push_back({now_, {}, false, false, blocks_.size()});
+                return;
             case Kind::elif:
             case Kind::otherwise:
                 if (!conditionals_.empty()) {
@@ -188,8 +197,18 @@ private:
         if (now_.most == OpenBlocks::none) {
             report(fact);
         }
-        now_.most = blocks_[now_.most].around;
-        now_.fewest = blocks_[now_.fewest].around;
+        const OpenRange closed =
+            std::exchange(now_, {blocks_[now_.fewest].around, blocks_[now_.most].around});
+        if (closed.most == closed.fewest && isOfThisWayAlone(closed.most)) {
+            blocks_.forget();
+        }
+    }
+
+    /// Whether a block is the newest one, and no other way has it.
+    bool isOfThisWayAlone(std::size_t block) const {
+        const std::size_t first =
+            conditionals_.empty() ? OpenBlocks::none + 1 : conditionals_.back().firstOfBranch;
+        return block >= first && block + 1 == blocks_.size();
     }
 
     /// The blocks from `block` to the one in front of `last` are not closed. Each is said once, whatever branches

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <vector>
 
 #include "src/base/check-record.h"
 
@@ -35,7 +34,7 @@ private:
         return std::uint32_t{1} << static_cast<unsigned>(kind);
     }
 
-    std::vector<const Fact*> list_;
+    GrowingArray<const Fact*> list_;
     std::uint32_t kinds_ = 0;
 };
 
