@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <vector>
 
 #include "src/base/check-record.h"
 
@@ -34,7 +35,7 @@ private:
         return std::uint32_t{1} << static_cast<unsigned>(kind);
     }
 
-    GrowingArray<const Fact*> list_;
+    std::vector<const Fact*> list_;
     std::uint32_t kinds_ = 0;
 };
 
