@@ -69,6 +69,9 @@ target_compile_definitions(torvel_migrate PRIVATE "TORVEL_VERSION=\"${PROJECT_VE
 set_target_properties(torvel_migrate PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF)
 # GCC 12 takes `"text" + string` for a copy onto itself.
 target_compile_options(torvel_migrate PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+# What is read once a run goes through large templates of libraries: made small, it compiles in a third of the time.
+set_source_files_properties(src/migrate/options.cpp src/migrate/project.cpp src/migrate/baseline.cpp PROPERTIES
+    COMPILE_OPTIONS "$<$<AND:$<CONFIG:Release>,$<NOT:$<CXX_COMPILER_ID:MSVC>>>:-Os>")
 
 add_executable(torvel-migrate src/migrate/main.cpp)
 target_link_libraries(torvel-migrate PRIVATE torvel_migrate)
