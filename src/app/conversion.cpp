@@ -37,8 +37,9 @@ struct ConvertedPart {
 
 /// Bytes of a line's text for which room is made.
 constexpr std::size_t expectedTextLength = 32;
-/// And facts and variables: most programs have fewer, and room that is not used costs nothing.
+/// And facts, blocks and variables: most programs have fewer, and room that is not used costs nothing.
 constexpr std::size_t linesPerFact = 4;
+constexpr std::size_t linesPerBlock = 4;
 constexpr std::size_t linesPerVariable = 2;
 
 /// Converts the lines from `first` up to `last`. Where nobody asks for findings it is a loop of its own, since what
@@ -69,7 +70,12 @@ void convertLines(ConversionContext& context, std::size_t first, std::size_t las
             part.text.appendStored(text);
         }
         if constexpr (isRecorded) {
-            recordLine(context, mark, number, tokens, line.isConverted, text, line.effect);
+            if (line.isConverted &&
+                hasVariablesAtMost(context, mark, number, tokens, text, line.effect)) {
+                recordVariables(context, number, tokens);
+            } else {
+                recordLine(context, mark, number, tokens, line.isConverted, text, line.effect);
+            }
         }
         line.textEnd = part.text.size();
     }
@@ -87,6 +93,7 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
         part.record->recentVariables = std::make_unique<RecentNames>();
         part.record->places = run.record->places;
         part.record->facts.reserve((last - first) / linesPerFact);
+        part.record->blocks.reserve((last - first) / linesPerBlock);
         part.record->variables.reserve((last - first) / linesPerVariable);
         context.record = part.record.get();
         convertLines<true>(context, first, last, part);

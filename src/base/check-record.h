@@ -8,6 +8,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "src/base/block-effect.h"
 #include "src/base/findings.h"
 #include "src/base/growing-array.h"
 #include "src/base/name-places.h"
@@ -38,7 +39,7 @@ struct Fact {
         call,         // CALL
         variable,     // a variable of the program, made of a VariablePlace
         valueUse,     // a define that is written as its value
-        opens,        // a line of the output that opens a block
+        opens,        // a line of a macro's body that opens a block
         closes,       // one that closes a block
         continues,    // one that closes a branch and opens the next
         refused,      // a line that could not be converted
@@ -54,13 +55,28 @@ struct Fact {
     std::uint8_t sides = 0;
     /// It belongs to the body of a macro.
     bool isInBody = false;
+    /// It is a DirectiveFact.
+    bool isDirective = false;
     std::uint32_t programLine = 0;
-    SourcePosition position;
-    /// Its place in its line, looked for while the line is at hand.
-    ColumnRange columns;
+    /// Where it stands in its line, if that is known.
+    TextSpan lineText{};
+    TextSpan place{};
     std::string_view name;
-    /// What a define stands for.
+};
+
+/// What the preprocessor notes, which has a line of its own or belongs to the program's line behind it.
+struct DirectiveFact : Fact {
+    SourcePosition position;
+    /// What a define stands for, or a condition asks for.
     std::string_view value;
+};
+
+/// A line of the program that opens or closes blocks: as many as all other facts together.
+struct BlockLine {
+    std::uint32_t programLine = 0;
+    BlockEffect effect{};
+    /// It opens an IF.
+    bool isIf = false;
 };
 
 /// Where a variable stands: most programs have more of them than of all facts.
@@ -99,9 +115,13 @@ struct CheckRecord {
     /// order of their places.
     GrowingArray<Finding> ofFiles;
     std::vector<GrowingArray<Finding>> ofLines;
-    /// Those of the preprocessor, or of the lines that are converted just now; behind them those of converted lines.
+    /// Those of the preprocessor.
+    GrowingArray<DirectiveFact> directives;
+    /// Those of the lines that are converted just now; behind them those of converted lines.
     GrowingArray<Fact> facts;
     std::vector<GrowingArray<Fact>> factsOfLines;
+    GrowingArray<BlockLine> blocks;
+    std::vector<GrowingArray<BlockLine>> blocksOfLines;
     GrowingArray<DroppedComment> droppedComments;
     KeptTexts texts;
     /// The further lines of findings.

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -13,13 +14,19 @@ using Kind = Fact::Kind;
 
 enum class BlockKind : std::uint8_t { loop, branch, function };
 
+/// A line of the program that opens a block, closes one or continues it: a fact if it does so by a macro.
+struct Place {
+    std::uint32_t programLine = 0;
+    const Fact* fact = nullptr;
+};
+
 /// The blocks that are open along a way: the innermost one, and through it those around it.
 class OpenBlocks {
 public:
     struct Block {
         std::size_t around = 0;
         std::size_t depth = 0;
-        std::size_t fact = 0;
+        Place place{};
         /// The function that it stands in, itself if it is one.
         std::size_t function = 0;
         BlockKind kind{};
@@ -27,9 +34,9 @@ public:
     };
     static constexpr std::size_t none = 0;
 
-    std::size_t open(std::size_t around, std::size_t fact, BlockKind kind) {
+    std::size_t open(std::size_t around, const Place& place, BlockKind kind) {
         const std::size_t block = blocks_.size();
-        blocks_.push_back({around, blocks_[around].depth + 1, fact,
+        blocks_.push_back({around, blocks_[around].depth + 1, place,
                            kind == BlockKind::function ? block : blocks_[around].function, kind,
                            false});
         return block;
@@ -66,9 +73,13 @@ public:
     BlockCheck(const Facts& facts, CheckRecord& record) : record_(record), facts_(facts) {}
 
     void run() {
-        for (std::size_t number = 0; number < facts_.size(); ++number) {
-            follow(number);
+        for (const GrowingArray<BlockLine>& part : record_.blocksOfLines) {
+            for (const BlockLine& block : part) {
+                followUpTo(block.programLine);
+                followLine(block);
+            }
         }
+        followUpTo(UINT32_MAX);
         if (isUncertain_) {
             return;
         }
@@ -102,8 +113,14 @@ private:
         now_ = conditional.before;
     }
 
-    void follow(std::size_t number) {
-        const Fact& fact = facts_[number];
+    /// Follows the facts up to a line of the program and those of the line itself.
+    void followUpTo(std::uint32_t programLine) {
+        while (next_ < facts_.size() && facts_[next_].programLine <= programLine) {
+            follow(facts_[next_++]);
+        }
+    }
+
+    void follow(const Fact& fact) {
         switch (fact.kind) {
             case Kind::ifdef:
                 conditionals_.push_back({now_, {}, false, false, blocks_.size()});
@@ -121,15 +138,13 @@ private:
                 bodies_.erase(fact.name);
                 lost_.insert(fact.name);
                 return;
-            case Kind::macroCall: callMacro(fact, number); return;
+            case Kind::macroCall: callMacro(fact); return;
             case Kind::function: beginsFunction_ = true; return;
             case Kind::functionEnd: endsFunction_ = true; return;
             default: break;
         }
         if (fact.isInBody) {
             followBody(fact);
-        } else {
-            followLine(fact, number);
         }
     }
 
@@ -144,22 +159,23 @@ private:
         conditionals_.pop_back();
     }
 
-    /// The kind of the block that a fact opens.
-    BlockKind takeKind(const Fact& fact) {
+    /// The kind of the block that is opened now.
+    BlockKind takeKind(bool isIf) {
         if (std::exchange(beginsFunction_, false)) {
             return BlockKind::function;
         }
-        return fact.name == "if" ? BlockKind::branch : BlockKind::loop;
+        return isIf ? BlockKind::branch : BlockKind::loop;
     }
 
-    void followLine(const Fact& fact, std::size_t number) {
-        switch (fact.kind) {
-            case Kind::opens: open(number, takeKind(fact)); break;
-            case Kind::closes: closeByLine(fact); break;
-            case Kind::continues:
+    void followLine(const BlockLine& line) {
+        const Place place = {line.programLine, nullptr};
+        switch (line.effect) {
+            case BlockEffect::Opens: open(place, takeKind(line.isIf)); break;
+            case BlockEffect::Closes: closeByLine(place); break;
+            case BlockEffect::Continues:
                 if (now_.most == OpenBlocks::none ||
                     (isOneWay() && blocks_[now_.most].kind != BlockKind::branch)) {
-                    report(fact);
+                    report(place);
                 }
                 break;
             default: break;
@@ -169,15 +185,15 @@ private:
     /// Whether all ways have the same blocks open.
     bool isOneWay() const { return now_.most == now_.fewest; }
 
-    void open(std::size_t number, BlockKind kind) {
+    void open(const Place& place, BlockKind kind) {
         const bool isOne = isOneWay();
-        now_.most = blocks_.open(now_.most, number, kind);
-        now_.fewest = isOne ? now_.most : blocks_.open(now_.fewest, number, kind);
+        now_.most = blocks_.open(now_.most, place, kind);
+        now_.fewest = isOne ? now_.most : blocks_.open(now_.fewest, place, kind);
     }
 
     /// The end of a function ends what is left open in it, and no other end ends a function: so a slip stays in
     /// the function that has it.
-    void closeByLine(const Fact& fact) {
+    void closeByLine(const Place& place) {
         const bool endsFunction = std::exchange(endsFunction_, false);
         const std::size_t function = blocks_[now_.most].function;
         if (function != OpenBlocks::none && endsFunction) {
@@ -187,15 +203,15 @@ private:
             const std::size_t other = blocks_[now_.fewest].function;
             now_ = {other == OpenBlocks::none ? now_.fewest : other, function};
         } else if (function != OpenBlocks::none && isOneWay() && now_.most == function) {
-            report(fact);
+            report(place);
             return;
         }
-        close(fact);
+        close(place);
     }
 
-    void close(const Fact& fact) {
+    void close(const Place& place) {
         if (now_.most == OpenBlocks::none) {
-            report(fact);
+            report(place);
         }
         const OpenRange closed =
             std::exchange(now_, {blocks_[now_.fewest].around, blocks_[now_.most].around});
@@ -216,14 +232,18 @@ private:
     void reportOpen(std::size_t block, std::size_t last) {
         for (; block != last && !blocks_[block].isReported; block = blocks_[block].around) {
             blocks_.setReported(block);
-            report(facts_[blocks_[block].fact]);
+            report(blocks_[block].place);
         }
     }
 
-    void report(const Fact& fact) {
-        if (!isUncertain_) {
-            addFinding(record_, Check::BlockShape, fact);
+    void report(const Place& place) {
+        if (isUncertain_) {
+            return;
         }
+        Fact line;
+        line.programLine = place.programLine;
+        addFinding(record_, Check::BlockShape, facts_.program(),
+                   place.fact != nullptr ? *place.fact : line);
     }
 
     void followBody(const Fact& fact) {
@@ -235,7 +255,7 @@ private:
         }
         endsFunction_ = endsFunction_ && !closes;
         if (fact.kind == Kind::opens) {
-            body_.opens.push_back(takeKind(fact));
+            body_.opens.push_back(takeKind(fact.name == "if"));
         } else if (fact.kind == Kind::continues) {
             body_.opens.push_back(BlockKind::branch);
         }
@@ -249,7 +269,7 @@ private:
         body_ = {};
     }
 
-    void callMacro(const Fact& fact, std::size_t number) {
+    void callMacro(const Fact& fact) {
         const auto found = bodies_.find(fact.name);
         if (found == bodies_.end() || lost_.contains(fact.name) ||
             found->second.closes + found->second.opens.size() > mostOfBody) {
@@ -261,14 +281,14 @@ private:
             if (fact.isInBody) {
                 followBody(closing());
             } else {
-                close(fact);
+                close({fact.programLine, &fact});
             }
         }
         for (const BlockKind kind : effect.opens) {
             if (fact.isInBody) {
                 body_.opens.push_back(kind);
             } else {
-                open(number, kind);
+                open({fact.programLine, &fact}, kind);
             }
         }
     }
@@ -281,6 +301,7 @@ private:
 
     CheckRecord& record_;
     const Facts& facts_;
+    std::size_t next_ = 0;
     OpenBlocks blocks_;
     OpenRange now_;
     std::vector<Conditional> conditionals_;
@@ -297,7 +318,11 @@ private:
 }  // namespace
 
 void checkBlocks(const Facts& facts, CheckRecord& record) {
-    if (facts.haveOneOf({Kind::opens, Kind::closes, Kind::continues})) {
+    const bool hasBlocks =
+        facts.haveOneOf({Kind::opens, Kind::closes, Kind::continues}) ||
+        std::any_of(record.blocksOfLines.begin(), record.blocksOfLines.end(),
+                    [](const GrowingArray<BlockLine>& part) { return !part.empty(); });
+    if (hasBlocks) {
         BlockCheck(facts, record).run();
     }
 }

@@ -11,7 +11,6 @@
 #include "src/base/output-marks.h"
 #include "src/checks/program-checks.h"
 #include "src/lex/lexer.h"
-#include "src/stmt/statement.h"
 
 namespace torvel {
 
@@ -30,23 +29,6 @@ void noteRefused(CheckRecord& record) {
         Fact refused;
         refused.kind = Fact::Kind::refused;
         record.facts.push_back(refused);
-    }
-}
-
-/// Each variable is recorded where it stands first.
-void noteVariable(CheckRecord& record, std::string_view name, const VariablePlace& place) {
-    if (record.recentVariables->insert(name)) {
-        record.variables.push_back(place);
-    }
-}
-
-void recordVariables(const ConversionContext& context, std::uint32_t number,
-                     std::span<const Token> tokens) {
-    for (const Token& token : tokens) {
-        if (token.type == TokenType::VARIABLE) {
-            noteVariable(*context.record, context.program.textOf(token),
-                         {number, context.record->lineText, token.text});
-        }
     }
 }
 
@@ -170,21 +152,6 @@ void sortFindings(std::span<Finding> findings) {
     }
 }
 
-void recordEffect(const ConversionContext& context, BlockEffect effect, std::string_view text) {
-    if (effect == BlockEffect::None) {
-        return;
-    }
-    Fact fact;
-    switch (effect) {
-        case BlockEffect::Opens: fact.kind = Fact::Kind::opens; break;
-        case BlockEffect::Closes: fact.kind = Fact::Kind::closes; break;
-        default: fact.kind = Fact::Kind::continues; break;
-    }
-    fact.name = isIf(text) ? "if" : "";
-    fact.position = context.position;
-    context.record->facts.push_back(fact);
-}
-
 /// A define that Torvel does not take stands behind a marker without a message.
 void noteLostDefine(const ConversionContext& context, std::span<const Token> tokens) {
     if (tokens.size() == 1 && tokens[0].type == TokenType::CONVERSION_TEXT &&
@@ -193,10 +160,6 @@ void noteLostDefine(const ConversionContext& context, std::span<const Token> tok
         finding.origin = FindingOrigin::define;
         context.record->findings.push_back(finding);
     }
-}
-
-LineMark markNow(const ConversionContext& context) {
-    return {markOf(*context.record), context.log.size()};
 }
 
 /// The messages from number `first` on are findings of the line.
@@ -237,11 +200,13 @@ void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
     }
     if (isConverted) {
         noteGluedCode(context, tokens, text);
-        recordEffect(context, effect, text);
+        if (effect != BlockEffect::None) {
+            record.blocks.push_back({line, effect, isIf(text)});
+        }
         if (!tokens.empty() && tokens[0].type == macroDefinitionToken) {
             recordBodyVariables(context, line, context.program.macros[tokens[0].number]);
         } else {
-            recordVariables(context, line, tokens);
+            recordVariables(context, number, tokens);
         }
     } else {
         takeOff(record, mark.record);
@@ -262,6 +227,7 @@ void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
 void append(CheckRecord& record, CheckRecord&& further) {
     record.ofLines.push_back(std::move(further.findings));
     record.factsOfLines.push_back(std::move(further.facts));
+    record.blocksOfLines.push_back(std::move(further.blocks));
     record.variablesOfLines.push_back(std::move(further.variables));
     record.texts.take(std::move(further.texts));
 }
@@ -291,11 +257,11 @@ void appendCommentFindings(CheckRecord& record, GrowingArray<Finding>& findings)
 }
 
 /// All facts in the order of the program's lines, those of the preprocessor first.
-Facts factsInOrder(const CheckRecord& record) {
-    Facts facts;
-    auto next = record.facts.begin();
+Facts factsInOrder(const Program& program, const CheckRecord& record) {
+    Facts facts(program);
+    auto next = record.directives.begin();
     const auto takePreprocessed = [&](std::uint32_t last) {
-        while (next != record.facts.end() && next->programLine <= last) {
+        while (next != record.directives.end() && next->programLine <= last) {
             facts.add(*next++);
         }
     };
@@ -325,12 +291,12 @@ GrowingArray<Finding> fileFindings(const Program& program, CheckRecord& record) 
 
 void finishRecord(const Program& program, CheckRecord& record) {
     record.ofFiles = fileFindings(program, record);
-    const Facts facts = factsInOrder(record);
+    const Facts facts = factsInOrder(program, record);
     checkDefines(facts, record);
     checkArguments(facts, record);
     checkJumps(facts, record);
     checkBlocks(facts, record);
-    checkNames(program, facts, record);
+    checkNames(facts, record);
     sortFindings({record.findings.data(), record.findings.size()});
 }
 

@@ -2,6 +2,7 @@
 
 #include "src/base/parse-exception.h"
 #include "src/expr/parser-core.h"
+#include "src/stmt/statement.h"
 
 // The record of a conversion, line by line: what the stages noted while they converted a line, and what became of
 // it, make the line's findings.
@@ -24,6 +25,40 @@ inline void beginLine(const ConversionContext& context, std::size_t number) {
 /// Whether there is something to say of a line's comment: it is kept, and ends in a backslash.
 inline bool isCommentToNote(const ConversionContext& context, const SourceLine& line) {
     return !line.comment.empty() && context.program.text.view(line.comment).ends_with('\\');
+}
+
+inline LineMark markNow(const ConversionContext& context) {
+    return {markOf(*context.record), context.log.size()};
+}
+
+/// Notes a variable where it stands first.
+inline void noteVariable(CheckRecord& record, std::string_view name, const VariablePlace& place) {
+    if (record.recentVariables->insert(name)) {
+        record.variables.push_back(place);
+    }
+}
+
+/// Notes the variables of the line `number` of the program.
+inline void recordVariables(const ConversionContext& context, std::size_t number,
+                            std::span<const Token> tokens) {
+    CheckRecord& record = *context.record;
+    for (const Token& token : tokens) {
+        if (token.type == TokenType::VARIABLE) {
+            noteVariable(record, context.program.text.view(token.text),
+                         {static_cast<std::uint32_t>(number), record.lineText, token.text});
+        }
+    }
+}
+
+/// Whether there is nothing to record of a converted line but its variables, as with most lines. `mark` is what there
+/// was in front of it.
+inline bool hasVariablesAtMost(const ConversionContext& context, const LineMark& mark,
+                               std::size_t number, std::span<const Token> tokens,
+                               std::string_view text, BlockEffect effect) {
+    return effect == BlockEffect::None && tokens.size() > 1 &&
+           tokens[0].type != macroDefinitionToken && !mayBeginWithCode(text) &&
+           !isCommentToNote(context, context.program.list.lines[number]) &&
+           context.record->places == nullptr && markNow(context) == mark;
 }
 
 /// Completes the findings of the line `number` of the program, which was converted from `tokens` just now. `mark` was

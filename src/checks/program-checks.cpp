@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "src/base/name-set.h"
 #include "src/checks/spellings.h"
 #include "src/checks/ways.h"
 
@@ -11,9 +12,30 @@ namespace torvel {
 
 using Kind = Fact::Kind;
 
+namespace {
+
+const DirectiveFact& directive(const Fact& fact) {
+    return static_cast<const DirectiveFact&>(fact);
+}
+
+SourcePosition positionOf(const Program& program, const Fact& fact) {
+    return fact.isDirective ? directive(fact).position
+                            : program.list.lines[fact.programLine].position();
+}
+
+ColumnRange columnsOf(const Program& program, const Fact& fact) {
+    return columnsOf(program, positionOf(program, fact), fact.lineText, fact.place);
+}
+
+}  // namespace
+
+std::string_view valueOf(const Fact& fact) {
+    return fact.isDirective ? directive(fact).value : std::string_view();
+}
+
 /// The text says which name it is about. A block has none.
-void addFinding(CheckRecord& record, Check check, const Fact& fact) {
-    Finding finding = makeFinding(check, fact.position, fact.columns);
+void addFinding(CheckRecord& record, Check check, const Program& program, const Fact& fact) {
+    Finding finding = makeFinding(check, positionOf(program, fact), columnsOf(program, fact));
     finding.programLine = fact.programLine;
     if (check != Check::BlockShape) {
         finding.text = textAbout(record, check, fact.name);
@@ -28,7 +50,7 @@ bool followConditional(Ways& ways, const Facts& facts, std::size_t number) {
     const Fact& fact = facts[number];
     switch (fact.kind) {
         case Kind::ifdef:
-            ways.openConditional(number, fact.name, fact.value.starts_with('!'));
+            ways.openConditional(number, fact.name, valueOf(fact).starts_with('!'));
             return true;
         case Kind::elif: ways.nextBranch(number, false); return true;
         case Kind::otherwise: ways.nextBranch(number, true); return true;
@@ -47,27 +69,44 @@ Reaching reachingOf(const Fact& fact, std::size_t number) {
     reaching.mayBeMacro = fact.kind == Kind::macro;
     reaching.mayBeLostMacro = fact.kind == Kind::lostMacro;
     if (fact.kind == Kind::define || fact.kind == Kind::lostDefine) {
-        reaching.value = &fact.value;
+        reaching.value = &directive(fact).value;
     }
     return reaching;
 }
 
+/// Whether a line from `first` up to `last` opens or closes a block.
+bool hasBlockLine(const CheckRecord& record, std::uint32_t first, std::uint32_t last) {
+    const auto standsBefore = [](const BlockLine& block, std::uint32_t line) {
+        return block.programLine < line;
+    };
+    return std::any_of(record.blocksOfLines.begin(), record.blocksOfLines.end(),
+                       [&](const GrowingArray<BlockLine>& part) {
+                           const BlockLine* const block =
+                               std::lower_bound(part.begin(), part.end(), first, standsBefore);
+                           return block != part.end() && block->programLine < last;
+                       });
+}
+
 /// #ifndef NAME with #define NAME behind it keeps a file from being read twice.
-bool isIncludeGuard(const Facts& facts, std::size_t number) {
-    return facts[number].kind == Kind::ifdef && facts[number].value.starts_with('!') &&
-           number + 1 < facts.size() && facts[number + 1].kind == Kind::lostDefine &&
-           facts[number + 1].name == facts[number].name;
+bool isIncludeGuard(const Facts& facts, const CheckRecord& record, std::size_t number) {
+    if (facts[number].kind != Kind::ifdef || !valueOf(facts[number]).starts_with('!') ||
+        number + 1 == facts.size()) {
+        return false;
+    }
+    const Fact& next = facts[number + 1];
+    return next.kind == Kind::lostDefine && next.name == facts[number].name &&
+           !hasBlockLine(record, facts[number].programLine, next.programLine);
 }
 
 bool isConditionLost(const Reaching& reaching, const Fact& fact) {
-    const bool isPredefined = fact.value.ends_with('*');
+    const bool isPredefined = valueOf(fact).ends_with('*');
     return reaching.mayBeLost || reaching.mayBeLostMacro ||
            (isPredefined && reaching.mayBeNone && reaching.latest == 0);
 }
 
 bool asksForPredefined(const Facts& facts) {
     for (std::size_t number = 0; number < facts.size(); ++number) {
-        if (facts[number].value.ends_with('*') &&
+        if (valueOf(facts[number]).ends_with('*') &&
             (facts[number].kind == Kind::ifdef || facts[number].kind == Kind::elif)) {
             return true;
         }
@@ -90,15 +129,18 @@ std::unordered_set<std::uint32_t> markedLines(const Facts& facts) {
 /// The uses of names in a line of which the columns are not known: those of one name are one finding.
 class UsesWithoutPlace {
 public:
+    explicit UsesWithoutPlace(const Program& program) : program_(program) {}
+
     bool isFirst(const Fact& fact) {
         if (fact.programLine != line_) {
             line_ = fact.programLine;
             names_.clear();
         }
-        return fact.columns != ColumnRange() || names_.insert(fact.name).second;
+        return columnsOf(program_, fact) != ColumnRange() || names_.insert(fact.name).second;
     }
 
 private:
+    const Program& program_;
     std::uint32_t line_ = 0;
     std::unordered_set<std::string_view> names_;
 };
@@ -111,13 +153,14 @@ void checkDefines(const Facts& facts, CheckRecord& record) {
         return;
     }
     const std::unordered_set<std::uint32_t> marked = markedLines(facts);
-    UsesWithoutPlace uses;
+    UsesWithoutPlace uses(facts.program());
     Ways ways;
     for (std::size_t number = 0; number < facts.size(); ++number) {
         const Fact& fact = facts[number];
         const bool asks = fact.kind == Kind::ifdef || fact.kind == Kind::elif;
-        if (asks && isConditionLost(ways.at(fact.name), fact) && !isIncludeGuard(facts, number)) {
-            addFinding(record, Check::ConditionLost, fact);
+        if (asks && isConditionLost(ways.at(fact.name), fact) &&
+            !isIncludeGuard(facts, record, number)) {
+            addFinding(record, Check::ConditionLost, facts.program(), fact);
         }
         if (followConditional(ways, facts, number)) {
             continue;
@@ -131,12 +174,12 @@ void checkDefines(const Facts& facts, CheckRecord& record) {
             case Kind::valueUse:
                 if (ways.at(fact.name).hasSeveralValues && !marked.contains(fact.programLine) &&
                     uses.isFirst(fact)) {
-                    addFinding(record, Check::ConditionFrozen, fact);
+                    addFinding(record, Check::ConditionFrozen, facts.program(), fact);
                 }
                 break;
             case Kind::macroCall:
                 if (ways.at(fact.name).mayBeLostMacro) {
-                    addFinding(record, Check::MacroKeptOut, fact);
+                    addFinding(record, Check::MacroKeptOut, facts.program(), fact);
                 }
                 break;
             default: break;
@@ -164,10 +207,10 @@ void checkArguments(const Facts& facts, CheckRecord& record) {
         }
         const unsigned met = fact.sides & use->second;
         if ((met & (Fact::leftSide | Fact::rightSide)) != 0) {
-            addFinding(record, Check::ArgumentSum, fact);
+            addFinding(record, Check::ArgumentSum, facts.program(), fact);
         }
         if ((met & Fact::isSet) != 0) {
-            addFinding(record, Check::ArgumentSet, fact);
+            addFinding(record, Check::ArgumentSet, facts.program(), fact);
         }
     }
 }
@@ -176,16 +219,18 @@ namespace {
 
 /// The labels and functions that the output has.
 struct Targets {
-    std::unordered_set<std::string_view> labels;
-    std::unordered_set<std::string_view> functions;
+    NameSet labels;
+    NameSet functions;
+    /// Labels that stand several times, be it in several functions.
+    NameSet repeatedLabels;
 };
 
 Targets targetsOf(const Facts& facts) {
     Targets targets;
     for (std::size_t number = 0; number < facts.size(); ++number) {
         const Fact& fact = facts[number];
-        if (fact.kind == Kind::label) {
-            targets.labels.insert(fact.name);
+        if (fact.kind == Kind::label && !targets.labels.insert(fact.name)) {
+            targets.repeatedLabels.insert(fact.name);
         } else if (fact.kind == Kind::function) {
             targets.functions.insert(fact.name);
         }
@@ -210,8 +255,7 @@ void checkJumps(const Facts& facts, CheckRecord& record) {
     if (!facts.haveOneOf({Kind::label, Kind::jump, Kind::call})) {
         return;
     }
-    const Targets targets =
-        facts.haveOneOf({Kind::jump, Kind::call}) ? targetsOf(facts) : Targets();
+    Targets targets = targetsOf(facts);
     Ways ways;
     std::size_t functions = 0;
     std::size_t function = 0;
@@ -225,16 +269,16 @@ void checkJumps(const Facts& facts, CheckRecord& record) {
             case Kind::functionEnd: function = 0; break;
             case Kind::jump:
                 if (!targets.labels.contains(fact.name)) {
-                    addFinding(record, Check::JumpTarget, fact);
+                    addFinding(record, Check::JumpTarget, facts.program(), fact);
                 }
                 break;
             case Kind::call:
                 if (!targets.functions.contains(fact.name)) {
-                    addFinding(record, Check::JumpTarget, fact);
+                    addFinding(record, Check::JumpTarget, facts.program(), fact);
                 }
                 break;
             case Kind::label: {
-                if (fact.isInBody) {
+                if (fact.isInBody || !targets.repeatedLabels.contains(fact.name)) {
                     break;
                 }
                 Reaching reaching;
@@ -242,7 +286,7 @@ void checkJumps(const Facts& facts, CheckRecord& record) {
                 reaching.mayBeKept = true;
                 reaching.latest = number + 1;
                 if (isMetBefore(ways, ways.set(labelKey(record, function, fact.name), reaching))) {
-                    addFinding(record, Check::JumpTarget, fact);
+                    addFinding(record, Check::JumpTarget, facts.program(), fact);
                 }
                 break;
             }
@@ -262,8 +306,8 @@ Fact factOf(const Program& program, const VariablePlace& variable) {
     Fact fact;
     fact.kind = Kind::variable;
     fact.programLine = variable.programLine;
-    fact.position = program.list.lines[variable.programLine].position();
-    fact.columns = columnsOf(program, fact.position, variable.lineText, variable.name);
+    fact.lineText = variable.lineText;
+    fact.place = variable.name;
     fact.name = program.text.view(variable.name);
     return fact;
 }
@@ -291,13 +335,14 @@ private:
 
 }  // namespace
 
-void checkNames(const Program& program, const Facts& facts, CheckRecord& record) {
+void checkNames(const Facts& facts, CheckRecord& record) {
+    const Program& program = facts.program();
     Spellings names;
     Variables variables(record);
     const auto lookAtVariables = [&](std::uint32_t behind) {
         while (const VariablePlace* variable = variables.next(behind)) {
             if (names.isShadow(program.text.view(variable->name))) {
-                addFinding(record, Check::NameShadows, factOf(program, *variable));
+                addFinding(record, Check::NameShadows, program, factOf(program, *variable));
             }
         }
     };
@@ -306,7 +351,7 @@ void checkNames(const Program& program, const Facts& facts, CheckRecord& record)
         if (isName(fact.kind)) {
             lookAtVariables(fact.programLine);
             if (names.isShadow(fact.name)) {
-                addFinding(record, Check::NameShadows, fact);
+                addFinding(record, Check::NameShadows, program, fact);
             }
         }
     }

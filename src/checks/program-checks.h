@@ -15,9 +15,12 @@
 
 namespace torvel {
 
-/// The facts of a program in the order of its lines.
+/// The facts of a program in the order of its lines, but for the lines that open and close blocks.
 class Facts {
 public:
+    explicit Facts(const Program& program) : program_(program) {}
+
+    const Program& program() const { return program_; }
     void add(const Fact& fact) {
         list_.push_back(&fact);
         kinds_ |= bit(fact.kind);
@@ -35,6 +38,7 @@ private:
         return std::uint32_t{1} << static_cast<unsigned>(kind);
     }
 
+    const Program& program_;
     std::vector<const Fact*> list_;
     std::uint32_t kinds_ = 0;
 };
@@ -52,9 +56,12 @@ void checkJumps(const Facts& facts, CheckRecord& record);
 void checkBlocks(const Facts& facts, CheckRecord& record);
 
 /// name-shadows
-void checkNames(const Program& program, const Facts& facts, CheckRecord& record);
+void checkNames(const Facts& facts, CheckRecord& record);
 
-/// Appends a finding at the place of a fact.
-void addFinding(CheckRecord& record, Check check, const Fact& fact);
+/// What a directive says; empty for a fact of a line.
+std::string_view valueOf(const Fact& fact);
+
+/// Appends a finding at the place of a fact, which belongs to that program.
+void addFinding(CheckRecord& record, Check check, const Program& program, const Fact& fact);
 
 }  // namespace torvel

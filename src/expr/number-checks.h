@@ -36,7 +36,7 @@ inline std::optional<std::int32_t> decimalReading(std::string_view text) {
 /// The value of the number counted, and another one would have made another text.
 void checkOctal(const Statement& statement, std::string_view text, const Token* first);
 
-/// The current token, a literal or a preserved number, is printed as it is.
+/// The current token, a literal or a preserved number, is printed as it is. There is a record.
 void checkPrintedNumber(Statement& statement);
 
 /// Where commas may be left out, the operand of the tokens from `first` up to the cursor holds a sign with a blank

@@ -64,7 +64,7 @@ void recordCheck(const Statement& statement, Check check, const Token* first, co
 
 namespace {
 
-/// What a fact's name tells a person, without its place; none for other facts.
+/// What a fact's name tells a person, without its position; none for other facts.
 std::optional<NamePlace> namePlaceOf(const Fact& fact) {
     using Kind = Fact::Kind;
     using Place = NamePlace::Kind;
@@ -80,7 +80,8 @@ std::optional<NamePlace> namePlaceOf(const Fact& fact) {
     }
     const bool isDefinition = fact.kind == Kind::label || fact.kind == Kind::function;
     place.role = isDefinition ? NamePlace::Role::definition : NamePlace::Role::use;
-    place.position = fact.position;
+    place.lineText = fact.lineText;
+    place.place = fact.place;
     place.name = fact.name;
     return place;
 }
@@ -95,15 +96,13 @@ void recordFact(const Statement& statement, Fact::Kind kind, std::string_view na
     }
     Fact fact;
     fact.kind = kind;
-    fact.position = context.position;
-    fact.columns = columnsOf(context.program, context.position, context.record->lineText,
-                             std::span(first, statement.cursor.place()));
+    fact.lineText = context.record->lineText;
+    fact.place = placeOf(std::span(first, statement.cursor.place()), fact.lineText);
     fact.name = context.record->texts.keep(name);
     context.record->facts.push_back(fact);
     if (context.record->places != nullptr && !statement.isRefused) {
         if (auto place = namePlaceOf(fact)) {
-            place->lineText = context.record->lineText;
-            place->place = placeOf(std::span(first, statement.cursor.place()), place->lineText);
+            place->position = context.position;
             context.record->places->push_back(*place);
         }
     }

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "src/base/block-effect.h"
 #include "src/base/check-record.h"
 #include "src/base/messages.h"
 #include "src/base/program.h"
@@ -91,15 +92,6 @@ private:
     const Token* begin_;
     const Token* next_;
     const Token* end_;
-};
-
-/// What a statement does to the nesting of blocks, and so to the indentation.
-enum class BlockEffect : std::uint8_t {
-    None = 0,
-    Opens = 1,
-    Closes = 2,
-    /// Closes a branch and opens the next.
-    Continues = 3,
 };
 
 /// A statement being converted: what its routines read, what they write, and whether one of them refused it.

@@ -43,6 +43,12 @@ Precedence translateParenthesised(Statement& statement, ExpressionText& out) {
     return out[start] == '-' ? Precedence::unary : Precedence::primary;
 }
 
+/// Whether the program wrote a token, which is no preserved define, in the line itself.
+bool standsInLine(const Statement& statement, const Token& token) {
+    const TextSpan line = statement.context.record->lineText;
+    return token.text.offset - line.offset < line.length;
+}
+
 /// What a printed number says for who asks for checks.
 void recordNumber(Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
@@ -50,7 +56,8 @@ void recordNumber(Statement& statement) {
     if (isDefine) {
         noteFact(statement, Fact::Kind::valueUse, cursor.text(), cursor.place());
     }
-    if (isDefine || cursor.is(TokenType::INTEGER_LITERAL) || cursor.is(TokenType::HEX_LITERAL)) {
+    if (isDefine || ((cursor.is(TokenType::INTEGER_LITERAL) || cursor.is(TokenType::HEX_LITERAL)) &&
+                     !standsInLine(statement, cursor.token()))) {
         checkPrintedNumber(statement);
     }
 }

@@ -111,8 +111,10 @@ void noteUses(PreprocessorRun& run, const SourcePosition& position, TextSpan lin
         const std::string_view name = run.program.text.view(use.name);
         if (!use.isPreserved && mayHaveSeveralValues(*run.record, name)) {
             noteFact(run, Fact::Kind::valueUse, position, name);
-            --run.record->facts.back().programLine;  // the line is appended already
-            run.record->facts.back().columns = columnsOf(run.program, position, lineText, use.name);
+            DirectiveFact& fact = run.record->directives.back();
+            --fact.programLine;  // the line is appended already
+            fact.lineText = lineText;
+            fact.place = use.name;
         }
     }
     run.defines.forgetUses();

@@ -90,7 +90,7 @@ std::optional<NamePlace::Kind> conditionalPlace(Fact::Kind kind) {
 }
 
 /// Notes where the name of a directive stands, and those in the value of a define.
-void noteNamePlaces(PreprocessorRun& run, const Fact& fact, std::string_view name) {
+void noteNamePlaces(PreprocessorRun& run, const DirectiveFact& fact, std::string_view name) {
     using Kind = Fact::Kind;
     using Place = NamePlace::Kind;
     const bool isDefine = fact.kind == Kind::define || fact.kind == Kind::lostDefine;
@@ -145,13 +145,14 @@ void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& posit
     if (kind == Fact::Kind::define || kind == Fact::Kind::lostDefine) {
         enterDefined(*run.record, name);
     }
-    Fact fact;
+    DirectiveFact fact;
     fact.kind = kind;
+    fact.isDirective = true;
     fact.programLine = static_cast<std::uint32_t>(run.program.list.lines.size());
     fact.position = position;
     fact.name = run.record->texts.keep(name);
     fact.value = run.record->texts.keep(value);
-    run.record->facts.push_back(fact);
+    run.record->directives.push_back(fact);
     if (run.record->places != nullptr) {
         noteNamePlaces(run, fact, name);
     }

@@ -195,7 +195,7 @@ std::size_t prologueLength(const ConversionContext& context, std::span<const Tok
 
 void noteGluedCode(const ConversionContext& context, std::span<const Token> tokens,
                    std::string_view text) {
-    if (text.empty() || (text[0] != 'N' && text[0] != 'n')) {
+    if (!mayBeginWithCode(text)) {
         return;
     }
     // What may stand in front of an N-code has no letters.

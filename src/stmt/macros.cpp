@@ -11,8 +11,7 @@ namespace torvel {
 namespace {
 
 /// Notes the macro behind the facts of its body, which those of a body that is not kept are not.
-void noteMacro(Statement& statement, std::string_view name, const Macro& macro, bool isKept,
-               const RecordMark& mark) {
+void noteMacro(Statement& statement, std::string_view name, bool isKept, const RecordMark& mark) {
     CheckRecord& record = *statement.context.record;
     if (!isKept) {
         takeOff(record, mark);
@@ -22,7 +21,6 @@ void noteMacro(Statement& statement, std::string_view name, const Macro& macro, 
     }
     noteFact(statement, isKept ? Fact::Kind::macro : Fact::Kind::lostMacro, name,
              statement.cursor.place());
-    record.facts.back().value = statement.context.program.text.view(macro.head);
 }
 
 }  // namespace
@@ -58,7 +56,7 @@ void convertMacroDefinition(Statement& statement, const Macro& macro) {
         body += text;
     }
     if (record != nullptr) {
-        noteMacro(statement, arguments->macro(), macro, isConverted, mark);
+        noteMacro(statement, arguments->macro(), isConverted, mark);
     }
     if (!isConverted) {
         statement.text += program.text.view(macro.unconverted);

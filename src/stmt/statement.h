@@ -13,6 +13,11 @@ bool convertStatement(ConversionContext& context, std::span<const Token> tokens,
 /// How many tokens stand in front of a line's statement: a block delete, labels, an N-code. All of them: there is none.
 std::size_t prologueLength(const ConversionContext& context, std::span<const Token> tokens);
 
+/// Whether the text of a line may begin with an N-code.
+inline bool mayBeginWithCode(std::string_view text) {
+    return !text.empty() && (text[0] == 'N' || text[0] == 'n');
+}
+
 /// Records an N-code that stands directly in front of a digit in `text`, what the line with `tokens` became.
 void noteGluedCode(const ConversionContext& context, std::span<const Token> tokens,
                    std::string_view text);
