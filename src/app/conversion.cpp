@@ -50,6 +50,7 @@ void convertLines(ConversionContext& context, std::size_t first, std::size_t las
     const LineList& list = context.program.list;
     StatementText text;
     GrowingArray<Token> room;
+    LinePositions positions(list);
     LineMark mark;
     part.lines.resize(last - first);
     for (std::size_t number = first; number < last; ++number) {
@@ -59,7 +60,7 @@ void convertLines(ConversionContext& context, std::size_t first, std::size_t las
             line = {part.text.size(), true, BlockEffect::None};  // nothing but a comment
             continue;
         }
-        context.position = list.lines[number].position();
+        context.position = positions.of(number);
         if constexpr (isRecorded) {
             beginLine(context, number);
         }

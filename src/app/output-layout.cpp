@@ -10,11 +10,12 @@ namespace torvel {
 namespace {
 
 void appendMarker(const Program& program, const SourceLine& line, TextBuffer& out) {
+    const SourcePosition position = program.list.positionOf(line);
     out += unconvertibleMarker;
     out += " (";
-    out += line.inclusion->file->name;
+    out += position.inclusion->file->name;
     out += ':';
-    appendNumber(line.lineNumber, out);
+    appendNumber(position.lineNumber, out);
     out += "): ";
     out.appendStored(program.text.view(line.text));
 }

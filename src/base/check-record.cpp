@@ -61,7 +61,10 @@ void takeOff(CheckRecord& record, const RecordMark& mark) {
 }
 
 std::string_view textAbout(CheckRecord& record, Check check, std::string_view name) {
-    return record.texts.keep(std::string(checkRow(check).title) + ' ' + std::string(name));
+    const std::string_view title = checkRow(check).title;
+    std::string text;
+    text.reserve(title.size() + 1 + name.size());
+    return record.texts.keep(text.append(title).append(1, ' ').append(name));
 }
 
 void recordDroppedComment(CheckRecord& record, const Program& program,

@@ -18,6 +18,25 @@ constexpr std::uint32_t pageOf(std::uint32_t offset) {
 
 }  // namespace
 
+std::size_t LineList::runBehind(std::size_t line) const {
+    const LineRun* const behind = std::upper_bound(
+        runs_.begin(), runs_.end(), line,
+        [](std::size_t wanted, const LineRun& run) { return wanted < run.firstLine; });
+    return static_cast<std::size_t>(behind - runs_.begin());
+}
+
+SourcePosition LineList::positionOf(std::size_t line) const {
+    return LinePositions(*this).of(line);
+}
+
+void LinePositions::findRun(std::size_t line) {
+    const std::size_t next = list_.runBehind(line);
+    const LineRun& run = list_.runs_[next - 1];
+    behindRun_ = next < list_.runs_.size() ? list_.runs_[next].firstLine : SIZE_MAX;
+    inclusion_ = run.position.inclusion;
+    lineNumberOfFirst_ = run.position.lineNumber - run.firstLine;
+}
+
 void enterPredefinedText(Program& program, TextSpan text, bool isComposed) {
     std::vector<PredefinedText>& texts = program.predefinedTexts;
     texts.insert(firstBehind(texts, text.offset), {text, isComposed});

@@ -58,12 +58,14 @@ struct SourceLine {
     TextSpan comment;
     /// What is converted: so many bytes at the front of the text, or a number of LineList::firstTokens.
     std::uint32_t content = 0;
-    std::uint32_t lineNumber = 0;
-    const Inclusion* inclusion = nullptr;
-
-    SourcePosition position() const { return {inclusion, lineNumber}; }
 };
-static_assert(sizeof(SourceLine) == (sizeof(void*) == 8 ? 32 : 28));
+static_assert(sizeof(SourceLine) == 20);
+
+/// Lines of the program that stand one behind the other in a file.
+struct LineRun {
+    std::uint32_t firstLine = 0;
+    SourcePosition position;
+};
 
 /// Lines in order. Most are code that is lexed when they are converted. Those that hold names of defines, or in
 /// which the lexer might find a fault, have tokens in one array; one of kind TokenType::INVALID is a piece of
@@ -75,7 +77,18 @@ public:
 
     /// Appends a line of nothing.
     void append(const SourcePosition& position, TextSpan text, TextSpan comment) {
-        lines.push_back({text, comment, 0, position.lineNumber, position.inclusion});
+        if (position != behind_) {
+            runs_.push_back({static_cast<std::uint32_t>(lines.size()), position});
+            behind_ = position;
+        }
+        ++behind_.lineNumber;
+        lines.push_back({text, comment, 0});
+    }
+
+    /// Where a line came from. For many lines in their order LinePositions is faster.
+    SourcePosition positionOf(std::size_t line) const;
+    SourcePosition positionOf(const SourceLine& line) const {
+        return positionOf(static_cast<std::size_t>(&line - lines.begin()));
     }
     /// The last line is `length` bytes of code at the front of its text, to be lexed later. False: it is too
     /// long for that.
@@ -104,10 +117,41 @@ public:
     }
 
 private:
+    friend class LinePositions;
+
     static constexpr std::uint32_t tokensBit = std::uint32_t{1} << 31U;
 
+    /// The number of the first run behind the line.
+    std::size_t runBehind(std::size_t line) const;
+
+    GrowingArray<LineRun> runs_;
+    /// What a line must have that belongs to the last run.
+    SourcePosition behind_;
     /// Of the lines that have tokens.
     GrowingArray<std::uint32_t> firstTokens_;
+};
+
+/// Where lines came from, which are asked for in their order.
+class LinePositions {
+public:
+    explicit LinePositions(const LineList& list) : list_(list) {}
+
+    SourcePosition of(std::size_t line) {
+        if (line >= behindRun_) {
+            findRun(line);
+        }
+        return {inclusion_, lineNumberOfFirst_ + static_cast<std::uint32_t>(line)};
+    }
+
+private:
+    void findRun(std::size_t line);
+
+    const LineList& list_;
+    /// The first line behind the run that has the last line that was asked for.
+    std::size_t behindRun_ = 0;
+    const Inclusion* inclusion_ = nullptr;
+    /// What the first line of the program would have if it belonged to that run.
+    std::uint32_t lineNumberOfFirst_ = 0;
 };
 
 /// A `#macro`. Its body is converted where the directive stands in the program.

@@ -32,6 +32,8 @@ struct Inclusion;
 struct SourcePosition {
     const Inclusion* inclusion = nullptr;
     std::uint32_t lineNumber = 0;
+
+    bool operator==(const SourcePosition&) const = default;
 };
 
 /// One reading of a file: by the command line, then `includedFrom` is no position, or by an

@@ -56,7 +56,9 @@ void recordBodyVariables(const ConversionContext& context, std::uint32_t number,
 
 /// Whether a line that opens a block opens an IF; a label or an N-code may stand in front of it.
 bool isIf(std::string_view text) {
-    text.remove_prefix(text.rfind('\n') + 1);
+    if (text.find('\n') != std::string_view::npos) {  // much faster than to look from the end
+        text.remove_prefix(text.rfind('\n') + 1);
+    }
     if (text.starts_with('N') || text.starts_with('n')) {
         const std::size_t word = text.find_first_not_of("0123456789", 1);
         text.remove_prefix(word > 1 ? std::min(word, text.size()) : 0);
@@ -201,7 +203,7 @@ void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
     if (isConverted) {
         noteGluedCode(context, tokens, text);
         if (effect != BlockEffect::None) {
-            record.blocks.push_back({line, effect, isIf(text)});
+            record.blocks.push_back({line, effect, effect == BlockEffect::Opens && isIf(text)});
         }
         if (!tokens.empty() && tokens[0].type == macroDefinitionToken) {
             recordBodyVariables(context, line, context.program.macros[tokens[0].number]);

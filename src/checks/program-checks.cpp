@@ -19,8 +19,7 @@ const DirectiveFact& directive(const Fact& fact) {
 }
 
 SourcePosition positionOf(const Program& program, const Fact& fact) {
-    return fact.isDirective ? directive(fact).position
-                            : program.list.lines[fact.programLine].position();
+    return fact.isDirective ? directive(fact).position : program.list.positionOf(fact.programLine);
 }
 
 ColumnRange columnsOf(const Program& program, const Fact& fact) {

@@ -121,16 +121,22 @@ struct Lexeme {
     const char* last;
 };
 
+/// Where the text comes from that is lexed: it is asked for only where the text has a fault.
+struct LinePlace {
+    SourcePosition known;
+    /// Null: it is the known one.
+    const LineList* list = nullptr;
+    std::size_t line = 0;
+
+    SourcePosition position() const { return list != nullptr ? list->positionOf(line) : known; }
+};
+
 /// Each reader takes the place of a token's first byte.
 class Lexer {
 public:
-    Lexer(const TextStore& text, const AxisNames& axes, const SourcePosition& position,
+    Lexer(const TextStore& text, const AxisNames& axes, const LinePlace& place,
           GrowingArray<Token>& tokens)
-        : text_(text),
-          axes_(axes),
-          position_(position),
-          tokens_(tokens),
-          room_(tokens.makeRoom()) {}
+        : text_(text), axes_(axes), place_(place), tokens_(tokens), room_(tokens.makeRoom()) {}
 
     void lex(TextSpan code) {
         const char* next = text_.view(code).data();
@@ -255,7 +261,7 @@ private:
     Lexeme readString(const char* first) {
         const char* quote = std::find(first + 1, end_, '"');
         if (quote == end_) {
-            throw ParseException(Message::StringNotTerminated, {}, position_);
+            throw ParseException(Message::StringNotTerminated, {}, place_.position());
         }
         append(TokenType::STRING_LITERAL, first + 1, quote);
         return {TokenType::INVALID, quote + 1};
@@ -335,12 +341,12 @@ private:
     [[noreturn]] void throwUnknown(const char* at) const {
         const int value = static_cast<signed char>(*at);
         throw ParseException(Message::UnknownToken,
-                             {std::string_view(at, 1), std::to_string(value)}, position_);
+                             {std::string_view(at, 1), std::to_string(value)}, place_.position());
     }
 
     const TextStore& text_;
     const AxisNames& axes_;
-    const SourcePosition& position_;
+    const LinePlace& place_;
     GrowingArray<Token>& tokens_;
     GrowingArray<Token>::Room room_;
     std::uint32_t bias_ = 0;
@@ -352,16 +358,17 @@ private:
 
 void lexLine(const TextStore& text, const AxisNames& axes, TextSpan code,
              const SourcePosition& position, GrowingArray<Token>& tokens) {
-    Lexer lexer(text, axes, position, tokens);
+    const LinePlace place = {position, nullptr, 0};
+    Lexer lexer(text, axes, place, tokens);
     lexer.lex(code);
     lexer.finish();
 }
 
 std::span<const Token> tokensOf(const Program& program, const LineList& list, std::size_t line,
                                 const AxisNames& axes, GrowingArray<Token>& room) {
-    const SourcePosition position = list.lines[line].position();
+    const LinePlace place = {{}, &list, line};
     room.clear();
-    Lexer lexer(program.text, axes, position, room);
+    Lexer lexer(program.text, axes, place, room);
     if (!list.hasTokens(line)) {
         lexer.lex(list.codeOf(line));
     } else {

@@ -85,15 +85,16 @@ void mapLines(const Conversion& conversion, ProgramResult& result) {
     const Inclusion* inclusion = nullptr;
     MappedLine mapped;
     result.lineMap.reserve(list.lines.size());
+    LinePositions positions(list);
     for (std::size_t i = 0; i < list.lines.size(); ++i) {
-        const SourceLine& line = list.lines[i];
-        if (line.inclusion != inclusion) {
-            inclusion = line.inclusion;
+        const SourcePosition position = positions.of(i);
+        if (position.inclusion != inclusion) {
+            inclusion = position.inclusion;
             mapped.file = numbers.at(inclusion->file);
             mapped.depth = depthOf(inclusion);
         }
         const std::size_t end = conversion.output.lineEnds[i];
-        mapped.line = line.lineNumber;
+        mapped.line = position.lineNumber;
         mapped.outputLineCount =
             conversion.firstOutputLines[i + 1] - conversion.firstOutputLines[i];
         mapped.isConverted = !isMarkerLine(text.substr(begin, end - begin));
@@ -140,10 +141,8 @@ FindingRow rowOf(Conversion& conversion, const Finding& finding) {
             {fileOf(conversion, *from.inclusion->file).key, from.lineNumber});
     }
     const std::size_t number = finding.programLine;
-    const auto& lines = conversion.program.list.lines;
     if (number < conversion.output.lineEnds.size() &&
-        lines[number].inclusion == finding.position.inclusion &&
-        lines[number].lineNumber == finding.position.lineNumber) {
+        conversion.program.list.positionOf(number) == finding.position) {
         row.outputLine = conversion.firstOutputLines[number];
         row.outputLineCount = conversion.firstOutputLines[number + 1] - row.outputLine;
     }

@@ -161,22 +161,32 @@ void writePlainValue(Statement& statement) {
     translateExpression(statement, statement.text);
 }
 
-/// The same where somebody asks for checks.
-void writeRecordedValue(Statement& statement) {
+void writeCheckedValue(Statement& statement) {
     const Token* const word = statement.cursor.place() - 1;
     const std::size_t start = statement.text.size();
     const Token* const first = word + (statement.cursor.is(TokenType::ASSIGN) ? 2 : 1);
     writePlainValue(statement);
-    const bool isPlainNumber =
-        statement.cursor.place() - first == 1 &&
-        (first->type == TokenType::INTEGER_LITERAL || first->type == TokenType::FLOAT_LITERAL);
-    if (isPlainNumber) {
-        return;  // as most are
-    }
     const std::string_view text = std::string_view(statement.text).substr(start);
     checkWordValue(statement, first, text);
     if (!text.empty() && beginsGlued(text[0])) {
         noteCheck(statement, Check::GluedWord, word);
+    }
+}
+
+/// Whether the value is a number in front of the next word, as most are.
+bool isPlainNumber(const TokenCursor& cursor) {
+    const TokenType type = cursor.type();
+    const TokenType next = cursor.following();
+    return (type == TokenType::INTEGER_LITERAL || type == TokenType::FLOAT_LITERAL) &&
+           (next == TokenType::END_OF_FILE || isAxis(next) || isAddressLetter(next));
+}
+
+/// The value where somebody asks for checks.
+void writeRecordedValue(Statement& statement) {
+    if (isPlainNumber(statement.cursor)) {
+        translateExpression(statement, statement.text);  // nothing is to be said of it
+    } else {
+        writeCheckedValue(statement);
     }
 }
 

@@ -58,7 +58,7 @@ void addLines(std::vector<GoldenLine>& lines, const Program& program, const Axis
             line.tokens.begin() + static_cast<std::ptrdiff_t>(statementStart(line.tokens)),
             line.tokens.end());
         MessageLog log;
-        ConversionContext context{program, axes, limits, log, list.lines[number].position()};
+        ConversionContext context{program, axes, limits, log, list.positionOf(number)};
         BlockEffect effect{};
         StatementText text;
         line.isConverted = convertStatement(context, tokens, text, effect);

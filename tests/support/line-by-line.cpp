@@ -54,7 +54,7 @@ bool LineByLine::step() {
     }
     const SourceLine& source = program.list.lines[number];
     ConvertedLine& line = lines_.emplace_back();
-    line.position = source.position();
+    line.position = program.list.positionOf(source);
     context_.position = line.position;
     line.messagesBefore = log_.size();
     BlockEffect effect{};
@@ -296,8 +296,9 @@ private:
 
 std::string sourceLineFault(Program& program) {
     std::unordered_map<const Inclusion*, LinesOfInclusion> lines;
-    for (const SourceLine& line : program.list.lines) {
-        lines[line.inclusion][line.lineNumber].push_back(&line);
+    for (std::size_t number = 0; number < program.list.lines.size(); ++number) {
+        const SourcePosition position = program.list.positionOf(number);
+        lines[position.inclusion][position.lineNumber].push_back(&program.list.lines[number]);
     }
     for (const Inclusion& inclusion : program.inclusions) {
         std::string fault = InclusionCheck(program, inclusion, lines[&inclusion]).fault();
