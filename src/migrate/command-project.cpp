@@ -1,5 +1,7 @@
 #include "src/migrate/command-project.h"
 
+#include <stdexcept>
+
 #include "src/migrate/database.h"
 #include "src/migrate/recorded-source.h"
 
@@ -8,6 +10,16 @@ namespace torvel::migrate {
 namespace {
 
 constexpr std::string_view storeName = "migration.sqlite";
+
+/// One that is named is meant to be there, but for the command that writes it: without it a gate would let all pass.
+void expectBaseline(const Options& options, const Project& project) {
+    if (options.baseline && options.subcommand != Subcommand::accept &&
+        fileKind(baselinePath(project)) == FileKind::missing) {
+        throw std::runtime_error("There is no baseline '" + *options.baseline +
+                                 "'. Name the one that there is, or have `torvel-migrate accept "
+                                 "--baseline` write it.");
+    }
+}
 
 std::shared_ptr<const Store> openedStore(const NativePath& path) {
     return std::make_shared<const Store>(path, StoreUse::read);
@@ -22,6 +34,7 @@ NativePath workingDirectory() {
 Project projectOf(const Options& options) {
     Project project = readProject(options.project ? nativePath(*options.project) : NativePath());
     applyOptions(options, workingDirectory(), project);
+    expectBaseline(options, project);
     return project;
 }
 

@@ -9,6 +9,7 @@
 #include "src/migrate/any-case-source.h"
 #include "src/migrate/command-project.h"
 #include "src/migrate/gate.h"
+#include "src/migrate/machine-settings.h"
 #include "src/migrate/new-file.h"
 #include "src/migrate/output-placing.h"
 #include "src/migrate/progress.h"
@@ -43,6 +44,7 @@ struct Work {
 void prepare(Work& work, const Options& options, const Console& console) {
     work.project = projectOf(options);
     RunOptions& run = work.options;
+    expectParameterFiles(work.project, run.limits);
     run.threads = options.threads;
     run.isCancelled = console.isInterrupted;
     run.reference = referenceRowsOf(work.project.reference);
@@ -128,6 +130,10 @@ int convertCommand(const Options& options, const Console& console) {
             summaryText(reporting.report(), reporting.totals(), summaryViewOf(terminal)));
     }
     const int status = gateStatus(reporting, work.project, console);
+    if (status != 0 && options.isQuiet) {
+        std::erase_if(work.discovery.notices, [](const Notice& notice) { return notice.isHint; });
+        tellNotices(work.discovery.notices, console);  // which the summary has; they may tell why
+    }
     store->close();
     return status;
 }

@@ -30,8 +30,8 @@ struct Search {
     std::vector<bool> isProgram;
     Discovery found;
 
-    void tell(std::string path, std::string text) {
-        found.notices.push_back({std::move(path), std::move(text)});
+    void tell(std::string path, std::string text, bool isHint = false) {
+        found.notices.push_back({std::move(path), std::move(text), isHint});
     }
     bool mayBeProgram(std::uint32_t file) const { return file < walked.size(); }
 };
@@ -160,7 +160,8 @@ void tellOtherCases(Search& search) {
                               ", with other capital letters: it was taken."
                         : includes + inQuotes(path.second) + ", which is not there; " +
                               listed(use.files) +
-                              " differ from it in capital letters only: none was taken.");
+                              " differ from it in capital letters only: none was taken.",
+                    use.files.size() == 1);
     }
 }
 
@@ -180,7 +181,8 @@ void tellPartsLikePrograms(Search& search) {
             search.graph[file].key,
             inQuotes(search.graph[*search.includedBy[file]].key) +
                 " includes it, so it is not converted by itself; but it ends a program. If it "
-                "is one, name it in 'programs_always'.");
+                "is one, name it in 'programs_always'.",
+            true);
     }
 }
 

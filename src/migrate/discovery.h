@@ -33,6 +33,8 @@ struct Notice {
     /// Key of the file or folder that it is about; empty: the project.
     std::string path;
     std::string text;
+    /// Nothing is missing or in the way: it is no reason for a run to fail.
+    bool isHint = false;
 };
 
 /// An include that leads to no file.

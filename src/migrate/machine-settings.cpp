@@ -68,7 +68,37 @@ MachineSettings settingsOf(const Project& project, const std::string& parameters
     return settings;
 }
 
+void expectParameterFile(const Project& project, const std::string& parameters,
+                         const Limits& limits) {
+    const NativePath path = projectPath(project, parameters);
+    constexpr std::string_view advice =
+        " Nothing was converted. Name the machine's parameter file with -p, or as \"parameters\" "
+        "in "
+        "migration.toml.";
+    if (fileKind(path) == FileKind::missing) {
+        throw std::runtime_error("The parameter file '" + parameters + "' is not there." +
+                                 std::string(advice));
+    }
+    try {
+        loadParameterFile(narrowPath(path), limits);
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error("The parameter file '" + parameters +
+                                 "' cannot be used: " + error.what() + std::string(advice));
+    }
+}
+
 }  // namespace
+
+void expectParameterFiles(const Project& project, const Limits& limits) {
+    if (project.parameters) {
+        expectParameterFile(project, *project.parameters, limits);
+    }
+    for (const MachineFolder& folder : project.folders) {
+        if (folder.parameters) {
+            expectParameterFile(project, *folder.parameters, limits);
+        }
+    }
+}
 
 SettingsOfMachines settingsOfMachines(const Project& project, const Discovery& discovery,
                                       const RunOptions& options) {

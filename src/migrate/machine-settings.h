@@ -24,6 +24,9 @@ using SettingsOfMachines = std::map<std::string, MachineSettings>;
 SettingsOfMachines settingsOfMachines(const Project& project, const Discovery& discovery,
                                       const RunOptions& options);
 
+/// Throws std::runtime_error with a complete message if one of the parameter files that the project names cannot be used.
+void expectParameterFiles(const Project& project, const Limits& limits);
+
 /// The hash of everything that the result of a program depends on.
 ContentHash keyOfProgram(const FoundProgram& program, const MachineSettings& settings,
                          const std::vector<Input>& inputs);

@@ -80,7 +80,8 @@ void addConvert(CLI::App& app, Options& options) {
     command.add_flag(
         "--restore", options.restore,
         "Write outputs again that were deleted; with SOURCE only those of its programs");
-    command.add_flag("-q,--quiet", options.isQuiet, "Tell errors only");
+    command.add_flag("-q,--quiet", options.isQuiet,
+                     "Tell errors only, and if the run fails also why");
     addStoreOptions(command, options);
     addProjectOption(command, options);
     command.footer(

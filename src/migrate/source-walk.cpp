@@ -199,8 +199,9 @@ void followLink(Walk& walk, Pending link) {
                 break;
             }
             if (isPathInside(canonicalPath(link.path.parent_path()), target)) {
-                walk.notices.push_back(
-                    {link.place, "It is a link to a folder around it, and was not followed."});
+                walk.notices.push_back({link.place,
+                                        "It is a link to a folder around it, and was not followed.",
+                                        true});
                 break;
             }
             link.path = target;

@@ -85,7 +85,7 @@ bool isInSources(const std::string& test) {
     return false;
 }
 
-/// A row of what comes of a tree of programs.
+/// A row of what comes of a tree of programs, or of a command for it.
 struct TreeRow {
     std::string tree;
     /// Empty if nothing is told.
@@ -96,9 +96,12 @@ struct TreeRow {
 
 std::vector<TreeRow> readTreeRows() {
     std::vector<TreeRow> rows;
-    for (const std::vector<std::string>& cells : tableRows(
-             readFile(root / "docs/limits.md"), "| tree | what happens | what is told | test |")) {
-        rows.push_back({cells[0], unquoted(cells[2]), unquoted(cells[3])});
+    for (const std::string subject : {"tree", "command"}) {
+        for (const std::vector<std::string>& cells :
+             tableRows(readFile(root / "docs/limits.md"),
+                       "| " + subject + " | what happens | what is told | test |")) {
+            rows.push_back({cells[0], unquoted(cells[2]), unquoted(cells[3])});
+        }
     }
     return rows;
 }

@@ -223,6 +223,77 @@ TEST_F(CommandTest, TheGate) {
     EXPECT_TRUE(begins(run({"accept"}).output, "1 finding is in the baseline "));
 }
 
+TEST_F(CommandTest, ABaselineThatIsNamedHasToBeThere) {
+    write("programs/a.pgm", "PROBE X\n");
+    const std::string missing =
+        "torvel-migrate: There is no baseline 'known.json'. Name the one that there is, or have "
+        "`torvel-migrate accept --baseline` write it.\n";
+    const Outcome first = run({"convert", "programs", "--baseline", "known.json"});
+    EXPECT_EQ(first.status, 1);
+    EXPECT_EQ(first.error, missing);
+    EXPECT_FALSE(std::filesystem::exists(path("converted")));
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"status"}, {"report", "--json", "r.json"}}) {
+        std::vector<std::string> arguments = command;
+        arguments.insert(arguments.end(), {"--baseline", "known.json"});
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_EQ(outcome.error, missing);
+    }
+    EXPECT_FALSE(std::filesystem::exists(path("r.json")));
+    EXPECT_EQ(run({"accept", "--baseline", "known.json"}).status, 0);
+    EXPECT_EQ(run({"convert", "programs", "--baseline", "known.json"}).status, 0);
+}
+
+TEST_F(CommandTest, WhyTheGateFailedIsToldQuietlyToo) {
+    write("migration.toml",
+          "sources = [\"programs\"]\nfail_on = [\"rewrite\"]\n[[folder]]\npath = \"line2\"\n");
+    // An include in other letters is no reason.
+    write("programs/inc/B.pgm", "G1 X1\n");
+    write("programs/a.pgm", "#include \"inc/b.pgm\"\nPROBE X\n");
+    const std::string notice = "line2: A [[folder]] names it, and there is no such folder.\n";
+    const Outcome failed = run({"convert", "--quiet"});
+    EXPECT_EQ(failed.status, 3);
+    EXPECT_EQ(failed.output, "");
+    EXPECT_EQ(failed.error,
+              "1 new finding:\n"
+              "  programs/a.pgm:2: PROBE is no longer supported. [probe-unsupported]\n" +
+                  notice);
+    EXPECT_EQ(run({"convert"}).error.find(notice), std::string::npos);  // the summary has it
+    write("programs/a.pgm", "G1 X1\n");
+    EXPECT_EQ(run({"convert", "--quiet"}).error, "");
+}
+
+TEST_F(CommandTest, ParameterFilesHaveToBeThere) {
+    write("programs/a.pgm", "G1 X1\n");
+    const std::string advice =
+        " Name the machine's parameter file with -p, or as \"parameters\" in migration.toml.\n";
+    const Outcome missing = run({"convert", "programs", "-p", "nosuch.xml"});
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_EQ(missing.output, "");
+    EXPECT_EQ(missing.error,
+              "torvel-migrate: The parameter file 'nosuch.xml' is not there. Nothing was "
+              "converted." +
+                  advice);
+    // That of a folder too, also if another one is given for the rest.
+    write("machine.xml", "<Controller><Parameters><Axes/></Parameters></Controller>");
+    write("broken.xml", "<Controller>");
+    const std::string fault =
+        "' cannot be used: Failed to load or parse the parameter file. Nothing was converted.";
+    for (const char* const name : {"broken.xml", "programs"}) {
+        write("migration.toml",
+              "sources = [\"programs\"]\n[[folder]]\npath = \"programs/line2\"\nparameters = \"" +
+                  std::string(name) + "\"\n");
+        const Outcome broken = run({"convert", "-p", "machine.xml"});
+        EXPECT_EQ(broken.status, 1);
+        EXPECT_EQ(broken.error,
+                  "torvel-migrate: The parameter file '" + std::string(name) + fault + advice);
+    }
+    EXPECT_FALSE(std::filesystem::exists(path("converted")));
+}
+
 TEST_F(CommandTest, OneRunAtATime) {
     write("programs/a.pgm", "G1 X1\n");
     EXPECT_EQ(run({"convert", "programs"}).status, 0);
