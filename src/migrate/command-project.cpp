@@ -49,7 +49,8 @@ NativePath baselinePath(const Project& project) {
 
 std::vector<ReportedStore> storesOf(const Options& options, const Project& project) {
     if (options.outputs.empty()) {
-        return {{openedStore(storePath(project)), project.folder}};
+        const NativePath path = storePath(project);
+        return {{openedStore(path), project.folder, nullptr, canonicalPath(path)}};
     }
     std::vector<ReportedStore> stores;
     for (const std::string& output : options.outputs) {
@@ -60,7 +61,7 @@ std::vector<ReportedStore> storesOf(const Options& options, const Project& proje
         std::shared_ptr<const Store> store = openedStore(path);
         const NativePath folder =
             canonicalPath(path.parent_path() / nativePath(store->projectFolder()));
-        stores.push_back({std::move(store), folder});
+        stores.push_back({std::move(store), folder, nullptr, canonicalPath(path)});
     }
     return stores;
 }

@@ -161,6 +161,15 @@ NativePath folderBeside(const NativePath& file) {
 
 }  // namespace
 
+PagePlaces pagePlaces(const NativePath& path) {
+    const NativePath folder = isFileName(path) ? folderBeside(path) : path;
+    PagePlaces places{{folder / "index.html"}, {folder / "programs"}};
+    if (isFileName(path)) {
+        places.files.push_back(path);
+    }
+    return places;
+}
+
 std::string writeHtmlPage(const HtmlPage& page, const NativePath& path) {
     const HtmlTables tables = htmlTablesOf(page.report, page.places);
     if (!isFileName(path)) {

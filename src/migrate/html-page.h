@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "src/base/file-system.h"
 #include "src/migrate/places.h"
@@ -26,6 +27,13 @@ struct HtmlPage {
     std::size_t mostPrograms = 300;
     std::uint64_t mostBytes = std::uint64_t{20} << 20U;
 };
+
+/// What writing a page may replace or take away: files, and folders with all that is in them.
+struct PagePlaces {
+    std::vector<NativePath> files;
+    std::vector<NativePath> folders;
+};
+PagePlaces pagePlaces(const NativePath& path);
 
 /// Writes the page. A path that ends in ".html" or ".htm" is a file with everything in it; if that would be too much, a
 /// small page that leads to a folder beside it. Any other path is a folder. Gives a sentence for the user, empty if

@@ -17,6 +17,7 @@
 #include "src/migrate/report-json.h"
 #include "src/migrate/report-junit.h"
 #include "src/migrate/report-sarif.h"
+#include "src/migrate/report-targets.h"
 #include "src/migrate/reporting.h"
 #include "src/migrate/text-decoding.h"
 
@@ -38,30 +39,33 @@ std::size_t widthOf(const Console& console) {
 
 /// A format and the file that it was asked for.
 struct Format {
+    std::string option;
     const std::optional<std::string>& path;
     std::function<void(const Reporting&, const TextSink&)> write;
 };
 
 std::vector<Format> formatsOf(const Options& options) {
     return {
-        {options.json,
+        {"--json", options.json,
          [](const Reporting& reporting, const TextSink& sink) {
              writeJsonReport(reporting.report(), reporting.places(), reporting.totals(), sink);
          }},
-        {options.csv,
+        {"--csv", options.csv,
          [](const Reporting& reporting, const TextSink& sink) {
              writeFindingsCsv(reporting.report(), reporting.places(), sink);
          }},
-        {options.programsCsv,
+        {"--programs-csv", options.programsCsv,
          [](const Reporting& reporting, const TextSink& sink) {
              writeProgramsCsv(reporting.report(), sink);
          }},
-        {options.sarif,
+        {"--sarif", options.sarif,
          [](const Reporting& reporting, const TextSink& sink) {
              writeSarif(reporting.report(), reporting.places(), reporting.totals(), sink);
          }},
-        {options.junit, [](const Reporting& reporting,
-                           const TextSink& sink) { writeJUnit(reporting.report(), sink); }},
+        {"--junit", options.junit,
+         [](const Reporting& reporting, const TextSink& sink) {
+             writeJUnit(reporting.report(), sink);
+         }},
     };
 }
 
@@ -83,9 +87,23 @@ void writePage(const Reporting& reporting, const std::string& path, const Consol
     }
 }
 
+/// The reports that were asked for.
+std::vector<ReportTarget> targetsOf(const Options& options, const std::vector<Format>& formats) {
+    std::vector<ReportTarget> targets;
+    for (const Format& format : formats) {
+        if (format.path) {
+            targets.push_back({format.option, *format.path});
+        }
+    }
+    if (options.html) {
+        targets.push_back({"--html", *options.html, true});
+    }
+    return targets;
+}
+
 /// What is wrong with what was asked for; empty: nothing.
-std::string faultOf(const Options& options, bool asksForAny) {
-    if (!asksForAny) {
+std::string faultOf(const Options& options, const std::vector<ReportTarget>& targets) {
+    if (targets.empty()) {
         return "No report was asked for: name a file with --html, --json, --csv, --programs-csv, "
                "--sarif or --junit.";
     }
@@ -93,7 +111,7 @@ std::string faultOf(const Options& options, bool asksForAny) {
         return "The page of --html goes to a file that ends in \".html\", or to a folder: name "
                "one.";
     }
-    return {};
+    return clashOf(targets);
 }
 
 /// "-" is the standard output.
@@ -117,11 +135,9 @@ int statusCommand(const Options& options, const Console& console) {
 
 int reportCommand(const Options& options, const Console& console) {
     const std::vector<Format> formats = formatsOf(options);
-    const bool asksForAny =
-        options.html || std::any_of(formats.begin(), formats.end(),
-                                    [](const Format& format) { return format.path.has_value(); });
-    if (const std::string fault = faultOf(options, asksForAny); !fault.empty()) {
-        console.error(fault + '\n');
+    const std::vector<ReportTarget> targets = targetsOf(options, formats);
+    if (const std::string fault = faultOf(options, targets); !fault.empty()) {
+        console.error(visibleText(decodedText(fault)) + '\n');
         return wrongUse;
     }
     if (options.html && reportPage().empty()) {
@@ -131,7 +147,13 @@ int reportCommand(const Options& options, const Console& console) {
             "docs/report-page.md tells how.\n");
         return 1;
     }
-    const Reporting reporting = reportingOf(options, projectOf(options));
+    const Project project = projectOf(options);
+    std::vector<ReportedStore> stores = storesOf(options, project);
+    if (const std::string fault = keptFileFault(targets, project, stores); !fault.empty()) {
+        console.error(visibleText(decodedText(fault)) + '\n');
+        return wrongUse;
+    }
+    const Reporting reporting(std::move(stores), workingDirectory(), project);
     for (const Format& format : formats) {
         if (format.path) {
             writeReport(*format.path, console,

@@ -18,6 +18,8 @@ struct ReportedStore {
     NativePath folder;
     /// Outputs that were put in place as they were generated, just now, and need not be read again. Null: none.
     std::shared_ptr<const std::unordered_set<std::string>> asGenerated;
+    /// Where the store is, canonical.
+    NativePath path;
 };
 
 /// The report of several stores, their programs in one order. The keys of a single one stay as they are; those of

@@ -442,6 +442,93 @@ TEST_F(CommandTest, ReportsAreWrittenAsAWhole) {
     EXPECT_EQ(run({"report", "converted"}).status, 2);
 }
 
+TEST_F(CommandTest, ReportsReplaceNothingThatIsNeeded) {
+    write("machine.xml", "<Controller><Parameters><Axes/></Parameters></Controller>");
+    write("migration.toml", "sources = [\"programs\"]\nparameters = \"machine.xml\"\n");
+    write("programs/a.pgm", "#include \"inc/b.pgm\"\nG1 X1\nG1 X2\n");
+    write("programs/inc/b.pgm", "; part\n");
+    EXPECT_EQ(run({"convert"}).status, 0);
+    EXPECT_EQ(run({"accept"}).status, 0);
+    write("converted/a.torvel", "// by hand\n");
+    std::filesystem::create_hard_link(path("programs/a.pgm"), path("other.pgm"));
+    struct Row {
+        const char* path;
+        const char* what;
+    };
+    for (const Row& row : {
+             Row{"programs/a.pgm", "a source of the programs"},
+             Row{"./programs/../programs/inc/b.pgm", "a source of the programs"},
+             Row{"other.pgm", "a source of the programs"},
+             Row{"machine.xml", "a parameter file"},
+             Row{"migration.toml", "the project file"},
+             Row{"migration-baseline.json", "the baseline"},
+             Row{"converted/migration.sqlite", "the store"},
+             Row{"converted/migration.sqlite.lock", "a file of the store"},
+             Row{"converted/a.torvel", "an output"},
+             Row{"converted/a.log", "the log of an output"},
+             Row{"converted/a.torvel.conflict", "the conflict file of an output"},
+         }) {
+        const auto content = [&] {
+            return std::filesystem::exists(path(row.path)) ? readFile(path(row.path)) : "none";
+        };
+        const std::string before = content();
+        for (const char* const option :
+             {"--json", "--csv", "--programs-csv", "--sarif", "--junit"}) {
+            const Outcome refused = run({"report", option, row.path});
+            EXPECT_EQ(refused.status, 2);
+            EXPECT_EQ(refused.output, "");
+            EXPECT_EQ(refused.error, "The report of " + std::string(option) + " would replace '" +
+                                         row.path + "', which is " + row.what +
+                                         ". Name another place for it.\n");
+        }
+        EXPECT_EQ(content(), before);
+    }
+    // The store says it of outputs that are named too, from anywhere.
+    EXPECT_EQ(run({"report", "converted", "--csv", "programs/a.pgm"}).status, 2);
+    // What was deleted has its place.
+    std::filesystem::remove(path("converted/a.torvel"));
+    EXPECT_EQ(run({"report", "--csv", "converted/a.torvel"}).status, 2);
+    EXPECT_EQ(run({"report", "--csv", "converted/report.csv"}).status, 0);
+    EXPECT_EQ(run({"report", "--csv", "converted/report.csv"}).status, 0);
+}
+
+TEST_F(CommandTest, ThePageReplacesNothingThatIsNeeded) {
+    if (reportPage().empty()) {
+        GTEST_SKIP() << "built without the page";
+    }
+    write("plant/programs/1.js", "G1 X1\n");
+    write("plant/index.html", "G1 X1\n");
+    EXPECT_EQ(run({"convert", "plant", "--programs", "**/*.js", "--programs", "**/*.html"}).status,
+              0);
+    const Outcome folder = run({"report", "--html", "plant"});
+    EXPECT_EQ(folder.status, 2);
+    EXPECT_EQ(folder.error,
+              "The report of --html would replace 'plant/index.html', which is a source of the "
+              "programs. Name another place for it.\n");
+    const Outcome file = run({"report", "--html", "plant/index.html"});
+    EXPECT_EQ(file.status, 2);
+    EXPECT_EQ(read("plant/programs/1.js"), "G1 X1\n");
+    EXPECT_EQ(read("plant/index.html"), "G1 X1\n");
+}
+
+TEST_F(CommandTest, TwoReportsDoNotGoToOnePlace) {
+    write("programs/a.pgm", "G1 X1\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    const Outcome both = run({"report", "--json", "-", "--csv", "-"});
+    EXPECT_EQ(both.status, 2);
+    EXPECT_EQ(both.output, "");
+    EXPECT_EQ(both.error,
+              "The reports of --json and --csv cannot both go to '-'. Give each a place of its "
+              "own.\n");
+    for (const char* const same : {"r.txt", "./r.txt", "programs/../r.txt"}) {
+        EXPECT_EQ(run({"report", "--sarif", "r.txt", "--junit", same}).status, 2);
+    }
+    EXPECT_EQ(run({"report", "--csv", "page_files/programs/1.js", "--html", "page.html"}).status,
+              2);
+    EXPECT_FALSE(std::filesystem::exists(path("r.txt")));
+    EXPECT_EQ(run({"report", "--json", "-", "--csv", "r.csv"}).status, 0);
+}
+
 // The page is built by other tools, which need not be there.
 TEST_F(CommandTest, ThePageForPeople) {
     write("programs/a.pgm", "PROBE X\n");
