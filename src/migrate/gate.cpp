@@ -136,7 +136,8 @@ Baseline accepted(const Report& report, const Places& places, const Baseline& ba
     Places::Cursor cursor(places);
     // A place of an included file is taken in if any of its programs is.
     report.forEachProgram([&](const ReportProgram& program) {
-        const bool isMeantProgram = has(filter.programs, program.program);
+        const bool isMeantProgram =
+            filter.programs.empty() || filter.programs.contains(program.program);
         for (const ReportFinding& finding : program.findings) {
             const Place& place = cursor.next(finding.row);
             if (!countsInGate(finding)) {

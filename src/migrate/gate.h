@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "src/migrate/baseline.h"
@@ -56,7 +57,7 @@ GateResult gate(const Report& report, const Places& places, const std::optional<
 /// What `accept` takes in: findings of these codes in these programs; empty: of all.
 struct AcceptFilter {
     std::vector<std::string> codes;
-    std::vector<std::string> programs;
+    std::unordered_set<std::string> programs;
 };
 
 /// The baseline with what the filter takes in, and without what is no longer needed. Reads the report once.

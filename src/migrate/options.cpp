@@ -146,8 +146,9 @@ void addExplain(CLI::App& app, Options& options) {
 void addAccept(CLI::App& app, Options& options) {
     CLI::App& command = *app.add_subcommand(
         "accept", "Write the findings that are known into the baseline, and prune it");
-    command.add_option("PROGRAM", options.acceptedPrograms,
-                       "Only findings of these programs (default: of all)");
+    command.add_option(
+        "PROGRAM", options.acceptedPrograms,
+        "Only findings of these programs, or of those in a folder (default: of all)");
     command.add_option("--code", options.acceptedCodes, "Only findings with this code")
         ->type_name("CODE")
         ->allow_extra_args(false);
@@ -158,7 +159,7 @@ void addAccept(CLI::App& app, Options& options) {
     command.footer(
         "Examples:\n"
         "  torvel-migrate accept\n"
-        "  torvel-migrate accept --code comment-continues line1/main.pgm");
+        "  torvel-migrate accept --code comment-continues programs/line1/main.pgm");
 }
 
 Subcommand subcommandOf(const CLI::App& app) {

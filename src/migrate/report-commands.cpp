@@ -6,6 +6,7 @@
 #include <ctime>
 #include <functional>
 
+#include "src/migrate/accept-filter.h"
 #include "src/migrate/command-project.h"
 #include "src/migrate/embedded-pages.h"
 #include "src/migrate/explain.h"
@@ -186,7 +187,7 @@ int acceptCommand(const Options& options, const Console& console) {
     bool isThere = false;
     const Baseline before = readBaseline(path, isThere);
     const Baseline after = accepted(reporting.report(), reporting.places(), before,
-                                    {options.acceptedCodes, options.acceptedPrograms});
+                                    acceptFilterOf(options, project.folder, reporting.report()));
     writeBaseline(path, after);
     const auto findingsOf = [](const Baseline& baseline) {
         std::uint64_t count = 0;

@@ -247,6 +247,59 @@ TEST_F(CommandTest, ABaselineThatIsNamedHasToBeThere) {
     EXPECT_EQ(run({"convert", "programs", "--baseline", "known.json"}).status, 0);
 }
 
+TEST_F(CommandTest, OnlySomeFindingsAreAccepted) {
+    write("migration.toml", "sources = [\"programs\"]\n");
+    write("programs/line1/a.pgm", "PROBE X\n$a = 1e3\n");
+    write("programs/line1/b.pgm", "PROBE X\n");
+    write("programs/line10/c.pgm", "PROBE X\n");
+    EXPECT_EQ(run({"convert"}).status, 0);
+    const auto accepted = [&](const std::vector<std::string>& arguments) {
+        std::filesystem::remove(path("migration-baseline.json"));
+        std::vector<std::string> all{"accept", "--project", path("migration.toml").string()};
+        all.insert(all.end(), arguments.begin(), arguments.end());
+        const Outcome outcome = run(all);
+        return outcome.status == 0 ? outcome.output.substr(0, outcome.output.find(" in the"))
+                                   : outcome.error;
+    };
+    EXPECT_EQ(accepted({"programs/line1/a.pgm"}), "2 findings are");
+    EXPECT_EQ(accepted({"./programs/../programs/line1/a.pgm"}), "2 findings are");
+    EXPECT_EQ(accepted({path("programs/line1/a.pgm").string()}), "2 findings are");
+    EXPECT_EQ(accepted({"programs/line1"}), "3 findings are");
+    EXPECT_EQ(accepted({"programs/line1/", "programs/line10"}), "4 findings are");
+    EXPECT_EQ(accepted({".", "--code", "probe-unsupported"}), "3 findings are");
+    EXPECT_EQ(accepted({"--code", "value-cut", "--code", "probe-unsupported"}), "4 findings are");
+    // From where it is started.
+    std::filesystem::current_path(path("programs/line10"));
+    EXPECT_EQ(accepted({"c.pgm"}), "1 finding is");
+    EXPECT_EQ(accepted({"../line1/b.pgm"}), "1 finding is");
+    EXPECT_EQ(accepted({".."}), "4 findings are");
+    std::filesystem::current_path(path(""));
+
+    // What is not found is told, and nothing is written.
+    const std::string stays = " The baseline stays as it is.\n";
+    EXPECT_EQ(accepted({"nosuch.pgm"}),
+              "torvel-migrate: The store has no program 'nosuch.pgm', and none in a folder of that "
+              "name." +
+                  stays);
+    for (const char* const name : {"line1/a.pgm", "a.pgm", "programs/line"}) {
+        const std::string error = accepted({name, "programs/line1/b.pgm"});
+        EXPECT_NE(error.find("program '" + std::string(name) + "'"), std::string::npos) << error;
+        EXPECT_FALSE(std::filesystem::exists(path("migration-baseline.json")));
+    }
+    EXPECT_EQ(accepted({"--code", "value-cutt"}),
+              "torvel-migrate: There is no message or check with the code 'value-cutt'. Did you "
+              "mean value-cut?" +
+                  stays);
+    EXPECT_EQ(accepted({"--code", "octal"}),
+              "torvel-migrate: There is no open finding with the code 'octal'." + stays);
+    EXPECT_EQ(accepted({"--code", "value-cut", "programs/line10"}),
+              "torvel-migrate: There is no open finding with the code 'value-cut' in the programs "
+              "that are named." +
+                  stays);
+    EXPECT_FALSE(std::filesystem::exists(path("migration-baseline.json")));
+    EXPECT_EQ(run({"accept", "--code", "octal"}).status, 1);
+}
+
 TEST_F(CommandTest, WhyTheGateFailedIsToldQuietlyToo) {
     write("migration.toml",
           "sources = [\"programs\"]\nfail_on = [\"rewrite\"]\n[[folder]]\npath = \"line2\"\n");
