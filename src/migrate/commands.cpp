@@ -26,12 +26,12 @@ int run(const Options& options, const Console& console) {
 
 int runMigrate(const std::vector<std::string>& arguments, const Console& console) {
     const ParsedOptions parsed = parseOptions(arguments);
-    if (!parsed.options) {
-        console.output(parsed.output);
-        console.error(parsed.error);
-        return parsed.status;
-    }
     try {
+        if (!parsed.options) {
+            console.output(parsed.output);
+            console.error(parsed.error);
+            return parsed.status;
+        }
         return run(*parsed.options, console);
     } catch (const std::bad_alloc&) {
         throw;

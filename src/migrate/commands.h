@@ -12,6 +12,7 @@ namespace torvel::migrate {
 
 /// What commands talk to.
 struct Console {
+    /// Throws std::runtime_error with a complete message if it cannot be written.
     TextSink output;
     TextSink error;
     std::function<Terminal()> outputTerminal;

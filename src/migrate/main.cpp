@@ -1,16 +1,28 @@
+#include <cerrno>
 #include <cstdio>
 #include <new>
+#include <stdexcept>
+#include <system_error>
 
 #include "src/app/process.h"
 #include "src/migrate/commands.h"
 
 namespace {
 
-torvel::migrate::TextSink writeTo(std::FILE* file) {
-    return [file](std::string_view text) {
-        std::fwrite(text.data(), 1, text.size(), file);
-        std::fflush(file);
-    };
+bool write(std::FILE* file, std::string_view text) {
+    return std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fflush(file) == 0;
+}
+
+void writeOutput(std::string_view text) {
+    if (!write(stdout, text)) {
+        throw std::runtime_error("The standard output could not be written (" +
+                                 std::generic_category().message(errno) +
+                                 "): make sure that what it leads to has room.");
+    }
+}
+
+void writeError(std::string_view text) {
+    write(stderr, text);  // there is nobody left to tell
 }
 
 }  // namespace
@@ -19,7 +31,7 @@ int main(int argc, char** argv) {
     using namespace torvel::migrate;
     try {
         torvel::prepareProcess();
-        const Console console{writeTo(stdout), writeTo(stderr), standardOutputTerminal,
+        const Console console{writeOutput, writeError, standardOutputTerminal,
                               standardErrorTerminal, &catchInterrupts()};
         return runMigrate(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc),
                           console);
