@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "src/migrate/path-pattern.h"
 #include "src/migrate/recorded-source.h"
@@ -12,22 +14,54 @@ namespace {
 
 constexpr int wrongUse = 2;
 
-const std::vector<std::string> failWords = {"rewrite", "complete", "look",  "fix-source",
-                                            "moves",   "stops",    "reads", "any"};
+constexpr std::array<std::pair<const char*, Subcommand>, 5> commandNames{{
+    {"convert", Subcommand::convert},
+    {"status", Subcommand::status},
+    {"report", Subcommand::report},
+    {"explain", Subcommand::explain},
+    {"accept", Subcommand::accept},
+}};
+
+/// A path that is empty would be the working directory.
+CLI::Validator pathCheck() {
+    return {[](const std::string& text) {
+                return text.empty() ? std::string("A path is empty: name a file or a folder.")
+                                    : std::string();
+            },
+            "", "path"};
+}
 
 void addProjectOption(CLI::App& command, Options& options) {
     command.add_option("--project", options.project, "The project file (default: migration.toml)")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(pathCheck());
 }
 
-void addStoreOptions(CLI::App& command, Options& options) {
+void addStoreOption(CLI::App& command, Options& options) {
     command.add_option("--store", options.store, "Keep the store there, not in the output folder")
-        ->type_name("FILE");
-    command
-        .add_option("--baseline", options.baseline,
-                    "The accepted findings (default: migration-baseline.json beside the project "
-                    "file)")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(pathCheck());
+}
+
+void addBaselineOption(CLI::App& command, Options& options, const std::string& text) {
+    command.add_option("--baseline", options.baseline, text)->type_name("FILE")->check(pathCheck());
+}
+
+/// Of the commands that make or use the baseline that is there.
+void addStoreOptions(CLI::App& command, Options& options) {
+    addStoreOption(command, options);
+    addBaselineOption(command, options,
+                      "The accepted findings (default: migration-baseline.json beside the project "
+                      "file)");
+}
+
+/// Of the commands that only read.
+void addReadingOptions(CLI::App& command, Options& options) {
+    command.add_option("OUTPUT", options.outputs, "Output folders (default: the project's)")
+        ->check(pathCheck());
+    addStoreOption(command, options);
+    addBaselineOption(command, options,
+                      "Tell the findings that are not in it, and end with 3 if there are any");
 }
 
 /// A pattern of the command line is made tidy, and refused, as one of the project file.
@@ -40,13 +74,25 @@ CLI::Validator patternCheck() {
             "", "pattern"};
 }
 
+CLI::Validator failWordCheck() {
+    return {[](const std::string& word) {
+                return isFailWord(word) ? std::string()
+                                        : "'" + word + "' is none of rewrite, complete, look, " +
+                                              "fix_source, moves, stops, reads and any.";
+            },
+            "", "what fails"};
+}
+
 void addConvert(CLI::App& app, Options& options) {
     CLI::App& command = *app.add_subcommand("convert", "Convert what is new or has changed");
-    command.add_option("SOURCE", options.sources, "Folders with programs, or single programs");
+    command.add_option("SOURCE", options.sources, "Folders with programs, or single programs")
+        ->check(pathCheck());
     command.add_option("-o,--output", options.output, "The folder of the results")
-        ->type_name("FOLDER");
+        ->type_name("FOLDER")
+        ->check(pathCheck());
     command.add_option("-p,--parameters", options.parameters, "The machine's parameter file")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(pathCheck());
     command.add_option("-j,--jobs", options.threads, "Threads (default: one for each processor)")
         ->check(CLI::Range(1U, 1024U))
         ->type_name("N");
@@ -62,7 +108,9 @@ void addConvert(CLI::App& app, Options& options) {
         ->type_name("PATTERN")
         ->transform(patternCheck())
         ->allow_extra_args(false);
-    command.add_option("--exclude", options.exclude, "Patterns of what is left out")
+    command
+        .add_option("--exclude", options.exclude,
+                    "Patterns of what is left out, in place of those in the project file")
         ->type_name("PATTERN")
         ->transform(patternCheck())
         ->allow_extra_args(false);
@@ -71,11 +119,11 @@ void addConvert(CLI::App& app, Options& options) {
     command
         .add_option("--fail-on", options.failOn,
                     "End with 3 if there is such a finding that is not accepted: rewrite, "
-                    "complete, look, fix-source; moves, stops, reads; any")
+                    "complete, look, fix_source; moves, stops, reads; any")
         ->type_name("WHAT")
         ->allow_extra_args(false)
         ->delimiter(',')
-        ->check(CLI::IsMember(failWords));
+        ->check(failWordCheck());
     command.add_flag("--rebuild", options.rebuild, "Begin with an empty store");
     command.add_flag(
         "--restore", options.restore,
@@ -97,8 +145,7 @@ void addConvert(CLI::App& app, Options& options) {
 void addStatus(CLI::App& app, Options& options) {
     CLI::App& command =
         *app.add_subcommand("status", "Tell what is there and what is left, on one screen");
-    command.add_option("OUTPUT", options.outputs, "Output folders (default: the project's)");
-    addStoreOptions(command, options);
+    addReadingOptions(command, options);
     addProjectOption(command, options);
     command.footer(
         "Examples:\n"
@@ -108,18 +155,26 @@ void addStatus(CLI::App& app, Options& options) {
 
 void addReport(CLI::App& app, Options& options) {
     CLI::App& command = *app.add_subcommand("report", "Write reports, without converting");
-    command.add_option("OUTPUT", options.outputs, "Output folders (default: the project's)");
     command
         .add_option("--html", options.html,
                     "The page for people: a file that ends in .html, or a folder")
         ->type_name("PATH");
-    command.add_option("--json", options.json, "All of it for other programs")->type_name("FILE");
-    command.add_option("--csv", options.csv, "A row for each finding")->type_name("FILE");
+    command.add_option("--json", options.json, "All of it for other programs")
+        ->type_name("FILE")
+        ->check(pathCheck());
+    command.add_option("--csv", options.csv, "A row for each finding")
+        ->type_name("FILE")
+        ->check(pathCheck());
     command.add_option("--programs-csv", options.programsCsv, "A row for each program")
-        ->type_name("FILE");
-    command.add_option("--sarif", options.sarif, "For editors and code hosts")->type_name("FILE");
-    command.add_option("--junit", options.junit, "For CI servers")->type_name("FILE");
-    addStoreOptions(command, options);
+        ->type_name("FILE")
+        ->check(pathCheck());
+    command.add_option("--sarif", options.sarif, "For editors and code hosts")
+        ->type_name("FILE")
+        ->check(pathCheck());
+    command.add_option("--junit", options.junit, "For CI servers")
+        ->type_name("FILE")
+        ->check(pathCheck());
+    addReadingOptions(command, options);
     addProjectOption(command, options);
     command.footer(
         "FILE can be - for the standard output.\n"
@@ -146,14 +201,16 @@ void addExplain(CLI::App& app, Options& options) {
 void addAccept(CLI::App& app, Options& options) {
     CLI::App& command = *app.add_subcommand(
         "accept", "Write the findings that are known into the baseline, and prune it");
-    command.add_option(
-        "PROGRAM", options.acceptedPrograms,
-        "Only findings of these programs, or of those in a folder (default: of all)");
+    command
+        .add_option("PROGRAM", options.acceptedPrograms,
+                    "Only findings of these programs, or of those in a folder (default: of all)")
+        ->check(pathCheck());
     command.add_option("--code", options.acceptedCodes, "Only findings with this code")
         ->type_name("CODE")
         ->allow_extra_args(false);
     command.add_option("-o,--output", options.output, "The folder of the results")
-        ->type_name("FOLDER");
+        ->type_name("FOLDER")
+        ->check(pathCheck());
     addStoreOptions(command, options);
     addProjectOption(command, options);
     command.footer(
@@ -163,20 +220,44 @@ void addAccept(CLI::App& app, Options& options) {
 }
 
 Subcommand subcommandOf(const CLI::App& app) {
-    constexpr std::pair<const char*, Subcommand> names[] = {
-        {"convert", Subcommand::convert}, {"status", Subcommand::status},
-        {"report", Subcommand::report},   {"explain", Subcommand::explain},
-        {"accept", Subcommand::accept},
-    };
-    return std::find_if(std::begin(names), std::end(names),
+    return std::find_if(commandNames.begin(), commandNames.end(),
                         [&](const auto& row) { return app.got_subcommand(row.first); })
         ->second;
+}
+
+/// What is wrong with the command's name, which the library would not show; empty: nothing.
+std::string faultOfCommand(const std::vector<std::string>& arguments) {
+    auto argument = arguments.begin();
+    while (argument != arguments.end() && argument->starts_with('-')) {
+        if (*argument == "--help" || *argument == "-h" || *argument == "--version") {
+            return {};
+        }
+        const bool hasValue = *argument == "--project" && argument + 1 != arguments.end();
+        argument += hasValue ? 2 : 1;
+    }
+    if (argument != arguments.end() &&
+        std::any_of(commandNames.begin(), commandNames.end(),
+                    [&](const auto& row) { return *argument == row.first; })) {
+        return {};
+    }
+    return (argument == arguments.end() ? "No command is named."
+                                        : "There is no command '" + *argument + "'.") +
+           std::string(" The commands are convert, status, report, explain and accept.");
+}
+
+/// What is wrong with options that each are right; empty: nothing.
+std::string faultOfOptions(const Options& options) {
+    if (options.store && !options.outputs.empty()) {
+        return "--store names the store that is read, and so does OUTPUT: give one of the two.";
+    }
+    return {};
 }
 
 void defineOptions(CLI::App& app, Options& options) {
     app.name("torvel-migrate");
     app.set_version_flag("--version", "torvel-migrate " TORVEL_VERSION);
     app.require_subcommand(1);
+    addProjectOption(app, options);
     app.footer(
         "Examples:\n"
         "  torvel-migrate convert programs -o converted -p machine.xml\n"
@@ -195,6 +276,15 @@ void defineOptions(CLI::App& app, Options& options) {
 
 ParsedOptions parseOptions(std::vector<std::string> arguments) {
     ParsedOptions parsed;
+    const auto refuse = [&parsed](const std::string& fault) {
+        parsed.options.reset();
+        parsed.status = wrongUse;
+        parsed.error = fault + "\nRun with --help for more information.\n";
+        return parsed;
+    };
+    if (const std::string fault = faultOfCommand(arguments); !fault.empty()) {
+        return refuse(fault);
+    }
     Options options;
     CLI::App app("Converts a plant's Brannic programs to Torvel and tells what is left to do.");
     defineOptions(app, options);
@@ -205,6 +295,9 @@ ParsedOptions parseOptions(std::vector<std::string> arguments) {
         if (options.subcommand == Subcommand::explain && options.code.empty() &&
             !options.listCodes) {
             throw CLI::RequiredError("CODE");
+        }
+        if (const std::string fault = faultOfOptions(options); !fault.empty()) {
+            return refuse(fault);
         }
         parsed.options = std::move(options);
     } catch (const CLI::ParseError& error) {

@@ -244,13 +244,12 @@ constexpr std::array<KeyRow<ReferenceEntries>, 7> referenceKeys{{
 }};
 
 void readFailOn(const Entry& entry, Project& project) {
-    constexpr std::array<std::string_view, 7> names{"rewrite", "complete", "look", "fix_source",
-                                                    "moves",   "stops",    "reads"};
     constexpr std::string_view allowed =
-        "a list of rewrite, complete, look, fix_source, moves, stops and reads, each in quotes";
+        "a list of rewrite, complete, look, fix_source, moves, stops, reads and any, each in "
+        "quotes";
     readList(entry, allowed, [&](const Entry& element) {
         const std::string name = readText(element, allowed);
-        if (std::find(names.begin(), names.end(), name) == names.end()) {
+        if (!isFailWord(name)) {
             element.failType(allowed);
         }
         project.failOn.push_back(name);
@@ -319,6 +318,13 @@ void checkFolders(const Project& project, const std::string& shown) {
 }
 
 }  // namespace
+
+bool isFailWord(std::string_view word) {
+    constexpr std::array<std::string_view, 9> words{"rewrite",    "complete",   "look",
+                                                    "fix_source", "fix-source", "moves",
+                                                    "stops",      "reads",      "any"};
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
 
 void readProjectText(const std::string& text, const std::string& shown, Project& project) {
     const toml::table table = parse(text, shown);

@@ -128,10 +128,11 @@ void writeReport(const std::string& path, const Console& console,
 }  // namespace
 
 int statusCommand(const Options& options, const Console& console) {
-    const Reporting reporting = reportingOf(options, projectOf(options));
+    const Project project = projectOf(options);
+    const Reporting reporting = reportingOf(options, project);
     console.output(statusText(reporting.report(), reporting.totals(),
                               summaryViewOf(console.outputTerminal())));
-    return 0;
+    return options.baseline ? gateStatus(reporting, project, console) : 0;
 }
 
 int reportCommand(const Options& options, const Console& console) {
@@ -164,7 +165,7 @@ int reportCommand(const Options& options, const Console& console) {
     if (options.html) {
         writePage(reporting, *options.html, console);
     }
-    return 0;
+    return options.baseline ? gateStatus(reporting, project, console) : 0;
 }
 
 int explainCommand(const Options& options, const Console& console) {

@@ -17,7 +17,7 @@ constexpr std::size_t mostToldOfGate = 50;
 std::vector<FailOn> failOnOf(const Project& project) {
     std::vector<FailOn> failOn;
     for (std::string name : project.failOn) {
-        std::replace(name.begin(), name.end(), '_', '-');  // as the project file has it
+        std::replace(name.begin(), name.end(), '_', '-');
         if (name == "any") {
             for (const FindingTodo todo : todos) {
                 failOn.push_back({todo, std::nullopt});

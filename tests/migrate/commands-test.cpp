@@ -247,6 +247,32 @@ TEST_F(CommandTest, ABaselineThatIsNamedHasToBeThere) {
     EXPECT_EQ(run({"convert", "programs", "--baseline", "known.json"}).status, 0);
 }
 
+TEST_F(CommandTest, ABaselineThatIsNamedIsLookedAtWithoutConvertingToo) {
+    write("programs/a.pgm", "PROBE X\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    EXPECT_EQ(run({"accept", "--baseline", "known.json"}).status, 0);
+    const std::vector<std::vector<std::string>> commands = {
+        {"status", "--baseline", "known.json"},
+        {"report", "--csv", "f.csv", "--baseline", "known.json"}};
+    for (const std::vector<std::string>& command : commands) {
+        const Outcome passed = run(command);
+        EXPECT_EQ(passed.status, 0);
+        EXPECT_EQ(passed.error, "");
+    }
+    write("programs/a.pgm", "PROBE X\nPROBE Y\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    std::filesystem::remove(path("f.csv"));
+    for (const std::vector<std::string>& command : commands) {
+        const Outcome failed = run(command);
+        EXPECT_EQ(failed.status, 3);
+        EXPECT_EQ(failed.error,
+                  "1 new finding:\n"
+                  "  programs/a.pgm:2: PROBE is no longer supported. [probe-unsupported]\n");
+    }
+    EXPECT_TRUE(std::filesystem::exists(path("f.csv")));
+    EXPECT_EQ(run({"status"}).status, 0);
+}
+
 TEST_F(CommandTest, OnlySomeFindingsAreAccepted) {
     write("migration.toml", "sources = [\"programs\"]\n");
     write("programs/line1/a.pgm", "PROBE X\n$a = 1e3\n");

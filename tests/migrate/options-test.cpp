@@ -79,6 +79,73 @@ TEST(Options, WrongUseEndsWithTwo) {
     }
 }
 
+TEST(Options, TheProjectFileInFrontOfTheCommand) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"--project", "p.toml", "status"},
+          {"--project=p.toml", "status"},
+          {"status", "--project", "p.toml"}}) {
+        const ParsedOptions parsed = parseOptions(arguments);
+        ASSERT_TRUE(parsed.options) << parsed.error;
+        EXPECT_EQ(parsed.options->subcommand, Subcommand::status);
+        EXPECT_EQ(parsed.options->project, "p.toml");
+        EXPECT_TRUE(parsed.options->outputs.empty());
+    }
+}
+
+TEST(Options, ACommandThatThereIsNot) {
+    const std::string rest =
+        " The commands are convert, status, report, explain and accept.\n"
+        "Run with --help for more information.\n";
+    EXPECT_EQ(parseOptions({"stat"}).error,
+              "There is no command 'stat'. The commands are convert, status, report, explain and "
+              "accept.\nRun with --help for more information.\n");
+    EXPECT_EQ(parseOptions({"--project", "p.toml", "stat"}).error,
+              "There is no command 'stat'." + rest);
+    EXPECT_EQ(parseOptions({}).error, "No command is named." + rest);
+    EXPECT_EQ(parseOptions({"--project", "status"}).error, "No command is named." + rest);
+}
+
+TEST(Options, EmptyPathsAreRefused) {
+    const std::vector<std::vector<std::string>> wrong = {
+        {"convert", ""},
+        {"convert", "-o", ""},
+        {"convert", "-p", ""},
+        {"convert", "--store", ""},
+        {"convert", "--baseline", ""},
+        {"convert", "--project", ""},
+        {"status", ""},
+        {"status", "--store", ""},
+        {"report", "--json", ""},
+        {"report", "--csv", ""},
+        {"report", "--programs-csv", ""},
+        {"report", "--sarif", ""},
+        {"report", "--junit", ""},
+        {"report", ""},
+        {"accept", ""},
+        {"accept", "-o", ""},
+        {"--project", "", "status"},
+    };
+    for (const std::vector<std::string>& arguments : wrong) {
+        const ParsedOptions parsed = parseOptions(arguments);
+        EXPECT_EQ(parsed.status, 2);
+        EXPECT_FALSE(parsed.options);
+        EXPECT_NE(parsed.error.find("A path is empty: name a file or a folder."), std::string::npos)
+            << parsed.error;
+    }
+}
+
+TEST(Options, AStoreOrOutputs) {
+    for (const char* const command : {"status", "report"}) {
+        const ParsedOptions both = parseOptions({command, "converted", "--store", "s.sqlite"});
+        EXPECT_EQ(both.status, 2);
+        EXPECT_FALSE(both.options);
+        EXPECT_EQ(both.error,
+                  "--store names the store that is read, and so does OUTPUT: give one of the two.\n"
+                  "Run with --help for more information.\n");
+        EXPECT_TRUE(parseOptions({command, "--store", "s.sqlite"}).options);
+    }
+}
+
 TEST(Options, PatternsAreThoseOfTheProjectFile) {
     const ParsedOptions parsed = parseOptions({"convert", "--programs", "./line1\\*.pgm",
                                                "--always", "tests/", "--exclude", ".\\old\\**"});

@@ -8,6 +8,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "src/migrate/options.h"
 #include "tests/support/temporary-directory.h"
 
 namespace torvel::migrate::test {
@@ -111,6 +112,18 @@ TEST(ProjectFile, EveryKey) {
     EXPECT_EQ(project.effort.fixSource.most, 10080);
 }
 
+TEST(ProjectFile, WhatFailsIsSaidAsOnTheCommandLine) {
+    const std::vector<std::string> words{"rewrite", "complete", "look",  "fix_source", "fix-source",
+                                         "moves",   "stops",    "reads", "any"};
+    for (const std::string& word : words) {
+        const ProjectFolder folder("fail_on = [\"" + word + "\"]\n");
+        EXPECT_EQ(folder.read().failOn, std::vector<std::string>{word});
+        const ParsedOptions parsed = parseOptions({"convert", "--fail-on", word});
+        ASSERT_TRUE(parsed.options) << parsed.error;
+        EXPECT_EQ(parsed.options->failOn, std::vector<std::string>{word});
+    }
+}
+
 TEST(ProjectFile, ByteOrderMarkAndCarriageReturns) {
     const ProjectFolder folder("\xEF\xBB\xBFsources = [\"a\"]\r\n# said\r\noutput = \"b\"\r\n");
     EXPECT_EQ(folder.read().sources, std::vector<std::string>{"a"});
@@ -210,7 +223,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "smaller one first, such as [10, 40]."},
         Refusal{"fail_on = [\"error\"]",
                 "line 1: 'fail_on' must be a list of rewrite, complete, look, fix_source, moves, "
-                "stops and reads, each in quotes."},
+                "stops, reads and any, each in quotes."},
         Refusal{"[reference]\naxis_items = [5]",
                 "line 2: 'reference.axis_items' must be a table of numbers and names, such as "
                 "{ 11 = \"ServoLoopGainKp\" }."},
