@@ -307,10 +307,17 @@ toml::table parse(const std::string& bytes, const std::string& shown) {
     }
 }
 
+/// "x" for "./x/" too.
+NativePath tidyFolder(const std::string& path) {
+    const NativePath tidy = (nativePath(path) / "").lexically_normal();
+    return tidy.parent_path();
+}
+
 void checkFolders(const Project& project, const std::string& shown) {
     for (auto folder = project.folders.begin(); folder != project.folders.end(); ++folder) {
-        if (std::any_of(project.folders.begin(), folder,
-                        [&](const MachineFolder& other) { return other.path == folder->path; })) {
+        if (std::any_of(project.folders.begin(), folder, [&](const MachineFolder& other) {
+                return tidyFolder(other.path) == tidyFolder(folder->path);
+            })) {
             throw std::runtime_error("'" + shown + "': The [[folder]] '" + folder->path +
                                      "' is there twice.");
         }

@@ -273,6 +273,15 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(ProjectFile, TheSameTwice) {
     EXPECT_EQ(refusal("[[folder]]\npath = \"a\"\n[[folder]]\npath = \"a\"\n"),
               "'migration.toml': The [[folder]] 'a' is there twice.");
+    for (const char* const same : {"./x/", "x/", "./x", "x/.", "y/../x", "x//"}) {
+        EXPECT_EQ(refusal("[[folder]]\npath = \"x\"\n[[folder]]\npath = \"y\"\n[[folder]]\n"
+                          "path = \"" +
+                          std::string(same) + "\"\n"),
+                  "'migration.toml': The [[folder]] '" + std::string(same) + "' is there twice.");
+    }
+    EXPECT_EQ(refusal("[[folder]]\npath = \".\"\n[[folder]]\npath = \"x\"\n"
+                      "[[folder]]\npath = \"x/y\"\n[[folder]]\npath = \"../x\"\n"),
+              "");
     // A number twice is a key twice, quoted or not.
     const std::string twice = refusal("[reference.axis_items]\n5 = \"A\"\n\"5\" = \"B\"\n");
     EXPECT_TRUE(twice.starts_with("'migration.toml', line 3: This is no TOML: ")) << twice;
