@@ -1,5 +1,6 @@
 #include "src/migrate/command-project.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "src/migrate/database.h"
@@ -21,8 +22,29 @@ void expectBaseline(const Options& options, const Project& project) {
     }
 }
 
+/// Where no project file says it and nobody else does, the folder of the outputs is a guess.
+void expectGuessedStore(const Options& options, const Project& project) {
+    if (!project.file.empty() || options.store || options.output ||
+        fileKind(storePath(project)) != FileKind::missing) {
+        return;
+    }
+    const std::string use = options.subcommand == Subcommand::accept   ? "accept -o"
+                            : options.subcommand == Subcommand::status ? "status"
+                                                                       : "report";
+    throw std::runtime_error(
+        "There is no migration.toml here, and no store in a folder 'converted'. Name the output "
+        "folder, as in `torvel-migrate " +
+        use + " FOLDER`, or the project file with --project.");
+}
+
 std::shared_ptr<const Store> openedStore(const NativePath& path) {
     return std::make_shared<const Store>(path, StoreUse::read);
+}
+
+/// Whether paths, canonical, lead to one file, whatever the case that they are written in.
+bool isSame(const NativePath& left, const NativePath& right) {
+    const FileIdentity identity = fileIdentity(left);
+    return left == right || (identity != FileIdentity() && identity == fileIdentity(right));
 }
 
 }  // namespace
@@ -49,6 +71,7 @@ NativePath baselinePath(const Project& project) {
 
 std::vector<ReportedStore> storesOf(const Options& options, const Project& project) {
     if (options.outputs.empty()) {
+        expectGuessedStore(options, project);
         const NativePath path = storePath(project);
         return {{openedStore(path), project.folder, nullptr, canonicalPath(path)}};
     }
@@ -58,10 +81,15 @@ std::vector<ReportedStore> storesOf(const Options& options, const Project& proje
         if (fileKind(path) != FileKind::regular) {
             path /= storeName;
         }
+        path = canonicalPath(path);
+        if (std::any_of(stores.begin(), stores.end(),
+                        [&path](const ReportedStore& other) { return isSame(other.path, path); })) {
+            continue;
+        }
         std::shared_ptr<const Store> store = openedStore(path);
         const NativePath folder =
             canonicalPath(path.parent_path() / nativePath(store->projectFolder()));
-        stores.push_back({std::move(store), folder, nullptr, canonicalPath(path)});
+        stores.push_back({std::move(store), folder, nullptr, path});
     }
     return stores;
 }

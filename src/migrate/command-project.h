@@ -21,7 +21,8 @@ Project projectOf(const Options& options);
 NativePath storePath(const Project& project);
 NativePath baselinePath(const Project& project);
 
-/// The stores that a command reads: of the output folders that the options name, or of the project. Throws StoreError.
+/// The stores that a command reads, each once: of the output folders that the options name, or of the project. Throws
+/// std::runtime_error.
 std::vector<ReportedStore> storesOf(const Options& options, const Project& project);
 
 /// The path of a file from the folder of another one, with "/" everywhere.

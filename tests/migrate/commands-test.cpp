@@ -501,6 +501,33 @@ TEST_F(CommandTest, SeveralOutputsAreReportedTogether) {
     EXPECT_EQ(report({"moved/converted"})["programs"][0]["outputState"], "as-generated");
 }
 
+TEST_F(CommandTest, AnOutputThatIsNamedTwiceCountsOnce) {
+    write("programs/a.pgm", "PROBE X\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    std::filesystem::create_directory(path("other"));
+    const Outcome once = run({"status", "converted"});
+    for (const std::string same :
+         {"converted", "./converted/", "other/../converted", "converted/migration.sqlite"}) {
+        EXPECT_EQ(run({"status", "converted", same}).output, once.output) << same;
+        EXPECT_EQ(report({same, "converted"})["programs"].size(), 1U) << same;
+    }
+}
+
+TEST_F(CommandTest, WithoutAProjectFileTheOutputFolderIsNamed) {
+    const std::vector<std::pair<std::string, std::vector<std::string>>> commands = {
+        {"status", {"status"}}, {"report", {"report", "--json", "-"}}, {"accept -o", {"accept"}}};
+    for (const auto& [use, command] : commands) {
+        const Outcome outcome = run(command);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.error,
+                  "torvel-migrate: There is no migration.toml here, and no store in a folder "
+                  "'converted'. Name the output folder, as in `torvel-migrate " +
+                      use + " FOLDER`, or the project file with --project.\n");
+    }
+    write("migration.toml", "sources = [\"programs\"]\n");
+    EXPECT_TRUE(begins(run({"status"}).error, "torvel-migrate: There is no store \""));
+}
+
 TEST_F(CommandTest, ReportsAreWrittenAsAWhole) {
     write("programs/a.pgm", "PROBE X\n");
     EXPECT_EQ(run({"convert", "programs"}).status, 0);
