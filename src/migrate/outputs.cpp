@@ -131,8 +131,12 @@ std::string messageOf(const OutputPlan& plan) {
             return sentence(
                 plan.output,
                 " and what the converter generates now wait to be brought together, so it "
-                "stays as it is. Leave no conflict markers in it, delete " +
-                    conflict + ", and convert again.");
+                "stays as it is. " +
+                    (plan.conflictHash
+                         ? "Put the result in its place, without conflict markers, delete " +
+                               conflict + ", and convert again."
+                         : std::string("It has conflict markers: take them out, and convert "
+                                       "again.")));
         case OutputAction::leaveDeleted:
             return sentence(
                 plan.output,

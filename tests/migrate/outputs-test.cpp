@@ -92,8 +92,23 @@ TEST_F(Outputs, AnOutputsLife) {
 
     // The person decides, and puts the result in place.
     writeFile(conflict(), "a\nB\nc\nmine\ntheirs\n");
-    EXPECT_EQ(place(third).decision.action, OutputAction::waitForPerson);
+    const std::string waiting =
+        output().string() +
+        " and what the converter generates now wait to be brought together, so it stays as it is. ";
+    const OutputPlan edited = place(third);
+    EXPECT_EQ(edited.decision.action, OutputAction::waitForPerson);
+    EXPECT_EQ(edited.message, waiting +
+                                  "Put the result in its place, without conflict markers, delete "
+                                  "part.torvel.conflict, and convert again.");
+    // The conflict file in the output's place, not edited to the end: there is none to be deleted.
+    const std::string result = readFile(conflict());
     std::filesystem::rename(conflict(), output());
+    writeFile(output(), conflicting.decision.bytes);
+    const OutputPlan unfinished = place(third);
+    EXPECT_EQ(unfinished.decision.action, OutputAction::waitForPerson);
+    EXPECT_EQ(unfinished.message,
+              waiting + "It has conflict markers: take them out, and convert again.");
+    writeFile(output(), result);
     EXPECT_EQ(place(third).decision.action, OutputAction::nothing);
     EXPECT_EQ(history.base, third);
     EXPECT_FALSE(history.conflict);
