@@ -125,6 +125,21 @@ void writeReport(const std::string& path, const Console& console,
     }
 }
 
+/// On standard error if a report is on the standard output.
+void tellReports(const std::vector<ReportTarget>& targets, const Console& console) {
+    bool isOutputTaken = false;
+    SummaryView view;
+    for (const ReportTarget& target : targets) {
+        if (target.shown == "-") {
+            isOutputTaken = true;
+        } else {
+            view.reports.push_back(target.shown);
+        }
+    }
+    view.hasColour = (isOutputTaken ? console.errorTerminal : console.outputTerminal)().hasColour;
+    (isOutputTaken ? console.error : console.output)(reportsText(view));
+}
+
 }  // namespace
 
 int statusCommand(const Options& options, const Console& console) {
@@ -165,6 +180,7 @@ int reportCommand(const Options& options, const Console& console) {
     if (options.html) {
         writePage(reporting, *options.html, console);
     }
+    tellReports(targets, console);
     return options.baseline ? gateStatus(reporting, project, console) : 0;
 }
 

@@ -85,6 +85,9 @@ public:
 
     void sentence(std::string_view text) { text_ += wrapped(text, width_, "  ", "    "); }
 
+    /// A line that is never wrapped, so that it can be copied.
+    void whole(std::string_view text) { ((text_ += "  ") += text) += '\n'; }
+
     /// A line with as many of the first names as fit, and how many there are besides.
     void names(const std::vector<std::string>& names, std::uint64_t all) {
         // Room for "and 1,000,000 more".
@@ -295,8 +298,7 @@ void tellReports(const SummaryView& view, Screen& screen) {
     }
     screen.heading(view.reports.size() == 1 ? "The report is in" : "The reports are in");
     for (const std::string& path : view.reports) {
-        // Whole, so that it can be copied.
-        screen.sentence(visibleText(decodedText(path)));
+        screen.whole(visibleText(decodedText(path)));
     }
 }
 
@@ -337,6 +339,12 @@ std::string statusText(const Report& report, const ReportTotals& totals, const S
     tellPrograms(totals, groups, screen);
     tellRuns(report, screen);
     tellWhatIsLeft(totals, screen);
+    return screen.text();
+}
+
+std::string reportsText(const SummaryView& view) {
+    Screen screen(view);
+    tellReports(view, screen);
     return screen.text();
 }
 

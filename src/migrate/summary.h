@@ -27,4 +27,7 @@ std::string summaryText(const Report& report, const ReportTotals& totals, const 
 /// What there is and what is left on one screen, with the first programs that need a decision. Reads the report once.
 std::string statusText(const Report& report, const ReportTotals& totals, const SummaryView& view);
 
+/// Where the reports are, a line each.
+std::string reportsText(const SummaryView& view);
+
 }  // namespace torvel::migrate

@@ -531,10 +531,18 @@ TEST_F(CommandTest, WithoutAProjectFileTheOutputFolderIsNamed) {
 TEST_F(CommandTest, ReportsAreWrittenAsAWhole) {
     write("programs/a.pgm", "PROBE X\n");
     EXPECT_EQ(run({"convert", "programs"}).status, 0);
-    EXPECT_EQ(run({"report", "converted", "--csv", "f.csv", "--programs-csv", "p.csv", "--sarif",
-                   "s.sarif", "--junit", "j.xml", "--json", "r.json"})
-                  .status,
-              0);
+    const Outcome written =
+        run({"report", "converted", "--csv", "./f.csv", "--programs-csv", "p.csv", "--sarif",
+             "s.sarif", "--junit", "j.xml", "--json", "r.json"});
+    EXPECT_EQ(written.status, 0);
+    EXPECT_EQ(written.error, "");
+    EXPECT_EQ(written.output,
+              "The reports are in\n  r.json\n  ./f.csv\n  p.csv\n  s.sarif\n  j.xml\n");
+    // Nothing is mixed with a report.
+    const Outcome mixed = run({"report", "--json", "-", "--csv", "with  blanks.csv"});
+    EXPECT_EQ(nlohmann::json::parse(mixed.output)["programs"].size(), 1U);
+    EXPECT_EQ(mixed.error, "The report is in\n  with  blanks.csv\n");
+    EXPECT_EQ(run({"report", "--json", "-"}).error, "");
     for (const char* const name : {"f.csv", "p.csv", "s.sarif", "j.xml", "r.json"}) {
         EXPECT_NE(read(name), "") << name;
         EXPECT_FALSE(std::filesystem::exists(path(name + std::string(".part"))));
@@ -640,14 +648,15 @@ TEST_F(CommandTest, ThePageForPeople) {
     write("programs/a.pgm", "PROBE X\n");
     EXPECT_EQ(run({"convert", "programs"}).status, 0);
     const Outcome outcome = run({"report", "converted", "--html", "report.html"});
-    EXPECT_EQ(outcome.output, "");
     if (reportPage().empty()) {
         EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.output, "");
         EXPECT_TRUE(begins(outcome.error, "This torvel-migrate was built without the page"))
             << outcome.error;
         EXPECT_FALSE(std::filesystem::exists(path("report.html")));
     } else {
         EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.output, "The report is in\n  report.html\n");
         EXPECT_EQ(outcome.error, "");
         const nlohmann::json summary = dataOf(read("report.html"), "summary");
         EXPECT_EQ(summary["strings"][summary["findings"]["lineText"][0].get<int>()], "PROBE X");
