@@ -31,7 +31,7 @@ HashesNow hashesNow(const Project& project, const Discovery& discovery,
 
 /// Whether the output is not what the program was converted to, and something may be done about it.
 bool isOutputOpen(const Project& project, const OutputRecord& record, bool restoresDeleted) {
-    if (record.pending || record.conflict ||
+    if (record.pending || record.pendingLog || record.conflict ||
         (restoresDeleted && isDeleted(record, project.folder / nativePath(record.output)))) {
         return true;
     }

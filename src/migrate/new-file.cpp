@@ -1,5 +1,6 @@
 #include "src/migrate/new-file.h"
 
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -8,6 +9,12 @@
 #include "src/migrate/new-file-system.h"
 
 namespace torvel::migrate {
+
+bool isTorn(std::string_view bytes, std::string_view whole) {
+    return bytes.size() <= whole.size() &&
+           std::equal(bytes.begin(), bytes.end(), whole.begin(),
+                      [](char left, char right) { return left == right || left == '\0'; });
+}
 
 NativePath temporaryPath(const NativePath& path) {
     // Short, whatever the file's name: a name has a bound.

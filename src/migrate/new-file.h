@@ -44,6 +44,10 @@ bool canFlushFolder();
 /// outputs, some thousand at a time.
 void flushFolder(const NativePath& folder);
 
+/// Whether `bytes` are what a power cut may have left of `whole`, which was not flushed: the end or blocks of it are
+/// missing.
+bool isTorn(std::string_view bytes, std::string_view whole);
+
 /// The name, in the same folder, under which a file is written before it is put in place. It is always the same one,
 /// so that nothing piles up when a run is killed; two runs at once are kept apart by the lock of the store.
 NativePath temporaryPath(const NativePath& path);

@@ -1,7 +1,5 @@
 #include "src/migrate/output-decision.h"
 
-#include <algorithm>
-
 #include "src/migrate/merge.h"
 #include "src/migrate/new-file.h"
 #include "src/migrate/text-lines.h"
@@ -9,14 +7,6 @@
 namespace torvel::migrate {
 
 namespace {
-
-/// Whether `bytes` are what a power cut may have left of `whole`, which was not flushed: the end or blocks of it are
-/// missing.
-bool isTorn(std::string_view bytes, std::string_view whole) {
-    return bytes.size() <= whole.size() &&
-           std::equal(bytes.begin(), bytes.end(), whole.begin(),
-                      [](char left, char right) { return left == right || left == '\0'; });
-}
 
 bool hasHash(const std::optional<std::string>& bytes, const std::optional<ContentHash>& hash) {
     return bytes && hash && hashOf(*bytes) == *hash;

@@ -23,20 +23,14 @@ std::optional<ContentHash> leftAlone(const OutputPlan& plan) {
     }
 }
 
-NativePath logPath(const NativePath& output) {
-    NativePath path = output;
-    return path.replace_extension(".log");
-}
-
-PlacedOutput placeBoth(const OutputPlan& plan, const NativePath& log, std::string_view logText,
-                       const SourceFiles& sources) {
-    const CarriedOut logDone = placeText(log, logText, sources);
+PlacedOutput placeBoth(const OutputPlan& plan, const LogPlan& log) {
+    const CarriedOut logDone = carryOut(log);
     const CarriedOut done = carryOut(plan);
     std::string message = done.message;
     if (!message.empty() && !logDone.message.empty()) {
         message += ' ';
     }
-    return {done.isDone && logDone.isDone, message + logDone.message};
+    return {done.isDone, message + logDone.message, logDone.isDone};
 }
 
 }  // namespace
@@ -80,8 +74,10 @@ PlanOutput placingOutputs(SourceFiles sources) {
         planned.leftAlone = leftAlone(*plan);
         planned.message = plan->message;
         if (plan->decision.action != OutputAction::refuse) {
-            planned.place = [shared, plan, log = logPath(task.path), text = task.log] {
-                return placeBoth(*plan, log, text, *shared);
+            const LogHistory known{task.record.log, task.record.pendingLog};
+            planned.pendingLog = logHash(task.log);
+            planned.place = [plan, log = planLog(logPath(task.path), known, task.log, *shared)] {
+                return placeBoth(*plan, log);
             };
         }
         return planned;

@@ -1,5 +1,7 @@
 #include "src/migrate/output-records.h"
 
+#include <utility>
+
 #include "src/migrate/file-hashes.h"
 #include "src/migrate/outputs.h"
 
@@ -33,6 +35,9 @@ void makePendingTheConflict(OutputRecord& record) {
 }  // namespace
 
 void settleRecord(OutputRecord& record, const NativePath& output) {
+    if (record.pendingLog && logHashAt(logPath(output)) == record.pendingLog) {
+        noteLogDone(record);
+    }
     if (!record.pending) {
         return;
     }
@@ -76,6 +81,15 @@ void notePlanned(OutputRecord& record, const ContentHash& generated, const Plann
     record.placed = plan.placed;
     record.placedConflict = plan.placedConflict;
     record.leftAlone = plan.leftAlone;
+    if (plan.pendingLog) {
+        record.pendingLog = plan.pendingLog;
+    }
+}
+
+void noteLogDone(OutputRecord& record) {
+    if (record.pendingLog) {
+        record.log = std::exchange(record.pendingLog, std::nullopt);
+    }
 }
 
 void noteDone(OutputRecord& record) {

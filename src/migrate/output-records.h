@@ -24,5 +24,6 @@ void notePlanned(OutputRecord& record, const ContentHash& generated, const Plann
 
 /// The record after the plan was carried out.
 void noteDone(OutputRecord& record);
+void noteLogDone(OutputRecord& record);
 
 }  // namespace torvel::migrate

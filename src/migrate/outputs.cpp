@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "src/migrate/new-file.h"
+#include "src/migrate/text-lines.h"
 
 namespace torvel::migrate {
 
@@ -175,6 +176,16 @@ bool hasChanged(const NativePath& path, const std::optional<ContentHash>& hash) 
     return !read(path, bytes, ignored) || hashOf(bytes) != hash;
 }
 
+/// Whether a log may be replaced.
+bool isLogOfOurs(std::string_view bytes, const LogHistory& history, std::string_view text) {
+    if (!history.written) {
+        return true;
+    }
+    const ContentHash hash = logHash(bytes);
+    return hash == *history.written || hash == history.pending ||
+           (history.pending && isTorn(bytes, platformText(text)));
+}
+
 CarriedOut replaceBytes(const NativePath& path, const std::optional<ContentHash>& old,
                         std::string_view bytes, Flush flush) {
     NewFile file(path);
@@ -261,25 +272,59 @@ CarriedOut carryOut(const OutputPlan& plan) {
     return result;
 }
 
-CarriedOut placeText(const NativePath& path, std::string_view text, const SourceFiles& sources) {
-    std::string message;
-    const FilePlace place = placeOf(path, message);
-    const std::string bytes = platformText(text);
-    if (!message.empty()) {
-        return {false, message};
+NativePath logPath(const NativePath& output) {
+    NativePath path = output;
+    return path.replace_extension(".log");
+}
+
+ContentHash logHash(std::string_view text) {
+    std::string lines = withLineFeeds(std::string(text));
+    if (lines.ends_with('\n')) {
+        lines.pop_back();
     }
-    if (!place.isFree && readBytes(place.path) == bytes) {
-        return {true, {}};
+    return migrate::hashOf(lines);
+}
+
+std::optional<ContentHash> logHashAt(const NativePath& path) {
+    const std::optional<std::string> bytes = readBytes(path);
+    return bytes ? std::optional(logHash(*bytes)) : std::nullopt;
+}
+
+LogPlan planLog(const NativePath& path, const LogHistory& history, std::string_view text,
+                const SourceFiles& sources) {
+    LogPlan plan;
+    plan.text = text;
+    std::optional<std::string> bytes;
+    const FilePlace place = placeOf(path, plan.message);
+    plan.path = place.path;
+    if (!plan.message.empty() || !readAt(place, bytes, plan.message)) {
+        plan.action = LogAction::refuse;
+        return plan;
     }
-    message = objection(place, sources);
-    if (!message.empty()) {
-        return {false, message};
+    plan.there = hashOf(bytes);
+    if (bytes && haveSameLines(*bytes, text)) {
+        return plan;
     }
-    NewFile file(place.path);
-    if (!file.write(bytes, Flush::no) || !file.putInPlace()) {
-        return {false, sentence(place.path, " cannot be written (" + file.error() + ").")};
+    if (bytes && !isLogOfOurs(*bytes, history, text)) {
+        plan.action = LogAction::leaveForeign;
+        plan.message = sentence(plan.path,
+                                " is there, and it is not the log that was written last, so it "
+                                "stays as it is. To have the log written, move it away and "
+                                "convert again.");
+        return plan;
     }
-    return {true, {}};
+    plan.message = objection(place, sources);
+    plan.action = plan.message.empty() ? LogAction::write : LogAction::refuse;
+    return plan;
+}
+
+CarriedOut carryOut(const LogPlan& plan) {
+    switch (plan.action) {
+        case LogAction::nothing: return {true, {}};
+        case LogAction::write:
+            return replaceBytes(plan.path, plan.there, platformText(plan.text), Flush::no);
+        default: return {false, plan.message};
+    }
 }
 
 }  // namespace torvel::migrate

@@ -132,8 +132,9 @@ void Run::begin() {
 void Run::settlePending() {
     std::vector<OutputRecord*> pending;
     for (auto& [name, program] : known_.programs) {
-        if (program.stored.outputRecord && program.stored.outputRecord->pending) {
-            pending.push_back(&*program.stored.outputRecord);
+        auto& record = program.stored.outputRecord;
+        if (record && (record->pending || record->pendingLog)) {
+            pending.push_back(&*record);
         }
     }
     inThreads(threads_, pending.size(), [&](std::size_t i, unsigned) {
@@ -141,9 +142,10 @@ void Run::settlePending() {
     });
     std::vector<OutputRecord> known;
     for (const OutputRecord* record : pending) {
-        if (!record->pending) {
+        OutputRecord& before = outputs_[record->output];
+        if (*record != before) {
             known.push_back(*record);
-            outputs_[record->output] = *record;
+            before = *record;
         }
     }
     confirm(known);
@@ -244,10 +246,15 @@ void Run::place(ConvertedProgram& program) {
         step();
     }
     tell(*program.found, std::move(placed.message));
+    if (placed.isLogDone) {
+        noteLogDone(*program.record);
+    }
     if (placed.isDone) {
         noteDone(*program.record);
+    }
+    if (placed.isDone || placed.isLogDone) {
         const std::lock_guard lock(placedMutex_);
-        if (program.plan.isAsGenerated) {
+        if (placed.isDone && program.plan.isAsGenerated) {
             asGenerated_.insert(program.record->output);
         }
         placed_.push_back(std::move(*program.record));

@@ -54,10 +54,12 @@ struct OutputTask {
 
 /// What came of putting an output in place.
 struct PlacedOutput {
-    /// The files are as they were planned.
+    /// The output is as it was planned.
     bool isDone = false;
     /// A sentence for a person; empty: nothing is to be told.
     std::string message;
+    /// The log is there too.
+    bool isLogDone = false;
 };
 
 /// What will be done with an output.
@@ -68,6 +70,8 @@ struct PlannedOutput {
     std::optional<ContentHash> placed;
     /// The hash of the conflict file that is about the generated text when it is done.
     std::optional<ContentHash> placedConflict;
+    /// The hash of the log that will be beside it when it is done; none: no log is written.
+    std::optional<ContentHash> pendingLog;
     /// The output is as it was generated when it is done.
     bool isAsGenerated = false;
     /// The output stays as it is, and so it will until it changes: the hash of its bytes, or `noFile`.

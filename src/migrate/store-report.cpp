@@ -10,6 +10,7 @@
 #include "src/migrate/output-records.h"
 #include "src/migrate/outputs.h"
 #include "src/migrate/recorded-source.h"
+#include "src/migrate/text-lines.h"
 
 namespace torvel::migrate {
 
@@ -28,18 +29,7 @@ bool isAsGenerated(const StoredProgram& program, const std::optional<std::string
     if (!bytes || record.pending || record.conflict || record.base != program.generated) {
         return false;
     }
-    if (hashOf(*bytes) == *record.base) {
-        return true;
-    }
-    std::string text = *bytes;
-    std::size_t length = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '\r' || i + 1 == text.size() || text[i + 1] != '\n') {
-            text[length++] = text[i];
-        }
-    }
-    text.resize(length);
-    return hashOf(text) == *record.base;
+    return hashOf(*bytes) == *record.base || hashOf(withLineFeeds(*bytes)) == *record.base;
 }
 
 OutputNow outputNow(const ReportedStore& source, const StoredProgram& program,

@@ -20,6 +20,8 @@
 //     conflict       the text that a person's edits could not be merged with
 //     conflict_file  the hash of the conflict file that says so
 //     left_alone    the hash of the file that was left as it is, all zero for a file that was deleted; none: look again
+//     log           the hash of the lines of the log that was put in place last, all zero: none was; none: nobody knows
+//     pending_log   that of a newer log that is not there: it was about to be put there, or something is in the way
 //   text          texts of files and outputs, each once, compressed (compressed-text.h)
 //
 // One transaction writes all rows of a program, before its output is put in place.
@@ -101,6 +103,10 @@ constexpr std::array steps{
     R"(
         ALTER TABLE project ADD COLUMN identity BLOB;
         UPDATE project SET identity = randomblob(16);
+    )",
+    R"(
+        ALTER TABLE output ADD COLUMN log BLOB;
+        ALTER TABLE output ADD COLUMN pending_log BLOB;
     )",
 };
 

@@ -12,7 +12,8 @@ constexpr std::int64_t storeApplication = 0x546f7276;
 /// that was given away is never changed.
 std::span<const char* const> storeSteps();
 
-/// Who reads takes stores of older versions from this one on as they are; they have no `project.identity`.
+/// Who reads takes stores of older versions from this one on as they are; they may have no `project.identity`, and
+/// know nothing of logs.
 constexpr std::int64_t oldestReadableStore = 1;
 
 }  // namespace torvel::migrate

@@ -44,6 +44,14 @@ void bindHash(Query& query, int hole, const std::optional<ContentHash>& hash) {
     }
 }
 
+/// The columns of an output as `outputAt` reads them, of a store that may be older.
+std::string outputColumns(Database& database) {
+    return std::string(
+               "o.path, o.program, o.base, o.pending, o.placed, o.placed_conflict, o.conflict,"
+               " o.conflict_file, o.left_alone, ") +
+           (database.number("PRAGMA user_version") > 2 ? "o.log, o.pending_log" : "NULL, NULL");
+}
+
 /// The columns of an output from `first` on, its path in front.
 OutputRecord outputAt(const Query& row, int first) {
     OutputRecord record;
@@ -56,6 +64,8 @@ OutputRecord outputAt(const Query& row, int first) {
     record.conflict = hashAt(row, first + 6);
     record.conflictFile = hashAt(row, first + 7);
     record.leftAlone = hashAt(row, first + 8);
+    record.log = hashAt(row, first + 9);
+    record.pendingLog = hashAt(row, first + 10);
     return record;
 }
 
@@ -117,7 +127,8 @@ WritingStatements::WritingStatements(Database& database)
       putInput(database, "INSERT INTO input VALUES (?, ?, ?, ?)"),
       putFile(database, "INSERT INTO file VALUES (?, ?, ?, ?)"),
       putText(database, "INSERT OR IGNORE INTO text VALUES (?, ?)"),
-      putOutput(database, "INSERT OR REPLACE INTO output VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)") {}
+      putOutput(database,
+                "INSERT OR REPLACE INTO output VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)") {}
 
 }  // namespace
 
@@ -198,6 +209,8 @@ void Store::Tables::putOutput(const OutputRecord& record) {
     bindHash(query, 6, record.conflict);
     bindHash(query, 7, record.conflictFile);
     bindHash(query, 8, record.leftAlone);
+    bindHash(query, 9, record.log);
+    bindHash(query, 10, record.pendingLog);
     query.run();
 }
 
@@ -328,11 +341,12 @@ std::vector<Notice> Store::notices() const {
 }
 
 void Store::forEachProgram(const std::function<void(const StoredProgram&)>& take) const {
-    Query query(tables_->database(),
-                "SELECT p.number, p.path, p.output, p.machine, p.status, p.key, p.lines,"
-                " p.converted_lines, p.generated, o.path, o.program, o.base, o.pending, o.placed,"
-                " o.placed_conflict, o.conflict, o.conflict_file, o.left_alone"
-                " FROM program p LEFT JOIN output o ON o.path = p.output ORDER BY p.path");
+    const std::string sql =
+        "SELECT p.number, p.path, p.output, p.machine, p.status, p.key, p.lines,"
+        " p.converted_lines, p.generated, " +
+        outputColumns(tables_->database()) +
+        " FROM program p LEFT JOIN output o ON o.path = p.output ORDER BY p.path";
+    Query query(tables_->database(), sql.c_str());
     while (query.step()) {
         take(programAt(query));
     }
@@ -396,7 +410,9 @@ std::vector<ContentHash> Store::textHashes() const {
 }
 
 void Store::forEachOutput(const std::function<void(const OutputRecord&)>& take) const {
-    Query query(tables_->database(), "SELECT * FROM output ORDER BY path");
+    const std::string sql =
+        "SELECT " + outputColumns(tables_->database()) + " FROM output o ORDER BY path";
+    Query query(tables_->database(), sql.c_str());
     while (query.step()) {
         take(outputAt(query, 0));
     }
@@ -404,9 +420,10 @@ void Store::forEachOutput(const std::function<void(const OutputRecord&)>& take) 
 
 std::vector<OutputRecord> Store::leftOutputs() const {
     std::vector<OutputRecord> records;
-    Query query(
-        tables_->database(),
-        "SELECT * FROM output WHERE path NOT IN (SELECT output FROM program) ORDER BY path");
+    const std::string sql =
+        "SELECT " + outputColumns(tables_->database()) +
+        " FROM output o WHERE path NOT IN (SELECT output FROM program) ORDER BY path";
+    Query query(tables_->database(), sql.c_str());
     while (query.step()) {
         records.push_back(outputAt(query, 0));
     }

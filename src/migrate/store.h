@@ -40,6 +40,10 @@ struct OutputRecord {
     std::optional<ContentHash> conflictFile;
     /// The hash of the bytes of an output that is left as it is, or `noFile`: nothing changes until it does.
     std::optional<ContentHash> leftAlone;
+    /// The hash of the lines of the log that was put in place last; `noFile`: none was; none: nobody knows.
+    std::optional<ContentHash> log = noFile;
+    /// That of a newer log that was about to be put in place, or that something is in the way of.
+    std::optional<ContentHash> pendingLog;
 
     bool operator==(const OutputRecord&) const = default;
 };

@@ -64,6 +64,17 @@ std::vector<TextLine> linesOf(std::string_view text) {
     return lines;
 }
 
+std::string withLineFeeds(std::string text) {
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\r' || i + 1 == text.size() || text[i + 1] != '\n') {
+            text[length++] = text[i];
+        }
+    }
+    text.resize(length);
+    return text;
+}
+
 bool haveSameLines(std::string_view a, std::string_view b) {
     while (!a.empty() && !b.empty()) {
         if (takeLine(a).text != takeLine(b).text) {

@@ -192,6 +192,58 @@ TEST_F(CommandTest, EditsThatCannotBeMergedWaitForAPerson) {
     EXPECT_EQ(report({"converted"})["programs"][0]["outputState"], "as-generated");
 }
 
+TEST_F(CommandTest, ALogThatAPersonWroteStays) {
+    // Sources and outputs are one folder, and a note lies in the log's place.
+    write("part.pgm", "PROBE X\n");
+    write("part.log", "measured on Monday\n");
+    const std::string stays =
+        "part.log is there, and it is not the log that was written last, so it stays as it is.";
+    const auto convert = [&] { return run({"convert", ".", "-o", "."}); };
+    for (int i = 0; i < 2; ++i) {  // told as long as it is so
+        const Outcome outcome = convert();
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_NE(outcome.error.find(stays), std::string::npos) << outcome.error;
+        EXPECT_EQ(read("part.log"), "measured on Monday\n");
+    }
+    EXPECT_TRUE(std::filesystem::exists(path("part.torvel")));
+
+    std::filesystem::remove(path("part.log"));
+    EXPECT_EQ(convert().error, "");
+    const std::string log = read("part.log");
+    EXPECT_NE(log.find("PROBE is no longer supported."), std::string::npos) << log;
+    EXPECT_TRUE(begins(convert().output, "Converted 0 programs"));
+
+    // It is ours, and is written anew.
+    write("part.pgm", "G1 X1\n");
+    EXPECT_EQ(convert().error, "");
+    EXPECT_EQ(read("part.log"), "");
+
+    // A person writes into it; what is generated becomes equal to it.
+    write("part.log", log);
+    write("part.pgm", "G1 X2\n");
+    EXPECT_NE(convert().error.find(stays), std::string::npos);
+    EXPECT_EQ(read("part.log"), log);
+    write("part.pgm", "PROBE X\n");
+    EXPECT_EQ(convert().error, "");
+    write("part.pgm", "G1 X3\n");
+    EXPECT_EQ(convert().error, "");
+    EXPECT_EQ(read("part.log"), "");
+}
+
+TEST_F(CommandTest, ALogBesideAnOutputOfUnknownOrigin) {
+    write("programs/part.pgm", "G1 X1\n");
+    write("converted/part.torvel", "somebody else's\n");
+    write("converted/part.log", "somebody else's too\n");
+    const Outcome outcome = run({"convert", "programs"});
+    EXPECT_NE(outcome.error.find("part.torvel is there, and the store does not know"),
+              std::string::npos)
+        << outcome.error;
+    EXPECT_NE(outcome.error.find("part.log is there, and it is not the log"), std::string::npos)
+        << outcome.error;
+    EXPECT_EQ(read("converted/part.torvel"), "somebody else's\n");
+    EXPECT_EQ(read("converted/part.log"), "somebody else's too\n");
+}
+
 TEST_F(CommandTest, TheGate) {
     write("migration.toml", "sources = [\"programs\"]\n");
     write("programs/a.pgm", "PROBE X\n$a = 1e3\n");

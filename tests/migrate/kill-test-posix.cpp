@@ -8,6 +8,7 @@
 #include <csignal>
 #include <random>
 
+#include "src/migrate/output-placing.h"
 #include "tests/migrate/plant.h"
 
 namespace torvel::migrate::test {
@@ -85,7 +86,48 @@ std::string outputsOf(Plant& plant) {
     return plant.outputs();
 }
 
+/// Puts the outputs in place as the program does, and the process is killed when the first log is, before its output.
+PlanOutput killedBehindALog() {
+    return [placing = placingOutputs({})](const OutputTask& task) {
+        PlannedOutput plan = placing(task);
+        plan.place = [log = planLog(logPath(task.path), {task.record.log, task.record.pendingLog},
+                                    task.log, {})] {
+            EXPECT_TRUE(carryOut(log).isDone);
+            std::raise(SIGKILL);
+            return PlacedOutput();
+        };
+        return plan;
+    };
+}
+
 }  // namespace
+
+// The log that the killed run has put in place is its own, and not a person's.
+TEST(Kill, BetweenALogAndItsOutput) {
+    Plant plant;
+    plant.options.planOutput = placingOutputs({});
+    plant.add("a.pgm", "PROBE X\n");
+    plant.run();
+    for (const std::string axis : {"Y", "Z"}) {
+        plant.write("a.pgm", "PROBE " + axis + "\n");
+        const pid_t child = fork();
+        if (child == 0) {
+            plant.options.planOutput = killedBehindALog();
+            plant.run();
+            _exit(0);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        EXPECT_TRUE(WIFSIGNALED(status));
+    }
+    const std::string log = plant.read("out/a.log");
+    EXPECT_NE(log.find("PROBE"), std::string::npos) << log;
+    plant.write("a.pgm", "G1 X1\n");
+    const RunSummary summary = plant.run();
+    EXPECT_TRUE(summary.outputNotices.empty()) << summary.outputNotices[0].text;
+    EXPECT_EQ(plant.read("out/a.log"), "");
+    EXPECT_EQ(plant.read("out/a.torvel"), "G1 X1\n\n");
+}
 
 TEST(Kill, RunsGoOnFromAnyStep) {
     Plant whole;

@@ -10,6 +10,7 @@
 #include <csignal>
 
 #include "src/migrate/new-file.h"
+#include "src/migrate/store.h"
 #include "tests/support/temporary-directory.h"
 
 namespace torvel::migrate::test {
@@ -199,14 +200,17 @@ TEST_F(Outputs, ASourceIsNeverReplaced) {
     std::filesystem::remove(output());
     std::filesystem::create_hard_link(path("part.pgm"), output());
     expectRefused(plan(second), "is a source of the programs");
-    EXPECT_FALSE(placeText(output(), second, sources).isDone);
+    const LogPlan log = planLog(output(), {}, second, sources);
+    EXPECT_EQ(log.action, LogAction::refuse);
+    EXPECT_NE(log.message.find("is a source of the programs"), std::string::npos) << log.message;
+    EXPECT_FALSE(carryOut(log).isDone);
     EXPECT_EQ(readFile(path("part.pgm")), first);
 }
 
 TEST_F(Outputs, WhatIsNoFile) {
     std::filesystem::create_directories(output());
     expectRefused(plan(first), "is a folder");
-    EXPECT_FALSE(placeText(output(), first, sources).isDone);
+    EXPECT_FALSE(carryOut(planLog(output(), {}, first, sources)).isDone);
     std::filesystem::remove(output());
     ASSERT_EQ(mkfifo(output().c_str(), 0600), 0);
     expectRefused(plan(first), "is no regular file");
@@ -319,16 +323,71 @@ TEST_F(Outputs, FoldersAreFlushed) {
     EXPECT_EQ(readFile(output()), first);
 }
 
-TEST_F(Outputs, TextsThatNobodyEdits) {
-    EXPECT_TRUE(placeText(path("logs/part.log"), first, sources).isDone);
-    EXPECT_EQ(readFile(path("logs/part.log")), first);
-    writeFile(path("logs/part.log"), "something else");
-    EXPECT_TRUE(placeText(path("logs/part.log"), first, sources).isDone);
-    EXPECT_EQ(readFile(path("logs/part.log")), first);
-    const auto time = std::filesystem::last_write_time(path("logs/part.log"));
-    EXPECT_TRUE(placeText(path("logs/part.log"), first, sources).isDone);
-    EXPECT_EQ(std::filesystem::last_write_time(path("logs/part.log")), time);
+TEST_F(Outputs, ALogsLife) {
+    const NativePath log = path("logs/part.log");
+    const std::string sentence =
+        log.string() +
+        " is there, and it is not the log that was written last, so it stays as it is. To have the "
+        "log written, move it away and convert again.";
+    const auto place = [&](const LogHistory& known, std::string_view text) {
+        const LogPlan made = planLog(log, known, text, sources);
+        const CarriedOut done = carryOut(made);
+        EXPECT_EQ(done.isDone, made.action != LogAction::leaveForeign);
+        EXPECT_EQ(done.message, made.action == LogAction::leaveForeign ? sentence : "");
+        return made.action;
+    };
+    const LogHistory none{noFile, {}};
+    EXPECT_EQ(place(none, first), LogAction::write);
+    EXPECT_EQ(readFile(log), first);
     EXPECT_EQ(filesIn(path("logs")), 1U);
+
+    // What was written last is replaced, whatever its line ends; what is right already is not touched.
+    writeFile(log, "a\r\nb\r\nc");
+    const LogHistory written{logHash(first), {}};
+    const auto time = std::filesystem::last_write_time(log);
+    EXPECT_EQ(place(written, first), LogAction::nothing);
+    EXPECT_EQ(std::filesystem::last_write_time(log), time);
+    EXPECT_EQ(place(written, second), LogAction::write);
+    EXPECT_EQ(readFile(log), second);
+
+    // A person's stays, whether one of ours was there before or not, until it is gone.
+    writeFile(log, "mine\n");
+    for (const LogHistory& known : {none, written, LogHistory{noFile, logHash(second)}}) {
+        EXPECT_EQ(place(known, second), LogAction::leaveForeign);
+        EXPECT_EQ(readFile(log), "mine\n");
+    }
+    std::filesystem::remove(log);
+    EXPECT_EQ(place(written, second), LogAction::write);
+
+    // Of an older store nobody knows.
+    writeFile(log, "mine\n");
+    EXPECT_EQ(place({}, second), LogAction::write);
+    EXPECT_EQ(readFile(log), second);
+}
+
+TEST_F(Outputs, ALogOfARunThatWasCutOff) {
+    const NativePath log = path("logs/part.log");
+    const LogHistory pending{noFile, logHash(first)};
+    // It was put in place, and now there is another one.
+    EXPECT_TRUE(carryOut(planLog(log, pending, first, sources)).isDone);
+    EXPECT_EQ(planLog(log, pending, second, sources).action, LogAction::write);
+    // A power cut has left a part of it, or nothing but its length.
+    for (const std::string& torn : {std::string(), std::string("a\n"), std::string(6, '\0')}) {
+        writeFile(log, torn);
+        EXPECT_EQ(planLog(log, pending, first, sources).action, LogAction::write);
+        EXPECT_EQ(planLog(log, {noFile, {}}, first, sources).action, LogAction::leaveForeign);
+    }
+}
+
+TEST_F(Outputs, ALogThatChangesWhileTheProgramIsConverted) {
+    const NativePath log = path("part.log");
+    const LogPlan made = planLog(log, {noFile, {}}, first, sources);
+    writeFile(log, "mine\n");
+    const CarriedOut done = carryOut(made);
+    EXPECT_FALSE(done.isDone);
+    EXPECT_NE(done.message.find("was changed by somebody else just now"), std::string::npos)
+        << done.message;
+    EXPECT_EQ(readFile(log), "mine\n");
 }
 
 TEST_F(Outputs, NamesOfAllBytesAndTheLongestOnes) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "src/migrate/outputs.h"
+
 namespace torvel::migrate::test {
 
 namespace {
@@ -32,7 +34,7 @@ PlacedOutput replace(const NativePath& path, const std::string& text,
     if (step) {
         step();
     }
-    return {true, "wrote " + path.filename().string()};
+    return {true, "wrote " + path.filename().string(), true};
 }
 
 }  // namespace
@@ -133,7 +135,8 @@ std::string Plant::dump() const {
         text += "output " + record.output + " of " + record.program + " base " +
                 textOf(opened, record.base) + " pending " + textOf(opened, record.pending) +
                 " placed " + shown(record.placed) + " conflict " + textOf(opened, record.conflict) +
-                " " + shown(record.conflictFile) + " left " + shown(record.leftAlone) + "\n";
+                " " + shown(record.conflictFile) + " left " + shown(record.leftAlone) + " log " +
+                shown(record.log) + " pending " + shown(record.pendingLog) + "\n";
     });
     return text + std::to_string(opened.textHashes().size()) + " texts\n";
 }
@@ -177,10 +180,11 @@ PlanOutput simplePlacing(std::function<void()> step) {
             text += there->substr(task.texts.base->size());
         }
         plan.placed = hashOf(text);
+        plan.pendingLog = logHash(task.log);
         plan.place = [=, path = task.path, log = std::string(task.log)] {
             NativePath logPath = path;
             replace(logPath.replace_extension(".log"), log, step);
-            return there == text ? PlacedOutput{true, {}} : replace(path, text, step);
+            return there == text ? PlacedOutput{true, {}, true} : replace(path, text, step);
         };
         return plan;
     };

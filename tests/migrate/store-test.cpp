@@ -89,6 +89,8 @@ PackedProgram programOf(const std::string& name) {
     record.conflict = hashOf("output of " + name);
     record.conflictFile = hashOf("conflict file");
     record.leftAlone = noFile;
+    record.log = hashOf("log");
+    record.pendingLog = hashOf("newer log");
     program.outputRecord = record;
     return program;
 }
@@ -228,7 +230,7 @@ TEST(Store, OneOfANewerVersion) {
     EXPECT_EQ(refusal(path, StoreUse::write), "");
     {
         Database newer(path, DatabaseUse::write);
-        newer.execute("PRAGMA user_version = 3");
+        newer.execute(("PRAGMA user_version = " + std::to_string(storeSteps().size() + 1)).c_str());
     }
     const std::string before = readFile(path);
     const std::string sentence =
@@ -286,6 +288,35 @@ TEST(Store, TheFirstVersionIsReadAndBroughtUpToDate) {
         EXPECT_EQ(store.projectIdentity().size(), 32U);
     }
     EXPECT_EQ(Store(path, StoreUse::read).projectIdentity().size(), 32U);
+}
+
+TEST(Store, TheSecondVersionKnowsNothingOfLogs) {
+    const TemporaryDirectory folder;
+    const NativePath path = folder.path() / "s";
+    {
+        Database second(path, DatabaseUse::write);
+        second.execute(storeSteps()[0]);
+        second.execute(storeSteps()[1]);
+        second.execute(
+            "INSERT INTO program VALUES (1, CAST('a.pgm' AS BLOB), CAST('a.torvel' AS BLOB), x'',"
+            " 0, x'', 1, 1, x'', x'', NULL);"
+            "INSERT INTO output (path, program) VALUES (CAST('a.torvel' AS BLOB),"
+            " CAST('a.pgm' AS BLOB)); PRAGMA user_version = 2");
+    }
+    for (const StoreUse use : {StoreUse::read, StoreUse::write, StoreUse::read}) {
+        const Store store(path, use);
+        std::vector<OutputRecord> records;
+        store.forEachProgram([&](const StoredProgram& program) {
+            records.push_back(program.outputRecord.value_or(OutputRecord()));
+        });
+        store.forEachOutput([&](const OutputRecord& record) { records.push_back(record); });
+        ASSERT_EQ(records.size(), 2U);
+        for (const OutputRecord& record : records) {
+            EXPECT_EQ(record.output, "a.torvel");
+            EXPECT_EQ(record.log, std::nullopt);
+            EXPECT_EQ(record.pendingLog, std::nullopt);
+        }
+    }
 }
 
 TEST(Store, OlderVersionsGoThroughTheStepsThatTheyLack) {
