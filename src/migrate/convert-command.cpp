@@ -11,6 +11,7 @@
 #include "src/migrate/gate.h"
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/new-file.h"
+#include "src/migrate/output-owners.h"
 #include "src/migrate/output-placing.h"
 #include "src/migrate/progress.h"
 #include "src/migrate/reporting.h"
@@ -107,6 +108,7 @@ int convertCommand(const Options& options, const Console& console) {
     Work work;
     prepare(work, options, console);
     const auto store = std::make_shared<Store>(openForWriting(work.project, options.rebuild));
+    findOutputOwners(work.project, *store, work.discovery);
     RunSummary summary = runTold(work, *store, options, console);
     tellNotices(summary.outputNotices, console);
     if (summary.isCancelled) {

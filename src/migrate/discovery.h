@@ -23,6 +23,9 @@ struct FoundProgram {
     /// Other programs with the same output, also by case, and sources that its output would replace: it is not
     /// converted.
     std::vector<std::string> collidesWith;
+    /// Another program that the output in its place was made from, and that is still there (output-owners.h): it is
+    /// not converted. Empty: none.
+    std::string outputOwner;
     /// Another one when any file that its includes lead to is another, or leads elsewhere. Files that cannot be read
     /// count as missing.
     ContentHash reach{};

@@ -18,6 +18,12 @@ std::string sentenceOnCollision(const FoundProgram& found) {
 
 }  // namespace
 
+std::string sentenceOnOwner(const FoundProgram& found) {
+    return "Its output \"" + found.output + "\" belongs to \"" + found.outputOwner +
+           "\", which is still there, so it was not converted. Convert the two in one run, or "
+           "give one of them another output folder.";
+}
+
 FindingRow findingOfWhole(const FoundProgram& found, std::string_view code, std::string text) {
     FindingRow row;
     row.file = found.program;
@@ -34,6 +40,9 @@ ProgramResult resultOf(const FoundProgram& found, const MachineSettings& setting
     if (!found.collidesWith.empty()) {
         result.status = ProgramStatus::collides;
         result.findings = {findingOfWhole(found, outputCollides, sentenceOnCollision(found))};
+    } else if (!found.outputOwner.empty()) {
+        result.status = ProgramStatus::collides;
+        result.findings = {findingOfWhole(found, outputCollides, sentenceOnOwner(found))};
     } else if (!settings.fault.empty()) {
         result.status = ProgramStatus::unreadable;
         result.findings = {findingOfWhole(found, parametersUnreadable, settings.fault)};

@@ -14,6 +14,9 @@ namespace torvel::migrate {
 ProgramResult resultOf(const FoundProgram& found, const MachineSettings& settings,
                        ConvertedNames* names = nullptr);
 
+/// Why a program with an `outputOwner` is not converted.
+std::string sentenceOnOwner(const FoundProgram& found);
+
 /// A finding about a program as a whole.
 FindingRow findingOfWhole(const FoundProgram& found, std::string_view code, std::string text);
 

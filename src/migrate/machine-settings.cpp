@@ -122,6 +122,9 @@ ContentHash keyOfProgram(const FoundProgram& program, const MachineSettings& set
     for (const std::string& other : program.collidesWith) {
         key.add("collides", other);
     }
+    if (!program.outputOwner.empty()) {
+        key.add("owner", program.outputOwner);
+    }
     for (const Input& input : inputs) {
         key.add(input.hash ? "input" : "missing", input.path);
         add(key, "hash", input.hash);

@@ -14,6 +14,7 @@
 #include "src/migrate/known-texts.h"
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/ordered-work.h"
+#include "src/migrate/output-owners.h"
 #include "src/migrate/output-records.h"
 
 namespace torvel::migrate {
@@ -218,6 +219,14 @@ void Run::planOutput(ConvertedProgram& program, const ContentHash& generated) {
     if (const auto known = outputs_.find(found.output); known != outputs_.end()) {
         record = known->second;
     }
+    if (isOfOtherProgram(record, found, project_)) {
+        // Nothing is there any more: what was edited in it is gone, and of no use here.
+        OutputRecord fresh;
+        fresh.output = record.output;
+        fresh.log = record.log;
+        fresh.pendingLog = record.pendingLog;
+        record = std::move(fresh);
+    }
     record.program = found.program;
     const NativePath path = outputPath(found.output);
     settleRecord(record, path);
@@ -346,6 +355,11 @@ void Run::end() {
     step();
     store_.endRun(row);
     step();
+    for (const FoundProgram& found : discovery_.programs) {
+        if (!found.outputOwner.empty()) {
+            told_.emplace_back(&found, sentenceOnOwner(found));
+        }
+    }
     std::stable_sort(told_.begin(), told_.end(), [](const auto& left, const auto& right) {
         return left.first < right.first;  // in the order of the programs
     });

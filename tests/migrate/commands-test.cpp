@@ -244,6 +244,41 @@ TEST_F(CommandTest, ALogBesideAnOutputOfUnknownOrigin) {
     EXPECT_EQ(read("converted/part.log"), "somebody else's too\n");
 }
 
+TEST_F(CommandTest, AnOutputOfAProgramThatIsStillThere) {
+    write("programs/line1/part.pgm", "G1 X1\n");
+    write("programs/line2/part.pgm", "G1 X2\n");
+    EXPECT_EQ(run({"convert", "programs/line1", "-o", "out"}).status, 0);
+    write("out/part.torvel", "G1 X1\n\n// of line 1\n");
+    const std::string sentence =
+        "out/part.torvel: Its output \"out/part.torvel\" belongs to \"programs/line1/part.pgm\", "
+        "which is still there, so it was not converted. Convert the two in one run, or give one of "
+        "them another output folder.\n";
+    for (int i = 0; i < 2; ++i) {
+        const Outcome second = run({"convert", "programs/line2", "-o", "out"});
+        EXPECT_EQ(second.error, sentence);
+        EXPECT_EQ(read("out/part.torvel"), "G1 X1\n\n// of line 1\n");
+        const nlohmann::json told = report({"out"});
+        ASSERT_EQ(told["programs"].size(), 1U);
+        EXPECT_EQ(told["programs"][0]["status"], "collides");
+        EXPECT_EQ(told["programs"][0]["findings"][0]["code"], "output-collides");
+    }
+    // Its own program is converted as ever, with what was edited.
+    write("programs/line1/part.pgm", "G1 X11\n");
+    EXPECT_EQ(run({"convert", "programs/line1", "-o", "out"}).error, "");
+    EXPECT_EQ(read("out/part.torvel"), "G1 X11\n\n// of line 1\n");
+
+    // A program that has gone leaves its output to the other one.
+    std::filesystem::rename(path("programs/line1/part.pgm"), path("part.pgm"));
+    EXPECT_EQ(run({"convert", "programs/line2", "-o", "out"}).error, "");
+    EXPECT_EQ(read("out/part.torvel"), "G1 X2\n\n// of line 1\n");
+
+    // An output that was moved away makes room.
+    std::filesystem::rename(path("part.pgm"), path("programs/line1/part.pgm"));
+    std::filesystem::rename(path("out/part.torvel"), path("part.torvel"));
+    EXPECT_EQ(run({"convert", "programs/line1", "-o", "out"}).error, "");
+    EXPECT_EQ(read("out/part.torvel"), "G1 X11\n\n");
+}
+
 TEST_F(CommandTest, TheGate) {
     write("migration.toml", "sources = [\"programs\"]\n");
     write("programs/a.pgm", "PROBE X\n$a = 1e3\n");

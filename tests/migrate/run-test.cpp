@@ -202,6 +202,7 @@ TEST(Run, RenamedProgramTakesOverItsOutput) {
     plant.run();
     plant.write("out/a.torvel", plant.read("out/a.torvel") + "// mine\n");
     plant.discovery.programs.clear();
+    plant.remove("a.pgm");
     plant.add("a.prg", "G1 X2\n");
     plant.run();
     EXPECT_EQ(plant.read("out/a.torvel"), "G1 X2\n\n// mine\n");

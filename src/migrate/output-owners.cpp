@@ -1,0 +1,42 @@
+#include "src/migrate/output-owners.h"
+
+#include <unordered_map>
+
+namespace torvel::migrate {
+
+namespace {
+
+/// A file that nobody may look at counts as there.
+bool isThere(const NativePath& path) {
+    std::error_code error;
+    return std::filesystem::status(unboundedPath(path), error).type() !=
+           std::filesystem::file_type::not_found;
+}
+
+}  // namespace
+
+bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found,
+                      const Project& project) {
+    if (record.program == found.program) {
+        return false;
+    }
+    const NativePath owner = project.folder / nativePath(record.program);
+    // A name in other capital letters may lead to the same file.
+    return isThere(owner) && fileIdentity(owner) != fileIdentity(found.path);
+}
+
+void findOutputOwners(const Project& project, const Store& store, Discovery& discovery) {
+    std::unordered_map<std::string, FoundProgram*> byOutput;
+    for (FoundProgram& program : discovery.programs) {
+        byOutput.emplace(program.output, &program);
+    }
+    store.forEachOutput([&](const OutputRecord& record) {
+        const auto entry = byOutput.find(record.output);
+        if (entry != byOutput.end() && isOfOtherProgram(record, *entry->second, project) &&
+            isThere(project.folder / nativePath(record.output))) {
+            entry->second->outputOwner = record.program;
+        }
+    });
+}
+
+}  // namespace torvel::migrate
