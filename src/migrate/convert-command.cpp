@@ -137,6 +137,12 @@ int convertCommand(const Options& options, const Console& console) {
         tellNotices(work.discovery.notices, console);  // which the summary has; they may tell why
     }
     store->close();
+    if (summary.notPlaced > 0) {
+        console.error("What " + counted(summary.notPlaced, "program was", "programs were") +
+                      " converted to could not be put in place; it is told above why. The rest is "
+                      "done. Change that, and convert again.\n");
+        return 1;
+    }
     return status;
 }
 

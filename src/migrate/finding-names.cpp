@@ -34,6 +34,7 @@ std::string_view outputStateName(OutputState state) {
         case OutputState::conflict: return "conflict";
         case OutputState::deleted: return "deleted";
         case OutputState::foreign: return "foreign";
+        case OutputState::notWritten: return "not-written";
         default: return "none";
     }
 }

@@ -21,7 +21,7 @@ std::string_view todoName(FindingTodo todo);
 std::string_view originName(FindingOrigin origin);
 /// "converted", "unreadable", "collides".
 std::string_view statusName(ProgramStatus status);
-/// "none", "as-generated", "edited", "conflict", "deleted", "foreign".
+/// "none", "as-generated", "edited", "conflict", "deleted", "foreign", "not-written".
 std::string_view outputStateName(OutputState state);
 /// What became of a program, in one word: a converted one is told by its output where a person has a part in it.
 std::string_view programStatusName(const ReportProgram& program);

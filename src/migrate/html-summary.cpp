@@ -32,7 +32,8 @@ static_assert(static_cast<int>(OutputState::none) == 0 &&
               static_cast<int>(OutputState::edited) == 2 &&
               static_cast<int>(OutputState::conflict) == 3 &&
               static_cast<int>(OutputState::deleted) == 4 &&
-              static_cast<int>(OutputState::foreign) == 5);
+              static_cast<int>(OutputState::foreign) == 5 &&
+              static_cast<int>(OutputState::notWritten) == 6);
 
 template <typename Row, typename Value>
 void writeColumn(std::string_view name, const std::vector<Row>& rows, const Value& value,

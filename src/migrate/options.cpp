@@ -138,7 +138,7 @@ void addConvert(CLI::App& app, Options& options) {
         "  torvel-migrate convert --fail-on moves,rewrite\n"
         "  torvel-migrate convert --restore programs/line1/part.pgm\n"
         "\n"
-        "Exit status: 0 done, 1 the run could not be done, 2 wrong use, 3 findings that are not\n"
+        "Exit status: 0 done, 1 not done, or not all of it, 2 wrong use, 3 findings that are not\n"
         "accepted (with a baseline or --fail-on only).");
 }
 

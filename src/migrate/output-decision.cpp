@@ -90,6 +90,14 @@ OutputHistory settled(const OutputHistory& history, OutputFiles& files) {
     return before;
 }
 
+bool isPendingInPlace(const OutputHistory& before, const OutputHistory& after) {
+    const auto isPending = [&](const std::optional<std::string_view>& text) {
+        return text && text->data() == before.pending->data();
+    };
+    return !before.pending || isPending(after.base) ||
+           (after.conflict && isPending(after.conflict->generated));
+}
+
 OutputDecision decideOutput(const OutputHistory& history, const OutputFiles& files,
                             std::string_view generated) {
     OutputDecision decision;

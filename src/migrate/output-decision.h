@@ -82,6 +82,10 @@ struct OutputDecision {
 /// incomplete has no base, and `files` no such output.
 OutputHistory settled(const OutputHistory& history, OutputFiles& files);
 
+/// Whether the pending text, if there was one, has come to its place, or to the conflict file. `after` is what
+/// `settled` made of `before`.
+bool isPendingInPlace(const OutputHistory& before, const OutputHistory& after);
+
 /// The history after a decision was carried out.
 OutputHistory confirmed(const OutputHistory& history);
 

@@ -30,7 +30,8 @@ PlacedOutput placeBoth(const OutputPlan& plan, const LogPlan& log) {
     if (!message.empty() && !logDone.message.empty()) {
         message += ' ';
     }
-    return {done.isDone, message + logDone.message, logDone.isDone};
+    const bool hasLogFailed = !logDone.isDone && log.action != LogAction::leaveForeign;
+    return {done.isDone, message + logDone.message, logDone.isDone, hasLogFailed};
 }
 
 }  // namespace

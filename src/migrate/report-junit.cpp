@@ -54,6 +54,12 @@ std::vector<Failure> failuresOf(const ReportProgram& program) {
         }
     }
     std::vector<Failure> failures;
+    if (program.outputState == OutputState::notWritten) {
+        failures.push_back({"not-written",
+                            "What the converter wrote could not be put in the output's place: "
+                            "convert again to see why.",
+                            decodedText(program.output) + '\n'});
+    }
     if (program.outputState == OutputState::conflict) {
         failures.push_back({"conflict",
                             "The output was edited, and what the converter writes now changes the "

@@ -37,7 +37,7 @@ struct ReportTotals {
     /// By ProgramStatus.
     std::array<std::uint64_t, 3> byStatus{};
     /// By OutputState.
-    std::array<std::uint64_t, 6> byOutputState{};
+    std::array<std::uint64_t, 7> byOutputState{};
     /// Of the programs that were converted.
     std::uint64_t lines = 0;
     std::uint64_t convertedLines = 0;

@@ -21,6 +21,7 @@ enum class OutputState : std::uint8_t {
     conflict,     // edits and a new generation wait to be brought together
     deleted,      // a person took it away
     foreign,      // it is there, and nobody knows from what it was made: the store was lost
+    notWritten,   // what the converter generated is not in place, because it could not be put there
 };
 
 struct ReportFinding {

@@ -102,6 +102,7 @@ private:
     RunSummary summary_;
     bool needsSweep_ = false;
 
+    std::atomic<std::uint64_t> notPlaced_ = 0;
     std::mutex placedMutex_;
     /// Records of outputs that were put in place, which the store does not know yet.
     std::vector<OutputRecord> placed_;
@@ -255,6 +256,9 @@ void Run::place(ConvertedProgram& program) {
         step();
     }
     tell(*program.found, std::move(placed.message));
+    if (!placed.isDone || placed.hasLogFailed) {
+        ++notPlaced_;
+    }
     if (placed.isLogDone) {
         noteLogDone(*program.record);
     }
@@ -363,6 +367,7 @@ void Run::end() {
     std::stable_sort(told_.begin(), told_.end(), [](const auto& left, const auto& right) {
         return left.first < right.first;  // in the order of the programs
     });
+    summary_.notPlaced = notPlaced_;
     summary_.asGenerated = std::move(asGenerated_);
     for (auto& [found, message] : told_) {
         summary_.outputNotices.push_back({found->output, std::move(message)});

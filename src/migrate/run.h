@@ -60,6 +60,8 @@ struct PlacedOutput {
     std::string message;
     /// The log is there too.
     bool isLogDone = false;
+    /// It should be, and cannot be written.
+    bool hasLogFailed = false;
 };
 
 /// What will be done with an output.
@@ -120,6 +122,8 @@ struct RunSummary {
     std::uint64_t unchanged = 0;
     std::uint64_t removed = 0;
     bool isCancelled = false;
+    /// Programs of which something could not be put in place.
+    std::uint64_t notPlaced = 0;
     /// What is to be told of the outputs that this run looked at, in the order of the programs.
     std::vector<Notice> outputNotices;
     /// Outputs that this run put in place as they were generated.

@@ -44,16 +44,21 @@ OutputNow outputNow(const ReportedStore& source, const StoredProgram& program,
     std::optional<OutputFiles> files =
         readOutputFiles(source.folder / nativePath(program.output), ignored);
     if (!files) {
-        return {OutputState::foreign, {}};
+        return {program.outputRecord->pending ? OutputState::notWritten : OutputState::foreign, {}};
     }
     if (!files->conflict && isAsGenerated(program, files->output)) {
         return {OutputState::asGenerated, {}};
     }
     const OutputTexts texts = textsOf(*program.outputRecord, *source.store);
-    const OutputHistory history = settled(historyOf(*program.outputRecord, texts), *files);
+    const OutputHistory known = historyOf(*program.outputRecord, texts);
+    const OutputHistory history = settled(known, *files);
+    const bool isMissing = !isPendingInPlace(known, history);
+    if (isMissing && !files->output) {
+        return {OutputState::notWritten, {}};
+    }
     const std::string generated = source.store->text(*program.generated);
     OutputNow now;
-    now.state = outputStateOf(history, *files);
+    now.state = isMissing ? OutputState::notWritten : outputStateOf(history, *files);
     now.isOpen = openFindings(
         {generated, history.base.value_or(generated), files->output.value_or("")}, findings);
     return now;
@@ -129,7 +134,7 @@ void Sources::read(Entry& entry, const ReportProgramTaker& take) const {
 /// Whether a person may have had a part in what is there.
 bool isForeign(OutputState state) {
     return state == OutputState::edited || state == OutputState::conflict ||
-           state == OutputState::foreign;
+           state == OutputState::foreign || state == OutputState::notWritten;
 }
 
 ReportTexts Sources::texts(const Entry& entry) const {

@@ -136,13 +136,16 @@ struct Group {
     std::vector<std::string> names;
 };
 
-using Groups = std::array<Group, 6>;
+using Groups = std::array<Group, 7>;
 
 Groups groupsOf(const ReportTotals& totals) {
     return {
         {{"could not be read", numberOf(totals, ProgramStatus::unreadable), {}},
          {"not converted: another program has the same output",
           numberOf(totals, ProgramStatus::collides),
+          {}},
+         {"with a new output that could not be put in its place",
+          numberOf(totals, OutputState::notWritten),
           {}},
          {"with edits that wait to be brought together with a newer output",
           numberOf(totals, OutputState::conflict),
@@ -157,16 +160,19 @@ Groups groupsOf(const ReportTotals& totals) {
 }
 
 /// The groups that a program belongs to.
-std::array<bool, 6> groupsOf(const ReportProgram& program) {
-    return {
-        program.status == ProgramStatus::unreadable,  program.status == ProgramStatus::collides,
-        program.outputState == OutputState::conflict, program.outputState == OutputState::foreign,
-        program.outputState == OutputState::deleted,  program.outputState == OutputState::edited};
+std::array<bool, 7> groupsOf(const ReportProgram& program) {
+    return {program.status == ProgramStatus::unreadable,
+            program.status == ProgramStatus::collides,
+            program.outputState == OutputState::notWritten,
+            program.outputState == OutputState::conflict,
+            program.outputState == OutputState::foreign,
+            program.outputState == OutputState::deleted,
+            program.outputState == OutputState::edited};
 }
 
 void collectNames(const Report& report, Groups& groups) {
     report.forEachProgram([&groups](const ReportProgram& program) {
-        const std::array<bool, 6> isIn = groupsOf(program);
+        const std::array<bool, 7> isIn = groupsOf(program);
         for (std::size_t i = 0; i < groups.size(); ++i) {
             if (isIn[i] && groups[i].names.size() < mostNames) {
                 groups[i].names.push_back(visibleText(decodedText(program.program)));

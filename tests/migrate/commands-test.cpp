@@ -279,6 +279,56 @@ TEST_F(CommandTest, AnOutputOfAProgramThatIsStillThere) {
     EXPECT_EQ(read("out/part.torvel"), "G1 X11\n\n");
 }
 
+TEST_F(CommandTest, OutputsThatCannotBePutInPlace) {
+    write("programs/a.pgm", "PROBE X\n");
+    write("programs/b.pgm", "G1 X1\n");
+    write("programs/sub/c.pgm", "PROBE X\n");
+    write("converted/sub", "a file where a folder is needed\n");
+    EXPECT_TRUE(std::filesystem::create_directories(path("converted/b.log")));
+    const auto states = [&] {
+        std::vector<std::string> names;
+        const nlohmann::json told = report({"converted"});
+        for (const nlohmann::json& program : told["programs"]) {
+            names.push_back(program["outputState"]);
+            EXPECT_EQ(program["status"],
+                      names.back() == "as-generated" ? "converted" : names.back());
+        }
+        return names;
+    };
+    using Names = std::vector<std::string>;
+    const std::string sentence =
+        " converted to could not be put in place; it is told above why. The rest is done. Change "
+        "that, and convert again.\n";
+    Outcome outcome = run({"convert", "programs", "-q"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.error.find("What 2 programs were" + sentence), std::string::npos)
+        << outcome.error;
+    EXPECT_NE(outcome.error.find("b.log is a folder"), std::string::npos) << outcome.error;
+    EXPECT_EQ(states(), (Names{"as-generated", "as-generated", "not-written"}));
+    // What nobody could have finished is open.
+    EXPECT_EQ(report({"converted"})["totals"]["open"]["rewrite"]["inOutputs"], 2);
+
+    // A newer output cannot be put in place of an older one.
+    std::filesystem::remove(path("converted/b.log"));
+    std::filesystem::remove(path("converted/sub"));
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    EXPECT_EQ(states(), Names(3, "as-generated"));
+    write("programs/a.pgm", "PROBE X\nPROBE Y\n");
+    std::filesystem::permissions(path("converted/a.torvel"), std::filesystem::perms::owner_read);
+    outcome = run({"convert", "programs"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.error.find("What 1 program was" + sentence), std::string::npos)
+        << outcome.error;
+    EXPECT_EQ(states(), (Names{"not-written", "as-generated", "as-generated"}));
+    EXPECT_NE(run({"status", "converted"})
+                  .output.find("  1 with a new output that could not be put in its place\n"
+                               "    programs/a.pgm\n"),
+              std::string::npos);
+    std::filesystem::permissions(path("converted/a.torvel"), std::filesystem::perms::owner_all);
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    EXPECT_EQ(states(), Names(3, "as-generated"));
+}
+
 TEST_F(CommandTest, TheGate) {
     write("migration.toml", "sources = [\"programs\"]\n");
     write("programs/a.pgm", "PROBE X\n$a = 1e3\n");

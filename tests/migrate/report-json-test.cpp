@@ -57,7 +57,7 @@ TEST(ReportJson, ThePlant) {
   "totals": {
     "programs": 5,
     "byStatus": {"converted": 2, "unreadable": 1, "collides": 2},
-    "byOutputState": {"none": 3, "as-generated": 1, "edited": 1, "conflict": 0, "deleted": 0, "foreign": 0},
+    "byOutputState": {"none": 3, "as-generated": 1, "edited": 1, "conflict": 0, "deleted": 0, "foreign": 0, "not-written": 0},
     "lines": 15,
     "convertedLines": 13,
     "open": {"fix-source": {"places": 1, "inOutputs": 1}, "rewrite": {"places": 1, "inOutputs": 1}, "complete": {"places": 0, "inOutputs": 0}, "look": {"places": 1, "inOutputs": 2}},

@@ -65,6 +65,14 @@ TEST(ReportJUnit, AConflictFails) {
     EXPECT_NE(text.find("tests=\"1\" failures=\"1\" errors=\"0\""), std::string::npos);
 }
 
+TEST(ReportJUnit, AnOutputThatIsNotWrittenFails) {
+    ReportProgram program = converted("a.pgm", 1, 1, {});
+    program.outputState = OutputState::notWritten;
+    const std::string text = junit(reportOf({program}));
+    EXPECT_NE(text.find("<failure type=\"not-written\""), std::string::npos);
+    EXPECT_NE(text.find("tests=\"1\" failures=\"1\" errors=\"0\""), std::string::npos);
+}
+
 TEST(ReportJUnit, AnXmlLibraryFindsHostileTexts) {
     const std::string text = junit(hostileReport());
     tinyxml2::XMLDocument document;

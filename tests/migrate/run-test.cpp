@@ -307,6 +307,7 @@ TEST(Run, OutputThatCannotBeWrittenIsTriedAgain) {
     EXPECT_EQ(summary.convertedNow, 4U);
     ASSERT_EQ(summary.outputNotices.size(), 4U);
     EXPECT_EQ(summary.outputNotices[1].text, "no room");
+    EXPECT_EQ(summary.notPlaced, 1U);
     EXPECT_FALSE(plant.has("out/b.torvel"));
     plant.options.planOutput = placing;
     plant.run();
@@ -324,9 +325,13 @@ TEST(Run, RefusedOutputIsTriedAgain) {
         plan.message = "refused";
         return plan;
     };
-    EXPECT_EQ(plant.run().outputNotices.size(), 4U);
+    RunSummary summary = plant.run();
+    EXPECT_EQ(summary.outputNotices.size(), 4U);
+    EXPECT_EQ(summary.notPlaced, 4U);
     plant.options.planOutput = placing;
-    EXPECT_EQ(plant.run().convertedNow, 4U);
+    summary = plant.run();
+    EXPECT_EQ(summary.convertedNow, 4U);
+    EXPECT_EQ(summary.notPlaced, 0U);
     EXPECT_TRUE(plant.has("out/a.torvel"));
     EXPECT_EQ(plant.run().convertedNow, 0U);
 }

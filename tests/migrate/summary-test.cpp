@@ -247,7 +247,7 @@ TEST(Status, FitsOnAScreen) {
     std::vector<ReportProgram> programs;
     for (const OutputState state :
          {OutputState::edited, OutputState::conflict, OutputState::deleted, OutputState::foreign,
-          OutputState::none}) {
+          OutputState::notWritten, OutputState::none}) {
         const std::string name = std::string(outputStateName(state)) + ".pgm";
         programs.push_back(converted(name, 1, 1, {}));
         programs.back().outputState = state;

@@ -80,6 +80,7 @@ export const outputStates = [
   "conflict",
   "deleted",
   "foreign",
+  "not-written",
 ] as const;
 export type OutputState = (typeof outputStates)[number];
 

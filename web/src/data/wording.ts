@@ -113,6 +113,7 @@ export const outputNames: Readonly<Record<OutputState, string>> = {
   conflict: "edits and a new output wait to be brought together",
   deleted: "output deleted by hand",
   foreign: "output of unknown origin",
+  "not-written": "a new output could not be put in its place",
 };
 
 /** What the project's own machine, which has no folder, is called. */

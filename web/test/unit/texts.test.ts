@@ -4,8 +4,16 @@ import { addressOf, parsedAddress } from "../../src/app/address.ts";
 import { estimateOf, parsedRange } from "../../src/data/estimate.ts";
 import { inlinesOf, markdownBlocks } from "../../src/data/markdown.ts";
 import { mergedTicks, readTicks, savedTicks, tickKey, TickStore } from "../../src/data/ticks.ts";
+import { outputStates } from "../../src/data/format.ts";
 import { visiblePieces } from "../../src/data/visible.ts";
-import { counted, dateText, durationText, grouped, share } from "../../src/data/wording.ts";
+import {
+  counted,
+  dateText,
+  durationText,
+  grouped,
+  outputNames,
+  share,
+} from "../../src/data/wording.ts";
 import { markedPieces } from "../../src/parts/code.tsx";
 import { halfOfPair, hostileTexts } from "../sample/hostile-report.ts";
 import { smallReport } from "../sample/small-report.ts";
@@ -177,4 +185,19 @@ test("a browser that keeps nothing loses no tick without a word", () => {
   assert.equal(new TickStore(summary, refusing).write(new Map()), false);
   assert.deepEqual(new TickStore(summary, refusing).read(), new Map());
   assert.equal(new TickStore(summary, null).write(new Map()), false);
+});
+
+test("every state of an output has its place and its words", () => {
+  // The numbers are those of the data; a new state comes behind the others.
+  assert.deepEqual(outputStates, [
+    "none",
+    "as-generated",
+    "edited",
+    "conflict",
+    "deleted",
+    "foreign",
+    "not-written",
+  ]);
+  assert.equal(outputNames["not-written"], "a new output could not be put in its place");
+  assert.equal(new Set(outputStates.map((state) => outputNames[state])).size, outputStates.length);
 });
