@@ -112,7 +112,7 @@ std::vector<StoredProgram> vanishedPrograms(const Discovery& discovery,
     }
     std::vector<StoredProgram> vanished;
     for (const auto& [name, program] : known.programs) {
-        if (!found.contains(name)) {
+        if (!found.contains(name) && !isUnseen(discovery, name)) {
             vanished.push_back(program.stored);
         }
     }

@@ -107,9 +107,15 @@ int convertCommand(const Options& options, const Console& console) {
     const Clock::time_point began = Clock::now();
     Work work;
     prepare(work, options, console);
+    if (work.discovery.programs.empty()) {
+        tellNotices(work.discovery.notices, console);
+        console.error("Nothing was converted; the store and the outputs stay as they are.\n");
+        return 1;
+    }
     const auto store = std::make_shared<Store>(openForWriting(work.project, options.rebuild));
     findOutputOwners(work.project, *store, work.discovery);
     RunSummary summary = runTold(work, *store, options, console);
+    tellNotices(summary.unseenNotices, console);
     tellNotices(summary.outputNotices, console);
     if (summary.isCancelled) {
         console.error(
@@ -143,7 +149,7 @@ int convertCommand(const Options& options, const Console& console) {
                       "done. Change that, and convert again.\n");
         return 1;
     }
-    return status;
+    return summary.unseenNotices.empty() ? status : 1;
 }
 
 }  // namespace torvel::migrate

@@ -341,10 +341,18 @@ void listMissing(Search& search) {
 
 }  // namespace
 
+bool isUnseen(const Discovery& discovery, std::string_view program) {
+    const auto holds = [program](const std::string& folder) { return isInside(program, folder); };
+    return std::any_of(discovery.unlisted.begin(), discovery.unlisted.end(), holds) ||
+           std::any_of(discovery.emptySources.begin(), discovery.emptySources.end(), holds);
+}
+
 Discovery findPrograms(const Project& project, unsigned threads) {
     SourceWalk walk = walkSources(project);
     Search search{project, std::move(walk.files), std::move(walk.unmatched), {}, {}, {}, {}};
     search.found.notices = std::move(walk.notices);
+    search.found.unlisted = std::move(walk.unlisted);
+    search.found.emptySources = std::move(walk.emptySources);
     IncludeGraph files;
     for (const WalkedFile& file : search.walked) {
         files.push_back({file.key, file.path, {}, {}});

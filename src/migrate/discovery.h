@@ -58,9 +58,16 @@ struct Discovery {
     std::vector<Notice> notices;
     /// In the order of the files.
     std::vector<MissingInclude> missing;
+    /// Folders that could not be listed, and sources without any file that may be a program, which may be because a
+    /// disk is missing. Of programs in them nothing is known. Keys.
+    std::vector<std::string> unlisted;
+    std::vector<std::string> emptySources;
     /// Of each program and part that could be read: the hash of its bytes.
     std::unordered_map<std::string, ContentHash> hashes;
 };
+
+/// Whether a program may be there though it was not found.
+bool isUnseen(const Discovery& discovery, std::string_view program);
 
 /// Finds the programs of a project, with this many threads (0: as many as the machine runs at once). Throws
 /// std::runtime_error with a complete message if a source is not there or cannot be listed.

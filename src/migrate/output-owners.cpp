@@ -15,14 +15,15 @@ bool isThere(const NativePath& path) {
 
 }  // namespace
 
-bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found,
-                      const Project& project) {
+bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found, const Project& project,
+                      const Discovery& discovery) {
     if (record.program == found.program) {
         return false;
     }
     const NativePath owner = project.folder / nativePath(record.program);
     // A name in other capital letters may lead to the same file.
-    return isThere(owner) && fileIdentity(owner) != fileIdentity(found.path);
+    return isUnseen(discovery, record.program) ||
+           (isThere(owner) && fileIdentity(owner) != fileIdentity(found.path));
 }
 
 void findOutputOwners(const Project& project, const Store& store, Discovery& discovery) {
@@ -32,7 +33,8 @@ void findOutputOwners(const Project& project, const Store& store, Discovery& dis
     }
     store.forEachOutput([&](const OutputRecord& record) {
         const auto entry = byOutput.find(record.output);
-        if (entry != byOutput.end() && isOfOtherProgram(record, *entry->second, project) &&
+        if (entry != byOutput.end() &&
+            isOfOtherProgram(record, *entry->second, project, discovery) &&
             isThere(project.folder / nativePath(record.output))) {
             entry->second->outputOwner = record.program;
         }

@@ -6,10 +6,10 @@
 
 namespace torvel::migrate {
 
-/// Whether an output is known to be made from another program that is still on the disk. What was edited in it belongs
+/// Whether an output is known to be made from another program that is still on the disk, or may be. What was edited in it belongs
 /// to that program.
-bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found,
-                      const Project& project);
+bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found, const Project& project,
+                      const Discovery& discovery);
 
 /// Sets `outputOwner` of the programs in whose output's place there is that of such a program.
 void findOutputOwners(const Project& project, const Store& store, Discovery& discovery);

@@ -16,6 +16,8 @@
 #include "src/migrate/ordered-work.h"
 #include "src/migrate/output-owners.h"
 #include "src/migrate/output-records.h"
+#include "src/migrate/source-walk.h"
+#include "src/migrate/text-layout.h"
 
 namespace torvel::migrate {
 
@@ -75,6 +77,7 @@ private:
         return project_.folder / nativePath(output);
     }
     void begin();
+    void tellUnseen();
     void removeVanished();
     std::unique_ptr<ConvertedProgram> convert(const FoundProgram& found);
     void planOutput(ConvertedProgram& program, const ContentHash& generated);
@@ -100,6 +103,7 @@ private:
     /// What is known of outputs, by their keys: a program may have got that of another one.
     std::unordered_map<std::string, OutputRecord> outputs_;
     RunSummary summary_;
+    std::vector<Notice> noticesOfSources_;
     bool needsSweep_ = false;
 
     std::atomic<std::uint64_t> notPlaced_ = 0;
@@ -113,6 +117,7 @@ private:
 RunSummary Run::run() {
     begin();
     settlePending();
+    tellUnseen();
     removeVanished();
     const std::vector<std::size_t> changed =
         changedPrograms(project_, discovery_, known_, settings_, options_, threads_);
@@ -163,6 +168,35 @@ void Run::confirm(const std::vector<OutputRecord>& records) {
     step();
     store_.writeOutputs(records);
     step();
+}
+
+void Run::tellUnseen() {
+    const auto knownIn = [this](const std::string& folder) {
+        return static_cast<std::uint64_t>(
+            std::count_if(known_.programs.begin(), known_.programs.end(),
+                          [&](const auto& entry) { return isInside(entry.first, folder); }));
+    };
+    for (const std::string& folder : discovery_.unlisted) {
+        const std::uint64_t count = knownIn(folder);
+        summary_.unseenNotices.push_back(
+            {folder,
+             "It could not be listed, so programs in it were not converted" +
+                 (count == 0 ? std::string(".")
+                             : "; what is known of " + counted(count, "program", "programs") +
+                                   " in it stays as it is.")});
+    }
+    for (const std::string& source : discovery_.emptySources) {
+        if (const std::uint64_t count = knownIn(source); count > 0 && !options_.isPartial) {
+            Notice notice{source,
+                          "No programs were found in it, though there were before; what is "
+                          "known of " +
+                              counted(count, "program", "programs") +
+                              " in it stays as it is. If they are gone for good, name this "
+                              "source no more."};
+            noticesOfSources_.push_back(notice);
+            summary_.unseenNotices.push_back(std::move(notice));
+        }
+    }
 }
 
 void Run::removeVanished() {
@@ -220,7 +254,7 @@ void Run::planOutput(ConvertedProgram& program, const ContentHash& generated) {
     if (const auto known = outputs_.find(found.output); known != outputs_.end()) {
         record = known->second;
     }
-    if (isOfOtherProgram(record, found, project_)) {
+    if (isOfOtherProgram(record, found, project_, discovery_)) {
         // Nothing is there any more: what was edited in it is gone, and of no use here.
         OutputRecord fresh;
         fresh.output = record.output;
@@ -340,6 +374,7 @@ std::vector<Notice> Run::noticesOfLeftOutputs() {
 
 void Run::end() {
     std::vector<Notice> notices = discovery_.notices;
+    notices.insert(notices.end(), noticesOfSources_.begin(), noticesOfSources_.end());
     for (Notice& notice : noticesOfLeftOutputs()) {
         notices.push_back(std::move(notice));
     }

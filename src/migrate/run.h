@@ -124,6 +124,8 @@ struct RunSummary {
     bool isCancelled = false;
     /// Programs of which something could not be put in place.
     std::uint64_t notPlaced = 0;
+    /// What is to be told of folders whose programs were not seen: what is known of these stays as it is.
+    std::vector<Notice> unseenNotices;
     /// What is to be told of the outputs that this run looked at, in the order of the programs.
     std::vector<Notice> outputNotices;
     /// Outputs that this run put in place as they were generated.

@@ -56,6 +56,7 @@ struct Walk {
     std::deque<Pending> links;
     bool isBehindLink = false;
     std::vector<Notice> notices;
+    std::vector<std::string> unlisted;
     std::vector<std::string> unmatched;
 };
 
@@ -162,6 +163,7 @@ void walkFolder(Walk& walk, const Pending& folder, bool isRoot) {
             throw std::runtime_error("The source '" + folder.place +
                                      "' could not be listed: " + list.failure + ".");
         }
+        walk.unlisted.push_back(folder.key);
         walk.notices.push_back({folder.key, "The folder could not be listed (" + list.failure +
                                                 "): programs in it are not converted."});
     }
@@ -338,6 +340,23 @@ bool isInsideAny(std::string_view key, const std::unordered_set<std::string>& ke
     return keys.contains(std::string(key));
 }
 
+/// Sources that are folders without any of the files.
+std::vector<std::string> emptySources(const Project& project,
+                                      const std::vector<WalkedFile>& files) {
+    std::vector<std::string> keys;
+    for (const std::string& source : project.sources) {
+        const std::string key = keyOf(projectPath(project, source), project.folder);
+        const std::string place = placeOf(project, source);
+        const auto holds = [&](const WalkedFile& file) {
+            return isInside(file.key, key) || isInside(file.place, place);
+        };
+        if (std::none_of(files.begin(), files.end(), holds)) {
+            keys.push_back(key);
+        }
+    }
+    return keys;
+}
+
 void chooseNamed(const Project& project, std::vector<WalkedFile>& files) {
     if (project.named.empty()) {
         return;
@@ -378,15 +397,11 @@ SourceWalk walkSources(const Project& project) {
             "migration.toml.");
     }
     const std::vector<Root> roots = allRoots(project);
-    Walk walk{project,
-              projectPath(project, project.output),
-              {},
-              {},
-              {},
-              {},
-              false,
-              {},
-              project.programsAlways};
+    Walk walk{project, projectPath(project, project.output),
+              {},      {},
+              {},      {},
+              false,   {},
+              {},      project.programsAlways};
     for (const Root& root : roots) {
         walkRoot(walk, root);
     }
@@ -396,7 +411,12 @@ SourceWalk walkSources(const Project& project) {
         walk.links.pop_front();
         followLink(walk, link);
     }
-    SourceWalk result{eachOnce(walk.files), std::move(walk.notices), std::move(walk.unmatched)};
+    SourceWalk result{eachOnce(walk.files),
+                      std::move(walk.notices),
+                      std::move(walk.unlisted),
+                      {},
+                      std::move(walk.unmatched)};
+    result.emptySources = emptySources(project, result.files);
     chooseNamed(project, result.files);
     return result;
 }

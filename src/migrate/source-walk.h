@@ -28,6 +28,9 @@ struct SourceWalk {
     /// Each file once, in the order of the keys.
     std::vector<WalkedFile> files;
     std::vector<Notice> notices;
+    /// Folders that could not be listed, and sources without such a file. Keys.
+    std::vector<std::string> unlisted;
+    std::vector<std::string> emptySources;
     /// Patterns of programs_always that no file matches.
     std::vector<std::string> unmatched;
 };

@@ -329,6 +329,48 @@ TEST_F(CommandTest, OutputsThatCannotBePutInPlace) {
     EXPECT_EQ(states(), Names(3, "as-generated"));
 }
 
+// As when a disk is not there.
+TEST_F(CommandTest, SourcesWithoutPrograms) {
+    write("programs/a.pgm", "PROBE X\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    std::filesystem::rename(path("programs/a.pgm"), path("a.pgm"));
+    const std::string store = readFile(path("converted/migration.sqlite"));
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"convert", "programs"},
+          std::vector<std::string>{"convert", "programs", "-q", "--rebuild"}}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_EQ(outcome.error,
+                  "No programs were found in the sources; 'programs' tells what counts as one: "
+                  "'**/*.pgm' and '**/*.prg'.\n"
+                  "Nothing was converted; the store and the outputs stay as they are.\n");
+        EXPECT_EQ(readFile(path("converted/migration.sqlite")), store);
+    }
+    std::filesystem::rename(path("a.pgm"), path("programs/a.pgm"));
+    EXPECT_TRUE(begins(run({"convert", "programs"}).output, "Converted 0 programs"));
+}
+
+TEST_F(CommandTest, OneSourceWithoutPrograms) {
+    write("line1/a.pgm", "G1 X1\n");
+    write("line2/b.pgm", "G1 X2\n");
+    const std::vector<std::string> both{"convert", "line1", "line2", "-q"};
+    EXPECT_EQ(run(both).status, 0);
+    std::filesystem::rename(path("line2/b.pgm"), path("b.pgm"));
+    const Outcome outcome = run(both);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.error,
+              "line2: No programs were found in it, though there were before; what is known of 1 "
+              "program in it stays as it is. If they are gone for good, name this source no "
+              "more.\n");
+    const nlohmann::json told = report({"converted"});
+    EXPECT_EQ(told["programs"].size(), 2U);
+    EXPECT_EQ(told["notices"].size(), 1U) << told["notices"];
+    // Neither may another program have its output.
+    EXPECT_EQ(run({"convert", "line1", "-q"}).status, 0);
+    EXPECT_EQ(report({"converted"})["programs"].size(), 1U);
+}
+
 TEST_F(CommandTest, TheGate) {
     write("migration.toml", "sources = [\"programs\"]\n");
     write("programs/a.pgm", "PROBE X\n$a = 1e3\n");

@@ -176,6 +176,10 @@ TEST(HostileTree, FolderWithoutRights) {
         EXPECT_EQ(tree.notices(),
                   List{"closed: The folder could not be listed (Permission denied): "
                        "programs in it are not converted."});
+        const Discovery found = findPrograms(tree.project);
+        EXPECT_TRUE(isUnseen(found, "closed/b.pgm"));
+        EXPECT_FALSE(isUnseen(found, "closed.pgm"));
+        EXPECT_FALSE(isUnseen(found, "b.pgm"));
     }
     fs::permissions(tree.directory.path() / "closed", fs::perms(0700));
 }

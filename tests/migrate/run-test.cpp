@@ -196,6 +196,31 @@ TEST(Run, ProgramThatVanishedLeavesItsOutput) {
     EXPECT_EQ(plant.dump().find("a.torvel"), std::string::npos) << plant.dump();
 }
 
+TEST(Run, ProgramsOfAFolderThatCannotBeListedStay) {
+    Plant plant;
+    fill(plant);
+    plant.run();
+    plant.write("out/sub/d.torvel", "G1 X3\n\n// mine\n");
+    const auto hidden = plant.discovery.programs.back();
+    plant.discovery.programs.pop_back();
+    plant.discovery.unlisted = {"sub"};
+    RunSummary summary = plant.run();
+    EXPECT_EQ(summary.removed, 0U);
+    EXPECT_EQ(summary.row.programs, 4U);
+    ASSERT_EQ(summary.unseenNotices.size(), 1U);
+    EXPECT_EQ(summary.unseenNotices[0].path, "sub");
+    EXPECT_EQ(summary.unseenNotices[0].text,
+              "It could not be listed, so programs in it were not converted; what is known of 1 "
+              "program in it stays as it is.");
+    EXPECT_EQ(plant.dump().find("notice"), std::string::npos);
+    plant.discovery.unlisted.clear();
+    plant.discovery.programs.push_back(hidden);
+    summary = plant.run();
+    EXPECT_EQ(summary.convertedNow, 0U);
+    EXPECT_TRUE(summary.unseenNotices.empty());
+    EXPECT_EQ(plant.read("out/sub/d.torvel"), "G1 X3\n\n// mine\n");
+}
+
 TEST(Run, RenamedProgramTakesOverItsOutput) {
     Plant plant;
     plant.add("a.pgm", "G1 X1\n");
