@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <chrono>
 
 #include "src/migrate/any-case-source.h"
@@ -14,15 +15,19 @@
 #include "src/migrate/output-owners.h"
 #include "src/migrate/output-placing.h"
 #include "src/migrate/progress.h"
+#include "src/migrate/recorded-source.h"
 #include "src/migrate/reporting.h"
 #include "src/migrate/run.h"
 #include "src/migrate/site-rows.h"
+#include "src/migrate/source-walk.h"
 
 namespace torvel::migrate {
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+
+constexpr int wrongUse = 2;
 
 /// A store that is written lies in a folder that there may not be yet.
 Store openForWriting(const Project& project, bool isRebuilt) {
@@ -42,8 +47,21 @@ struct Work {
     RunOptions options;
 };
 
+/// Whether what the command line names is less than the project.
+bool namesOnlyAPart(const Project& project) {
+    const auto keyIn = [&](const std::string& path) {
+        return keyOf(projectPath(project, path), project.folder);
+    };
+    const auto isNamed = [&](const std::string& source) {
+        return std::any_of(
+            project.named.begin(), project.named.end(),
+            [&](const std::string& named) { return isInside(keyIn(source), keyIn(named)); });
+    };
+    return !project.named.empty() &&
+           !std::all_of(project.sources.begin(), project.sources.end(), isNamed);
+}
+
 void prepare(Work& work, const Options& options, const Console& console) {
-    work.project = projectOf(options);
     RunOptions& run = work.options;
     expectParameterFiles(work.project, run.limits);
     run.threads = options.threads;
@@ -106,6 +124,13 @@ void tellNotices(const std::vector<Notice>& notices, const Console& console) {
 int convertCommand(const Options& options, const Console& console) {
     const Clock::time_point began = Clock::now();
     Work work;
+    work.project = projectOf(options);
+    if (options.rebuild && namesOnlyAPart(work.project)) {
+        console.error(
+            "--rebuild makes the store of the whole project anew, and SOURCE names only a part of "
+            "its sources, so nothing was done: leave SOURCE or --rebuild away.\n");
+        return wrongUse;
+    }
     prepare(work, options, console);
     if (work.discovery.programs.empty()) {
         tellNotices(work.discovery.notices, console);

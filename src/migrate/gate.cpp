@@ -98,7 +98,7 @@ bool countsInGate(const ReportFinding& finding) {
 }
 
 GateResult gate(const Report& report, const Places& places, const std::optional<Baseline>& baseline,
-                const std::vector<FailOn>& failOn) {
+                const std::vector<FailOn>& failOn, const IsUnseenFile& isUnseen) {
     GateResult result;
     const KnownCounts known = knownCounts(baseline.value_or(Baseline()));
     std::map<ContentHash, std::uint32_t> open;
@@ -120,7 +120,7 @@ GateResult gate(const Report& report, const Places& places, const std::optional<
         for (const BaselineEntry& entry : baseline->entries) {
             const auto found = open.find(groupKey(entry.file, entry.code, entry.hash));
             const std::uint32_t needed = found == open.end() ? 0 : found->second;
-            if (needed < entry.count) {
+            if (needed < entry.count && !(isUnseen && isUnseen(entry.file))) {
                 result.noLongerNeeded.push_back(entry);
                 result.noLongerNeeded.back().count -= needed;
             }
@@ -130,7 +130,7 @@ GateResult gate(const Report& report, const Places& places, const std::optional<
 }
 
 Baseline accepted(const Report& report, const Places& places, const Baseline& baseline,
-                  const AcceptFilter& filter) {
+                  const AcceptFilter& filter, const IsUnseenFile& isUnseen) {
     const KnownCounts known = knownCounts(baseline);
     std::map<ContentHash, AcceptedGroup> groups;
     Places::Cursor cursor(places);
@@ -158,6 +158,11 @@ Baseline accepted(const Report& report, const Places& places, const Baseline& ba
     for (auto& [hash, group] : groups) {
         group.entry.count = static_cast<std::uint32_t>(group.ordinals.size());
         result.entries.push_back(std::move(group.entry));
+    }
+    for (const BaselineEntry& entry : baseline.entries) {
+        if (isUnseen && isUnseen(entry.file)) {
+            result.entries.push_back(entry);
+        }
     }
     std::sort(result.entries.begin(), result.entries.end(),
               [](const BaselineEntry& left, const BaselineEntry& right) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <unordered_set>
@@ -49,10 +50,14 @@ struct GateResult {
 /// What counts: it is open, and not told once for a whole file.
 bool countsInGate(const ReportFinding& finding);
 
+/// Whether a file of the baseline, decoded, is one of which the report tells nothing because no run has seen it yet. Its
+/// entries are needed still.
+using IsUnseenFile = std::function<bool(const std::string& file)>;
+
 /// Looks at the findings of these kinds; at all if there are none and there is a baseline. Without both nothing fails.
 /// Reads the report once.
 GateResult gate(const Report& report, const Places& places, const std::optional<Baseline>& baseline,
-                const std::vector<FailOn>& failOn);
+                const std::vector<FailOn>& failOn, const IsUnseenFile& isUnseen = {});
 
 /// What `accept` takes in: findings of these codes in these programs; empty: of all.
 struct AcceptFilter {
@@ -62,7 +67,7 @@ struct AcceptFilter {
 
 /// The baseline with what the filter takes in, and without what is no longer needed. Reads the report once.
 Baseline accepted(const Report& report, const Places& places, const Baseline& baseline,
-                  const AcceptFilter& filter);
+                  const AcceptFilter& filter, const IsUnseenFile& isUnseen = {});
 
 /// What a person is told of a gate, new findings and entries that are no longer needed apart; `most` of each. Empty if
 /// there is nothing to tell.

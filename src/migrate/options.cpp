@@ -124,7 +124,8 @@ void addConvert(CLI::App& app, Options& options) {
         ->allow_extra_args(false)
         ->delimiter(',')
         ->check(failWordCheck());
-    command.add_flag("--rebuild", options.rebuild, "Begin with an empty store");
+    command.add_flag("--rebuild", options.rebuild,
+                     "Begin with an empty store, of the whole project; the old one is kept");
     command.add_flag(
         "--restore", options.restore,
         "Write outputs again that were deleted; with SOURCE only those of its programs");

@@ -204,7 +204,8 @@ int acceptCommand(const Options& options, const Console& console) {
     bool isThere = false;
     const Baseline before = readBaseline(path, isThere);
     const Baseline after = accepted(reporting.report(), reporting.places(), before,
-                                    acceptFilterOf(options, project.folder, reporting.report()));
+                                    acceptFilterOf(options, project.folder, reporting.report()),
+                                    unseenFiles(reporting.report(), project));
     writeBaseline(path, after);
     const auto findingsOf = [](const Baseline& baseline) {
         std::uint64_t count = 0;

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "src/migrate/program-result.h"
@@ -80,6 +81,8 @@ struct Report {
     std::function<void(const ReportProgramTaker&)> forEachProgram;
     /// The texts of a program by its place in that order, from 0, when the programs were read once. Any thread may ask.
     std::function<ReportTexts(std::size_t number)> textsOf;
+    /// The programs, and the files that they were converted from. None: nobody asks.
+    std::function<std::unordered_set<std::string>()> files;
 };
 
 }  // namespace torvel::migrate

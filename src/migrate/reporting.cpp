@@ -1,9 +1,11 @@
 #include "src/migrate/reporting.h"
 
 #include <algorithm>
+#include <memory>
+#include <optional>
+#include <unordered_set>
 
 #include "src/migrate/command-project.h"
-#include "src/migrate/gate.h"
 #include "src/migrate/text-decoding.h"
 
 namespace torvel::migrate {
@@ -51,6 +53,20 @@ std::string noticeLine(const Notice& notice) {
     return visibleText(decodedText(text)) + '\n';
 }
 
+IsUnseenFile unseenFiles(const Report& report, const Project& project) {
+    const auto known = std::make_shared<std::optional<std::unordered_set<std::string>>>();
+    return [known, &report, &project](const std::string& file) {
+        if (!*known) {
+            known->emplace();
+            for (const std::string& path : report.files()) {
+                (*known)->insert(decodedText(path));
+            }
+        }
+        return !(*known)->contains(file) &&
+               fileKind(projectPath(project, file)) != FileKind::missing;
+    };
+}
+
 int gateStatus(const Reporting& reporting, const Project& project, const Console& console) {
     bool isThere = false;
     Baseline baseline = readBaseline(baselinePath(project), isThere);
@@ -58,9 +74,9 @@ int gateStatus(const Reporting& reporting, const Project& project, const Console
     if (!isThere && failOn.empty()) {
         return 0;  // nothing is asked, and the findings need not be read once more
     }
-    const GateResult result =
-        gate(reporting.report(), reporting.places(),
-             isThere ? std::optional(std::move(baseline)) : std::nullopt, failOn);
+    const GateResult result = gate(reporting.report(), reporting.places(),
+                                   isThere ? std::optional(std::move(baseline)) : std::nullopt,
+                                   failOn, unseenFiles(reporting.report(), project));
     const std::string text = gateText(result, mostToldOfGate);
     if (!text.empty()) {
         console.error(text);

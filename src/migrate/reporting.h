@@ -5,6 +5,7 @@
 
 #include "src/migrate/commands.h"
 #include "src/migrate/discovery.h"
+#include "src/migrate/gate.h"
 #include "src/migrate/places.h"
 #include "src/migrate/report-totals.h"
 #include "src/migrate/store-report.h"
@@ -35,6 +36,10 @@ SummaryView summaryViewOf(const Terminal& terminal);
 
 /// A sentence about a file, for a terminal.
 std::string noticeLine(const Notice& notice);
+
+/// A file that is there, and that no program of the report was converted from, was not seen by a run. Both have to live
+/// as long.
+IsUnseenFile unseenFiles(const Report& report, const Project& project);
 
 /// Looks at the baseline and at what fails, and tells of it. The exit status: 0 or 3. Throws std::runtime_error.
 int gateStatus(const Reporting& reporting, const Project& project, const Console& console);

@@ -1,5 +1,6 @@
 #include "src/migrate/store-opening.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <system_error>
@@ -129,13 +130,30 @@ void takeOverIdentity(Database& database, const std::string& identity) {
     }
 }
 
+constexpr std::array storeEndings{"", "-wal", "-journal"};
+
+/// The first of the names with ".old", ".old2", ".old3" behind it that nothing has.
+NativePath freePathAside(const NativePath& path) {
+    for (unsigned number = 1;; ++number) {
+        const std::string ending = number == 1 ? ".old" : ".old" + std::to_string(number);
+        NativePath aside = withEnding(path, ending.c_str());
+        const bool isFree =
+            std::all_of(storeEndings.begin(), storeEndings.end(), [&](const char* file) {
+                return fileKind(withEnding(aside, file)) == FileKind::missing;
+            });
+        if (isFree) {
+            return aside;
+        }
+    }
+}
+
 /// Keeps a file that is made anew, whatever it is.
 void putStoreAside(const NativePath& path) {
-    for (const char* ending : {"", "-wal", "-journal"}) {
+    const NativePath free = freePathAside(path);
+    for (const char* const ending : storeEndings) {
         const NativePath file = withEnding(path, ending);
-        const NativePath aside = withEnding(withEnding(path, ".old"), ending);
+        const NativePath aside = withEnding(free, ending);
         std::error_code error;
-        std::filesystem::remove(aside, error);
         if (fileKind(file) != FileKind::missing) {
             std::filesystem::rename(file, aside, error);
             if (error) {

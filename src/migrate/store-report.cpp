@@ -231,6 +231,15 @@ Report reportOf(std::vector<ReportedStore> stores, const NativePath& directory,
     report.textsOf = [sources](std::size_t number) {
         return sources->texts(sources->entries.at(number));
     };
+    report.files = [sources] {
+        std::unordered_set<std::string> files;
+        for (std::size_t i = 0; i < sources->stores.size(); ++i) {
+            for (const std::string& file : sources->stores[i].store->sourceFiles()) {
+                files.insert(sources->keys[i](file));
+            }
+        }
+        return files;
+    };
     return report;
 }
 

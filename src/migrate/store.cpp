@@ -372,6 +372,16 @@ void Store::forEachInput(
     }
 }
 
+std::vector<std::string> Store::sourceFiles() const {
+    std::vector<std::string> paths;
+    Query query(tables_->database(),
+                "SELECT path FROM program UNION SELECT path FROM input WHERE hash IS NOT NULL");
+    while (query.step()) {
+        paths.push_back(textAt(query, 0));
+    }
+    return paths;
+}
+
 std::vector<StoredFile> Store::files(const StoredProgram& program) const {
     std::vector<StoredFile> files;
     Query query(tables_->database(),

@@ -113,7 +113,7 @@ PackedProgram packedProgram(const ProgramResult& result, Compressor& compressor)
 enum class StoreUse : std::uint8_t {
     read,   // as long as nobody writes, on media that cannot be written too
     write,  // nobody else can use it meanwhile
-    anew,   // to write an empty one; what was there is kept beside it, with ".old" behind its name
+    anew,  // to write an empty one; what was there is kept beside it, with ".old", ".old2" and so on behind its name
 };
 
 class Store {
@@ -139,6 +139,8 @@ public:
     std::vector<Input> inputs(const StoredProgram& program) const;
     /// The inputs of all programs, with the numbers of these, each program's in order.
     void forEachInput(const std::function<void(std::int64_t program, const Input&)>& take) const;
+    /// The programs, and the files that they were converted from.
+    std::vector<std::string> sourceFiles() const;
     // Several threads may ask for files, line maps and texts at once: the database lets one of them in at a time.
     std::vector<StoredFile> files(const StoredProgram& program) const;
     std::vector<FindingRow> findings(const StoredProgram& program) const;

@@ -552,6 +552,51 @@ TEST_F(CommandTest, ParameterFilesHaveToBeThere) {
     EXPECT_FALSE(std::filesystem::exists(path("converted")));
 }
 
+TEST_F(CommandTest, RebuildIsForTheWholeProject) {
+    write("migration.toml", "sources = [\"line1\", \"line2\"]\n");
+    write("line1/a.pgm", "PROBE X\n");
+    write("line2/b.pgm", "PROBE Y\n");
+    EXPECT_EQ(run({"convert"}).status, 0);
+    const std::string store = readFile(path("converted/migration.sqlite"));
+    const Outcome refused = run({"convert", "--rebuild", "line1"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.error,
+              "--rebuild makes the store of the whole project anew, and SOURCE names only a part "
+              "of its sources, so nothing was done: leave SOURCE or --rebuild away.\n");
+    EXPECT_EQ(readFile(path("converted/migration.sqlite")), store);
+    for (const std::vector<std::string>& whole :
+         {std::vector<std::string>{"line1", "line2"}, std::vector<std::string>{"."},
+          std::vector<std::string>{}}) {
+        std::vector<std::string> arguments{"convert", "--rebuild"};
+        arguments.insert(arguments.end(), whole.begin(), whole.end());
+        EXPECT_EQ(run(arguments).status, 0);
+        EXPECT_EQ(report()["programs"].size(), 2U);
+    }
+}
+
+TEST_F(CommandTest, AcceptKeepsWhatNoRunHasSeen) {
+    write("migration.toml", "sources = [\"line1\", \"line2\"]\n");
+    write("line1/a.pgm", "PROBE X\n");
+    write("line1/gone.pgm", "PROBE Z\n");
+    write("line2/b.pgm", "PROBE Y\n#include \"part.inc\"\n");
+    write("line2/part.inc", "$a = 1e3\n");
+    EXPECT_EQ(run({"convert", "-q"}).status, 0);
+    EXPECT_TRUE(begins(run({"accept"}).output, "4 findings are in the baseline "));
+    // As in another place, where the store is not, and one program is.
+    std::filesystem::remove_all(path("converted"));
+    std::filesystem::remove(path("line1/gone.pgm"));
+    const Outcome part = run({"convert", "-q", "line1"});
+    EXPECT_EQ(part.status, 0);
+    EXPECT_TRUE(begins(part.error, "1 entry of the baseline is no longer needed;")) << part.error;
+    EXPECT_NE(part.error.find("line1/gone.pgm"), std::string::npos);
+    EXPECT_TRUE(begins(run({"accept"}).output, "3 findings are in the baseline "));
+    EXPECT_EQ(run({"convert", "-q"}).status, 0);
+    // Now it is seen, and what was repaired goes.
+    write("line2/part.inc", "$a = 1\n");
+    EXPECT_EQ(run({"convert", "-q"}).status, 0);
+    EXPECT_TRUE(begins(run({"accept"}).output, "2 findings are in the baseline "));
+}
+
 TEST_F(CommandTest, OneRunAtATime) {
     write("programs/a.pgm", "G1 X1\n");
     EXPECT_EQ(run({"convert", "programs"}).status, 0);

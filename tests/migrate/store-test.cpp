@@ -206,6 +206,15 @@ TEST(Store, FileThatIsNoDatabase) {
     EXPECT_EQ(readFile(path), std::string(5000, 'x'));
     EXPECT_EQ(refusal(path, StoreUse::anew), "");
     EXPECT_EQ(readFile(path.string() + ".old"), std::string(5000, 'x'));
+    // Each that is put aside is kept, with what is beside it.
+    const std::string second = readFile(path);
+    EXPECT_EQ(refusal(path, StoreUse::anew), "");
+    EXPECT_EQ(readFile(path.string() + ".old2"), second);
+    writeFile(path.string() + ".old3-wal", "of another one");
+    EXPECT_EQ(refusal(path, StoreUse::anew), "");
+    EXPECT_EQ(readFile(path.string() + ".old"), std::string(5000, 'x'));
+    EXPECT_EQ(readFile(path.string() + ".old3-wal"), "of another one");
+    EXPECT_TRUE(std::filesystem::exists(path.string() + ".old4"));
     EXPECT_EQ(refusal(path, StoreUse::write), "");
 }
 
