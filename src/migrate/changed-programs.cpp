@@ -6,6 +6,7 @@
 
 #include "src/migrate/file-hashes.h"
 #include "src/migrate/in-threads.h"
+#include "src/migrate/interruption.h"
 #include "src/migrate/output-records.h"
 
 namespace torvel::migrate {
@@ -19,6 +20,7 @@ HashesNow hashesNow(const Project& project, const Discovery& discovery,
                     const KnownProgramSet& known, const RunOptions& options, unsigned threads) {
     HashesNow hashes(known.inputs.size());
     inThreads(threads, hashes.size(), [&](std::size_t i, unsigned) {
+        endIfInterrupted(options.isCancelled);
         if (const auto read = discovery.hashes.find(known.inputs[i]);
             read != discovery.hashes.end()) {
             hashes[i] = read->second;
@@ -89,6 +91,7 @@ std::vector<std::size_t> changedPrograms(const Project& project, const Discovery
     // Bytes, which several threads can write next to each other.
     std::vector<char> isChanged(discovery.programs.size());
     inThreads(threads, isChanged.size(), [&](std::size_t i, unsigned) {
+        endIfInterrupted(options.isCancelled);
         const FoundProgram& found = discovery.programs[i];
         isChanged[i] = hasChanged(project, found, known, hashes, settings.at(found.parameters),
                                   options.restoresDeleted)

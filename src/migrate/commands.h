@@ -17,8 +17,9 @@ struct Console {
     TextSink error;
     std::function<Terminal()> outputTerminal;
     std::function<Terminal()> errorTerminal;
-    /// Set when the user wants a run to end. Null: nobody can.
-    const std::atomic<bool>* isInterrupted = nullptr;
+    /// What commands that end in good order ask for: from then on the flag is set when the user wants that. Others
+    /// are ended by the system. None, or null: nobody can.
+    std::function<const std::atomic<bool>*()> catchInterrupts;
 };
 
 /// Runs torvel-migrate on the arguments behind its name. 0: done; 1: the run could not be done, or was interrupted;

@@ -10,6 +10,7 @@
 #include "src/migrate/any-case-source.h"
 #include "src/migrate/command-project.h"
 #include "src/migrate/gate.h"
+#include "src/migrate/interruption.h"
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/new-file.h"
 #include "src/migrate/output-owners.h"
@@ -65,13 +66,13 @@ void prepare(Work& work, const Options& options, const Console& console) {
     RunOptions& run = work.options;
     expectParameterFiles(work.project, run.limits);
     run.threads = options.threads;
-    run.isCancelled = console.isInterrupted;
+    run.isCancelled = console.catchInterrupts ? console.catchInterrupts() : nullptr;
     run.reference = referenceRowsOf(work.project.reference);
     run.constants = siteConstantsOf(work.project.reference);
     run.restoresDeleted = options.restore;
     run.isPartial = !work.project.named.empty();
     run.source = anyCaseSource(fileSystemSource(), work.listings, [](const OtherCase&) {});
-    work.discovery = findPrograms(work.project, options.threads);
+    work.discovery = findPrograms(work.project, options.threads, run.isCancelled);
     run.planOutput = placingOutputs(sourceFilesOf(work.project, work.discovery));
     run.flushOutputs = [&work] { flushFolder(projectPath(work.project, work.project.output)); };
 }
@@ -119,9 +120,7 @@ void tellNotices(const std::vector<Notice>& notices, const Console& console) {
     }
 }
 
-}  // namespace
-
-int convertCommand(const Options& options, const Console& console) {
+int convert(const Options& options, const Console& console) {
     const Clock::time_point began = Clock::now();
     Work work;
     work.project = projectOf(options);
@@ -143,16 +142,14 @@ int convertCommand(const Options& options, const Console& console) {
     tellNotices(summary.unseenNotices, console);
     tellNotices(summary.outputNotices, console);
     if (summary.isCancelled) {
-        console.error(
-            "Interrupted. What was converted is kept; the next run goes on from there.\n");
-        store->close();
-        return 1;
+        throw Interrupted();
     }
 
     const auto asGenerated =
         std::make_shared<const std::unordered_set<std::string>>(std::move(summary.asGenerated));
-    const Reporting reporting({{store, work.project.folder, asGenerated}}, workingDirectory(),
-                              work.project);
+    const Reporting reporting(
+        {{store, work.project.folder, asGenerated, {}, work.options.isCancelled}},
+        workingDirectory(), work.project);
     summary.row.openFindings = reporting.totals().allOpen().places;
     store->endRun(summary.row);
     if (!options.isQuiet) {
@@ -175,6 +172,18 @@ int convertCommand(const Options& options, const Console& console) {
         return 1;
     }
     return summary.unseenNotices.empty() ? status : 1;
+}
+
+}  // namespace
+
+int convertCommand(const Options& options, const Console& console) {
+    try {
+        return convert(options, console);
+    } catch (const Interrupted&) {
+        console.error(
+            "Interrupted. What was converted is kept; the next run goes on from there.\n");
+        return 1;
+    }
 }
 
 }  // namespace torvel::migrate

@@ -347,8 +347,9 @@ bool isUnseen(const Discovery& discovery, std::string_view program) {
            std::any_of(discovery.emptySources.begin(), discovery.emptySources.end(), holds);
 }
 
-Discovery findPrograms(const Project& project, unsigned threads) {
-    SourceWalk walk = walkSources(project);
+Discovery findPrograms(const Project& project, unsigned threads,
+                       const std::atomic<bool>* isInterrupted) {
+    SourceWalk walk = walkSources(project, isInterrupted);
     Search search{project, std::move(walk.files), std::move(walk.unmatched), {}, {}, {}, {}};
     search.found.notices = std::move(walk.notices);
     search.found.unlisted = std::move(walk.unlisted);
@@ -357,7 +358,8 @@ Discovery findPrograms(const Project& project, unsigned threads) {
     for (const WalkedFile& file : search.walked) {
         files.push_back({file.key, file.path, {}, {}});
     }
-    search.graph = readIncludeGraph(std::move(files), project.folder, threadCount(threads));
+    search.graph =
+        readIncludeGraph(std::move(files), project.folder, threadCount(threads), isInterrupted);
     findIncluded(search);
     choosePrograms(search);
     breakCircles(search);

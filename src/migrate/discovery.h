@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -70,7 +71,8 @@ struct Discovery {
 bool isUnseen(const Discovery& discovery, std::string_view program);
 
 /// Finds the programs of a project, with this many threads (0: as many as the machine runs at once). Throws
-/// std::runtime_error with a complete message if a source is not there or cannot be listed.
-Discovery findPrograms(const Project& project, unsigned threads = 0);
+/// std::runtime_error with a complete message if a source is not there or cannot be listed, Interrupted.
+Discovery findPrograms(const Project& project, unsigned threads = 0,
+                       const std::atomic<bool>* isInterrupted = nullptr);
 
 }  // namespace torvel::migrate

@@ -14,6 +14,7 @@
 #include "src/migrate/any-case-source.h"
 #include "src/migrate/in-threads.h"
 #include "src/migrate/include-scan.h"
+#include "src/migrate/interruption.h"
 #include "src/migrate/recorded-source.h"
 
 namespace torvel::migrate {
@@ -131,7 +132,8 @@ ScannedFile scanFile(const GraphFile& file, IncludePaths& paths, FileBytes& room
 
 }  // namespace
 
-IncludeGraph readIncludeGraph(IncludeGraph files, const NativePath& folder, unsigned threads) {
+IncludeGraph readIncludeGraph(IncludeGraph files, const NativePath& folder, unsigned threads,
+                              const std::atomic<bool>* isInterrupted) {
     IncludePaths paths(folder);
     std::unordered_map<std::string, std::uint32_t> numbers;
     for (const GraphFile& file : files) {
@@ -142,6 +144,7 @@ IncludeGraph readIncludeGraph(IncludeGraph files, const NativePath& folder, unsi
         const std::size_t end = files.size();
         std::vector<ScannedFile> wave(end - first);
         inThreads(threads, wave.size(), [&](std::size_t number, unsigned thread) {
+            endIfInterrupted(isInterrupted);
             wave[number] = scanFile(files[first + number], paths, rooms[thread]);
         });
         for (std::size_t i = 0; i < wave.size(); ++i) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,8 +34,10 @@ struct GraphFile {
 /// Files, first those that were asked for and then those that they include, directly or not.
 using IncludeGraph = std::vector<GraphFile>;
 
-/// Reads the files and whatever they include. Only `key` and `path` of `files` are looked at; keys are different.
-IncludeGraph readIncludeGraph(IncludeGraph files, const NativePath& folder, unsigned threads);
+/// Reads the files and whatever they include. Only `key` and `path` of `files` are looked at; keys are different. Throws
+/// Interrupted.
+IncludeGraph readIncludeGraph(IncludeGraph files, const NativePath& folder, unsigned threads,
+                              const std::atomic<bool>* isInterrupted = nullptr);
 
 /// Files that include each other in a circle, as numbers in order, one list for each circle; files that only include
 /// themselves too. Circles that share a file are one.

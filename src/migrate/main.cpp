@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
     try {
         torvel::prepareProcess();
         const Console console{writeOutput, writeError, standardOutputTerminal,
-                              standardErrorTerminal, &catchInterrupts()};
+                              standardErrorTerminal, [] { return &catchInterrupts(); }};
         return runMigrate(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc),
                           console);
     } catch (const std::bad_alloc&) {

@@ -11,6 +11,7 @@
 #include "src/migrate/file-hashes.h"
 #include "src/migrate/found-program.h"
 #include "src/migrate/in-threads.h"
+#include "src/migrate/interruption.h"
 #include "src/migrate/known-texts.h"
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/ordered-work.h"
@@ -116,13 +117,18 @@ private:
 
 RunSummary Run::run() {
     begin();
-    settlePending();
-    tellUnseen();
-    removeVanished();
-    const std::vector<std::size_t> changed =
-        changedPrograms(project_, discovery_, known_, settings_, options_, threads_);
-    summary_.unchanged = discovery_.programs.size() - changed.size();
-    convertAll(changed);
+    try {
+        settlePending();
+        tellUnseen();
+        removeVanished();
+        const std::vector<std::size_t> changed =
+            changedPrograms(project_, discovery_, known_, settings_, options_, threads_);
+        summary_.unchanged = discovery_.programs.size() - changed.size();
+        convertAll(changed);
+        endIfInterrupted(options_.isCancelled);
+    } catch (const Interrupted&) {
+        summary_.isCancelled = true;
+    }
     end();
     return std::move(summary_);
 }
@@ -390,10 +396,10 @@ void Run::end() {
     row.converted = totals.converted;
     row.lines = totals.lines;
     row.convertedLines = totals.convertedLines;
-    row.ended = now();
     step();
-    store_.endRun(row);
+    store_.endRun(row);  // without an end: who counts the open findings writes that
     step();
+    row.ended = summary_.isCancelled ? 0 : now();
     for (const FoundProgram& found : discovery_.programs) {
         if (!found.outputOwner.empty()) {
             told_.emplace_back(&found, sentenceOnOwner(found));

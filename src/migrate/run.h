@@ -115,8 +115,8 @@ struct RunObserver {
 };
 
 struct RunSummary {
-    /// What the store has of the run: times, and what there is now. Open findings are counted by who reads the
-    /// outputs, and written by `Store::endRun`.
+    /// What the store has of the run: times, and what there is now. Who counts the open findings, which stand in the
+    /// outputs, gives it to `Store::endRun`; until then the run has no end, and one that was interrupted never has.
     RunRow row;
     std::uint64_t convertedNow = 0;
     std::uint64_t unchanged = 0;

@@ -13,6 +13,7 @@
 
 #include "src/base/characters.h"
 #include "src/migrate/folder-list.h"
+#include "src/migrate/interruption.h"
 #include "src/migrate/path-pattern.h"
 #include "src/migrate/recorded-source.h"
 
@@ -58,6 +59,7 @@ struct Walk {
     std::vector<Notice> notices;
     std::vector<std::string> unlisted;
     std::vector<std::string> unmatched;
+    const std::atomic<bool>* isInterrupted = nullptr;
 };
 
 std::string joined(const std::string& folder, const std::string& name) {
@@ -154,6 +156,7 @@ bool isExcludedFolder(const Walk& walk, const Pending& folder) {
 }
 
 void walkFolder(Walk& walk, const Pending& folder, bool isRoot) {
+    endIfInterrupted(walk.isInterrupted);
     if (!walk.visited.insert(folder.path.native()).second) {
         return;
     }
@@ -390,7 +393,7 @@ bool isInside(std::string_view key, std::string_view folder) {
            (key.size() == folder.size() || key[folder.size()] == '/' || folder.ends_with('/'));
 }
 
-SourceWalk walkSources(const Project& project) {
+SourceWalk walkSources(const Project& project, const std::atomic<bool>* isInterrupted) {
     if (project.sources.empty() && project.named.empty()) {
         throw std::runtime_error(
             "No sources are named. Give the folder of the programs, or 'sources' in "
@@ -402,6 +405,7 @@ SourceWalk walkSources(const Project& project) {
               {},      {},
               false,   {},
               {},      project.programsAlways};
+    walk.isInterrupted = isInterrupted;
     for (const Root& root : roots) {
         walkRoot(walk, root);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <optional>
 #include <string>
 #include <vector>
@@ -36,8 +37,8 @@ struct SourceWalk {
 };
 
 /// Walks through the sources of a project. Throws std::runtime_error with a complete message if a source is not there
-/// or cannot be listed.
-SourceWalk walkSources(const Project& project);
+/// or cannot be listed, Interrupted.
+SourceWalk walkSources(const Project& project, const std::atomic<bool>* isInterrupted = nullptr);
 
 /// A path of the project as a key, links not followed.
 std::string placeOf(const Project& project, std::string_view path);

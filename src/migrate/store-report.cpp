@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "src/migrate/interruption.h"
 #include "src/migrate/open-findings.h"
 #include "src/migrate/output-decision.h"
 #include "src/migrate/output-records.h"
@@ -109,6 +110,7 @@ struct Sources {
 
 void Sources::read(Entry& entry, const ReportProgramTaker& take) const {
     const ReportedStore& source = stores[entry.source];
+    endIfInterrupted(source.isInterrupted);
     const Keys& toKey = keys[entry.source];
     const StoredProgram& stored = entry.program;
     std::vector<FindingRow> findings = source.store->findings(stored);

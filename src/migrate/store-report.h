@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -20,6 +21,8 @@ struct ReportedStore {
     std::shared_ptr<const std::unordered_set<std::string>> asGenerated;
     /// Where the store is, canonical.
     NativePath path;
+    /// Reading throws Interrupted when it is set. Null: nobody sets it.
+    const std::atomic<bool>* isInterrupted = nullptr;
 };
 
 /// The report of several stores, their programs in one order. The keys of a single one stay as they are; those of

@@ -313,15 +313,21 @@ void tellRuns(const Report& report, Screen& screen) {
         screen.sentence("There was no run yet.");
         return;
     }
-    const RunRow& first = report.runs.front();
     const RunRow& last = report.runs.back();
     screen.sentence("The last run began at " + dateText(last.began) + " with version " +
                     visibleText(decodedText(last.version)) +
                     (last.ended == 0 ? " and was cut off." : "."));
-    if (report.runs.size() > 1) {
-        screen.sentence(counted(report.runs.size(), "run", "runs") + ", " +
-                        counted(first.openFindings, "open finding", "open findings") +
-                        " after the first, " + grouped(last.openFindings) + " after the last");
+    // What is left after a run that was cut off was not counted.
+    std::vector<std::uint64_t> left;
+    for (const RunRow& run : report.runs) {
+        if (run.ended != 0) {
+            left.push_back(run.openFindings);
+        }
+    }
+    if (left.size() > 1) {
+        screen.sentence(counted(left.size(), "run", "runs") + ", " +
+                        counted(left.front(), "open finding", "open findings") +
+                        " after the first, " + grouped(left.back()) + " after the last");
     }
 }
 

@@ -49,8 +49,16 @@ protected:
         Outcome outcome;
         const Console console{[&](std::string_view text) { outcome.output += text; },
                               [&](std::string_view text) { outcome.error += text; },
-                              [] { return Terminal(); }, [] { return Terminal(); },
-                              &isInterrupted_};
+                              [] { return Terminal(); },
+                              [this] {
+                                  // Asked for when the first program was converted.
+                                  isInterrupted_ = isInterrupted_ || isInterruptedLater_;
+                                  return Terminal();
+                              },
+                              [this] {
+                                  ++catches_;
+                                  return &isInterrupted_;
+                              }};
         outcome.status = runMigrate(arguments, console);
         return outcome;
     }
@@ -63,7 +71,10 @@ protected:
         return nlohmann::json::parse(outcome.output);
     }
 
-    std::atomic<bool> isInterrupted_ = false;
+    mutable std::atomic<bool> isInterrupted_ = false;
+    bool isInterruptedLater_ = false;
+    /// How often a command wanted to end in good order.
+    mutable int catches_ = 0;
 
 private:
     torvel::test::TemporaryDirectory directory_;
@@ -612,16 +623,39 @@ TEST_F(CommandTest, AnInterruptedRunIsGoneOnWith) {
     for (int i = 0; i < 20; ++i) {
         write("programs/p" + std::to_string(i) + ".pgm", "G1 X" + std::to_string(i) + "\n");
     }
+    const std::string sentence =
+        "Interrupted. What was converted is kept; the next run goes on from there.\n";
+    // While the programs are found.
     isInterrupted_ = true;
+    const Outcome none = run({"convert", "programs"});
+    EXPECT_EQ(none.status, 1);
+    EXPECT_EQ(none.error, sentence);
+    EXPECT_FALSE(std::filesystem::exists(path("converted")));
+    // While they are converted.
+    isInterrupted_ = false;
+    isInterruptedLater_ = true;
     const Outcome first = run({"convert", "programs", "-j", "1"});
     EXPECT_EQ(first.status, 1);
-    EXPECT_EQ(first.error,
-              "Interrupted. What was converted is kept; the next run goes on from there.\n");
-    EXPECT_LT(report({"converted"})["programs"].size(), 20U);
+    EXPECT_EQ(first.error, sentence);
     isInterrupted_ = false;
+    isInterruptedLater_ = false;
+    EXPECT_LT(report({"converted"})["programs"].size(), 20U);
+    EXPECT_EQ(report({"converted"})["runs"][0]["ended"], 0);
+    EXPECT_NE(run({"status", "converted"}).output.find(" and was cut off."), std::string::npos);
+
     EXPECT_EQ(run({"convert", "programs"}).status, 0);
     EXPECT_EQ(report({"converted"})["programs"].size(), 20U);
     EXPECT_EQ(read("converted/p19.torvel"), "G1 X19\n\n");
+}
+
+TEST_F(CommandTest, CommandsThatWriteNoStoreAreEndedByTheSystem) {
+    write("programs/a.pgm", "PROBE X\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    EXPECT_EQ(catches_, 1);
+    EXPECT_EQ(run({"status", "converted"}).status, 0);
+    EXPECT_EQ(run({"report", "converted", "--json", "-"}).status, 0);
+    EXPECT_EQ(run({"explain", "--list"}).status, 0);
+    EXPECT_EQ(catches_, 1);
 }
 
 namespace {

@@ -6,6 +6,7 @@
 
 #include <stdexcept>
 
+#include "src/migrate/interruption.h"
 #include "tests/support/temporary-directory.h"
 
 namespace torvel::migrate::test {
@@ -371,6 +372,15 @@ TEST(Discovery, TheSameWithAnyNumberOfThreads) {
             EXPECT_EQ(many.notices[i].text, one.notices[i].text);
         }
     }
+}
+
+TEST(Discovery, EndsWhenItIsInterrupted) {
+    Plant plant;
+    plant.write("programs/a.pgm");
+    std::atomic<bool> isInterrupted = true;
+    EXPECT_THROW(findPrograms(plant.project, 2, &isInterrupted), Interrupted);
+    isInterrupted = false;
+    EXPECT_EQ(findPrograms(plant.project, 2, &isInterrupted).programs.size(), 1U);
 }
 
 }  // namespace torvel::migrate::test

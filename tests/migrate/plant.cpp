@@ -100,6 +100,7 @@ RunSummary Plant::run(StoreUse use) {
         };
     }
     RunSummary summary = runConversion(project, discovery, opened, told);
+    opened.endRun(summary.row);
     std::sort(convertedNow.begin(), convertedNow.end());
     return summary;
 }

@@ -435,10 +435,23 @@ TEST(Run, CancelledRunGoesOnLater) {
         EXPECT_GE(summary.convertedNow, 5U);
         EXPECT_LT(summary.convertedNow, 100U);
         EXPECT_EQ(summary.row.programs, summary.convertedNow);
-        EXPECT_FALSE(store.wasCutOff());
+        EXPECT_EQ(summary.row.ended, 0);
+        EXPECT_TRUE(store.wasCutOff());
     }
+    // Also when it only looks at what changed.
+    isCancelled = true;
+    const RunSummary none = plant.run();
+    EXPECT_TRUE(none.isCancelled);
+    EXPECT_EQ(none.convertedNow, 0U);
+    EXPECT_EQ(none.removed, 0U);
+    isCancelled = false;
+    EXPECT_FALSE(plant.run().isCancelled);
+    isCancelled = true;
+    EXPECT_TRUE(plant.run().isCancelled);  // nothing has changed
+    EXPECT_TRUE(Store(plant.store(), StoreUse::read).wasCutOff());
     isCancelled = false;
     plant.run();
+    EXPECT_FALSE(Store(plant.store(), StoreUse::read).wasCutOff());
     const std::string dump = plant.dump();
     const std::string outputs = plant.outputs();
     plant.run(StoreUse::anew);

@@ -209,6 +209,21 @@ Of these, converted lines that                in sources  in outputs
 )");
 }
 
+TEST(Status, RunsThatWereCutOffCountNothing) {
+    Report report = plant();
+    const RunRow whole{"0.9.0", 1600000000, 1600000001, 5, 5, 15, 12, 1234};
+    const RunRow cutOff{"0.9.0", 1600000100, 0, 5, 5, 15, 12, 0};
+    report.runs = {cutOff, whole, cutOff};
+    std::string text = status(report);
+    EXPECT_NE(text.find("with version 0.9.0 and was cut off.\n"), std::string::npos) << text;
+    EXPECT_EQ(text.find("after the first"), std::string::npos) << text;
+    report.runs = {cutOff, whole, {"0.9.1", 1600000200, 1600000201, 5, 5, 15, 12, 7}, cutOff};
+    text = status(report);
+    EXPECT_NE(text.find("\n  2 runs, 1,234 open findings after the first, 7 after the last\n"),
+              std::string::npos)
+        << text;
+}
+
 TEST(Status, ManyPrograms) {
     std::vector<ReportProgram> programs;
     for (std::uint32_t i = 10; i < 30; ++i) {

@@ -1,4 +1,4 @@
-// Progress over the runs: what was open after each.
+// Progress over the runs: what was open after each. After a run that was cut off that was not counted.
 
 import { usePage } from "../../app/context.ts";
 import type { Run } from "../../data/format.ts";
@@ -11,7 +11,7 @@ export function RunPart({ runs }: { runs: readonly Run[] }) {
   const { address, change } = usePage();
   const isWhole = address.parameters["runs"] === "all";
   const shown = isWhole ? runs : runs.slice(-mostRows);
-  const most = Math.max(1, ...shown.map((run) => run.openFindings));
+  const most = Math.max(1, ...shown.map((run) => (run.ended === 0 ? 0 : run.openFindings)));
   return (
     <section>
       <h2>Progress over the runs</h2>
@@ -68,12 +68,21 @@ function RunRow({ run, most }: { run: Run; most: number }) {
         {share(run.convertedLines, run.lines)})
       </td>
       <td class="work">
-        <span class="bar" aria-hidden="true">
-          <span class="bar-part bar-run" style={{ width: `${(run.openFindings * 100) / most}%` }} />
-        </span>
-        <span class="work-text">
-          <strong>{grouped(run.openFindings)}</strong>
-        </span>
+        {run.ended === 0 ? (
+          <span class="quiet">not counted</span>
+        ) : (
+          <>
+            <span class="bar" aria-hidden="true">
+              <span
+                class="bar-part bar-run"
+                style={{ width: `${(run.openFindings * 100) / most}%` }}
+              />
+            </span>
+            <span class="work-text">
+              <strong>{grouped(run.openFindings)}</strong>
+            </span>
+          </>
+        )}
       </td>
     </tr>
   );
