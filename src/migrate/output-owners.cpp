@@ -4,16 +4,11 @@
 
 namespace torvel::migrate {
 
-namespace {
-
-/// A file that nobody may look at counts as there.
-bool isThere(const NativePath& path) {
+bool isOnDisk(const NativePath& path) {
     std::error_code error;
     return std::filesystem::status(unboundedPath(path), error).type() !=
            std::filesystem::file_type::not_found;
 }
-
-}  // namespace
 
 bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found, const Project& project,
                       const Discovery& discovery) {
@@ -23,7 +18,7 @@ bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found, con
     const NativePath owner = project.folder / nativePath(record.program);
     // A name in other capital letters may lead to the same file.
     return isUnseen(discovery, record.program) ||
-           (isThere(owner) && fileIdentity(owner) != fileIdentity(found.path));
+           (isOnDisk(owner) && fileIdentity(owner) != fileIdentity(found.path));
 }
 
 void findOutputOwners(const Project& project, const Store& store, Discovery& discovery) {
@@ -35,7 +30,7 @@ void findOutputOwners(const Project& project, const Store& store, Discovery& dis
         const auto entry = byOutput.find(record.output);
         if (entry != byOutput.end() &&
             isOfOtherProgram(record, *entry->second, project, discovery) &&
-            isThere(project.folder / nativePath(record.output))) {
+            isOnDisk(project.folder / nativePath(record.output))) {
             entry->second->outputOwner = record.program;
         }
     });

@@ -13,6 +13,7 @@
 #include "src/migrate/in-threads.h"
 #include "src/migrate/interruption.h"
 #include "src/migrate/known-texts.h"
+#include "src/migrate/left-outputs.h"
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/ordered-work.h"
 #include "src/migrate/output-owners.h"
@@ -87,7 +88,6 @@ private:
     void confirm(const std::vector<OutputRecord>& records);
     void convertAll(const std::vector<std::size_t>& changed);
     std::vector<OutputRecord> takePlaced();
-    std::vector<Notice> noticesOfLeftOutputs();
     void end();
     void tell(const FoundProgram& found, std::string message);
 
@@ -358,31 +358,18 @@ void Run::convertAll(const std::vector<std::size_t>& changed) {
     confirm(takePlaced());
 }
 
-std::vector<Notice> Run::noticesOfLeftOutputs() {
+void Run::end() {
+    const LeftOutputs outputs = leftOutputs(project_, store_);
     std::vector<Notice> notices;
-    std::vector<std::string> gone;
-    for (const OutputRecord& record : store_.leftOutputs()) {
-        if (fileKind(outputPath(record.output)) == FileKind::missing) {
-            gone.push_back(record.output);
-        } else {
-            notices.push_back({record.output, "Its program \"" + record.program +
-                                                  "\" is not there any more, or has another output "
-                                                  "now. Delete it if it is of no more use."});
-        }
+    for (const std::vector<Notice>* some :
+         {&outputs.edited, &discovery_.notices, &std::as_const(noticesOfSources_),
+          &outputs.asGenerated}) {
+        notices.insert(notices.end(), some->begin(), some->end());
     }
-    if (!gone.empty()) {
+    if (!outputs.gone.empty()) {
         needsSweep_ = true;
         step();
-        store_.removeOutputs(gone);
-    }
-    return notices;
-}
-
-void Run::end() {
-    std::vector<Notice> notices = discovery_.notices;
-    notices.insert(notices.end(), noticesOfSources_.begin(), noticesOfSources_.end());
-    for (Notice& notice : noticesOfLeftOutputs()) {
-        notices.push_back(std::move(notice));
+        store_.removeOutputs(outputs.gone);
     }
     step();
     store_.replaceNotices(notices);

@@ -176,12 +176,17 @@ TEST(Run, ProgramThatVanishedLeavesItsOutput) {
     EXPECT_EQ(summary.row.programs, 3U);
     EXPECT_TRUE(plant.has("out/a.torvel"));
     const std::string notice =
-        "notice out/a.torvel: Its program \"a.pgm\" is not there any more, or has another output "
-        "now. "
-        "Delete it if it is of no more use.\n";
+        "notice out/a.torvel: Its program \"a.pgm\" was not converted by this run, or has another "
+        "output now. It is as it was generated: delete it if it is of no more use.\n";
     EXPECT_TRUE(plant.dump().starts_with(notice)) << plant.dump();
     plant.run();
     EXPECT_TRUE(plant.dump().starts_with(notice));
+    plant.remove("a.pgm");
+    plant.run();
+    EXPECT_TRUE(plant.dump().starts_with(
+        "notice out/a.torvel: Its program \"a.pgm\" is not there any more. It is as it was "
+        "generated: delete it if it is of no more use.\n"))
+        << plant.dump();
 
     // It comes back, and its output is still known as one that was generated.
     plant.add("a.pgm", "G1 X100\n");
@@ -219,6 +224,43 @@ TEST(Run, ProgramsOfAFolderThatCannotBeListedStay) {
     EXPECT_EQ(summary.convertedNow, 0U);
     EXPECT_TRUE(summary.unseenNotices.empty());
     EXPECT_EQ(plant.read("out/sub/d.torvel"), "G1 X3\n\n// mine\n");
+}
+
+TEST(Run, EditedOutputsOfProgramsThatVanishedAreToldFirst) {
+    Plant plant;
+    for (int i = 10; i < 20; ++i) {
+        plant.add("p" + std::to_string(i) + ".pgm", "G1 X1\n");
+    }
+    plant.add("z.pgm", "G1 X1\n");
+    plant.write("out/p18.torvel", "somebody else's\n");
+    plant.run();
+    for (const std::string name : {"p12", "p13", "p14", "p15", "p16", "p19"}) {
+        plant.write("out/" + name + ".torvel", plant.read("out/" + name + ".torvel") + "// mine\n");
+    }
+    plant.write("out/p17.torvel", "G1 X1\r\n\r\n");  // line ends are no edit
+    for (int i = 10; i < 20; ++i) {
+        plant.remove("p" + std::to_string(i) + ".pgm");
+    }
+    plant.discovery.notices = {{"", "of the files"}};
+    plant.discovery.programs.erase(plant.discovery.programs.begin(),
+                                   plant.discovery.programs.begin() + 10);
+    plant.run();
+    const std::vector<Notice> notices = Store(plant.store(), StoreUse::read).notices();
+    ASSERT_EQ(notices.size(), 12U);
+    EXPECT_EQ(notices[0].path, "");
+    EXPECT_EQ(notices[0].text,
+              "7 outputs that belong to no program any more were edited or written by hand; delete "
+              "none of them without a look.");
+    std::string order;
+    for (const Notice& notice : notices) {
+        order += notice.path.empty() ? "- " : notice.path.substr(4, 3) + " ";
+    }
+    EXPECT_EQ(order, "- p12 p13 p14 p15 p16 p18 p19 - p10 p11 p17 ");
+    const std::string rest =
+        " is not there any more. Look whether what was written there is still needed before you "
+        "delete it.";
+    EXPECT_EQ(notices[1].text, "It was edited by hand, and its program \"p12.pgm\"" + rest);
+    EXPECT_EQ(notices[6].text, "It was written by hand, and its program \"p18.pgm\"" + rest);
 }
 
 TEST(Run, RenamedProgramTakesOverItsOutput) {
