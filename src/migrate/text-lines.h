@@ -25,9 +25,6 @@ std::vector<std::string_view> sourceLinesOf(std::string_view text);
 /// The text with LF in place of CR LF.
 std::string withLineFeeds(std::string text);
 
-/// The text with LF in place of CR LF.
-std::string withLineFeeds(std::string text);
-
 /// Whether texts differ in nothing but LF or CR LF at the ends of lines, and in whether the last line has one.
 bool haveSameLines(std::string_view a, std::string_view b);
 
