@@ -57,11 +57,14 @@ OutputNow outputNow(const ReportedStore& source, const StoredProgram& program,
     if (isMissing && !files->output) {
         return {OutputState::notWritten, {}};
     }
-    const std::string generated = source.store->text(*program.generated);
     OutputNow now;
     now.state = isMissing ? OutputState::notWritten : outputStateOf(history, *files);
-    now.isOpen = openFindings(
-        {generated, history.base.value_or(generated), files->output.value_or("")}, findings);
+    if (!history.base) {
+        // What is there may be older than its program: a marker that it does not have may never have been there.
+        return now;
+    }
+    const std::string generated = source.store->text(*program.generated);
+    now.isOpen = openFindings({generated, *history.base, files->output.value_or("")}, findings);
     return now;
 }
 

@@ -382,6 +382,23 @@ TEST_F(CommandTest, OneSourceWithoutPrograms) {
     EXPECT_EQ(report({"converted"})["programs"].size(), 1U);
 }
 
+TEST_F(CommandTest, WhatAnOutputOfUnknownOriginLacksIsNotFinished) {
+    write("migration.toml", "sources = [\"programs\"]\n");
+    write("programs/a.pgm", "G1 X1\nPROBE X\n");
+    EXPECT_EQ(run({"convert"}).status, 0);
+    EXPECT_EQ(run({"accept"}).status, 0);
+    // The program changes, and what was generated before is there without the store that says so.
+    std::filesystem::remove(path("converted/migration.sqlite"));
+    write("programs/a.pgm", "G1 X1\nPROBE X\nPROBE Y\n");
+    const Outcome outcome = run({"convert", "--quiet"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_NE(outcome.error.find("programs/a.pgm:3: PROBE is no longer supported."),
+              std::string::npos)
+        << outcome.error;
+    EXPECT_EQ(report()["programs"][0]["outputState"], "foreign");
+    EXPECT_EQ(report()["totals"]["open"]["rewrite"]["inOutputs"], 2);
+}
+
 TEST_F(CommandTest, TheGate) {
     write("migration.toml", "sources = [\"programs\"]\n");
     write("programs/a.pgm", "PROBE X\n$a = 1e3\n");
