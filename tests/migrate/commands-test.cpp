@@ -399,6 +399,72 @@ TEST_F(CommandTest, WhatAnOutputOfUnknownOriginLacksIsNotFinished) {
     EXPECT_EQ(report()["totals"]["open"]["rewrite"]["inOutputs"], 2);
 }
 
+TEST_F(CommandTest, AConflictFileThatIsDeletedMeansThatTheEditsStay) {
+    write("programs/a.pgm", "G1 X1\nG1 X2\nG1 X3\n\n\nG1 X4\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    const std::string mine = "G1 X1\nG1 X2.5\nG1 X3\n\n\nG1 X4\n\n";
+    write("converted/a.torvel", mine);
+    write("programs/a.pgm", "G1 X1\nG1 X7\nG1 X3\n\n\nG1 X8\n");
+    EXPECT_EQ(run({"convert", "programs"}).status, 0);
+    std::filesystem::remove(path("converted/a.torvel.conflict"));
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(run({"convert", "programs"}).error, "");
+        EXPECT_EQ(read("converted/a.torvel"), mine);
+        EXPECT_FALSE(std::filesystem::exists(path("converted/a.torvel.conflict")));
+    }
+    EXPECT_EQ(report()["programs"][0]["outputState"], "edited");
+    // What was given up can be seen elsewhere.
+    EXPECT_EQ(run({"convert", "programs", "-o", "elsewhere"}).status, 0);
+    EXPECT_EQ(read("elsewhere/a.torvel"), "G1 X1\nG1 X7\nG1 X3\n\n\nG1 X8\n\n");
+}
+
+TEST_F(CommandTest, AFreshCloneWithoutTheStore) {
+    write("migration.toml", "sources = [\"programs\"]\n");
+    write("programs/a.pgm", "PROBE X\nG1 X1\nPROBE Y\n");
+    write("programs/b.pgm", "PROBE X\n");
+    EXPECT_EQ(run({"convert"}).status, 0);
+    const std::string edited = "ByHand()\nG1 X1\n#error_unconvertible (a.pgm:3): PROBE Y\n\n";
+    write("converted/a.torvel", edited);
+    EXPECT_TRUE(begins(run({"accept"}).output, "2 findings are "));
+    const std::string store = readFile(path("converted/migration.sqlite"));
+    std::filesystem::remove(path("converted/migration.sqlite"));
+
+    const Outcome clone = run({"convert", "--quiet"});
+    EXPECT_EQ(clone.status, 3);
+    EXPECT_NE(clone.error.find("the store does not know from what it was made"), std::string::npos)
+        << clone.error;
+    EXPECT_NE(clone.error.find("\n1 new finding:\n  programs/a.pgm:1:"), std::string::npos)
+        << clone.error;
+    const nlohmann::json there = report();
+    EXPECT_EQ(there["programs"][0]["outputState"], "foreign");
+    EXPECT_EQ(there["programs"][1]["outputState"], "as-generated");
+    // Nothing is merged into what is of unknown origin; what is the converter's own is replaced.
+    write("programs/a.pgm", "PROBE X\nG1 X1\nPROBE Y\n\n\nG1 X2\n");
+    write("programs/b.pgm", "PROBE X\nG1 X5\n");
+    EXPECT_EQ(run({"convert", "--quiet"}).status, 3);
+    EXPECT_EQ(read("converted/a.torvel"), edited);
+    EXPECT_EQ(read("converted/b.torvel"), "#error_unconvertible (b.pgm:1): PROBE X\nG1 X5\n\n");
+
+    // With the store that knows it the edit stays and what is new comes in.
+    const std::string cloned = readFile(path("converted/migration.sqlite"));
+    writeFile(path("converted/migration.sqlite"), store);
+    const Outcome known = run({"convert", "--quiet"});
+    EXPECT_EQ(known.status, 0);
+    EXPECT_EQ(known.error, "");
+    const std::string merged =
+        "ByHand()\nG1 X1\n#error_unconvertible (a.pgm:3): PROBE Y\n\n\nG1 X2\n\n";
+    EXPECT_EQ(read("converted/a.torvel"), merged);
+
+    // Without it: away with the output, convert, and back.
+    writeFile(path("converted/migration.sqlite"), cloned);
+    std::filesystem::rename(path("converted/a.torvel"), path("a.mine"));
+    EXPECT_EQ(run({"convert", "--quiet"}).status, 3);
+    std::filesystem::rename(path("a.mine"), path("converted/a.torvel"));
+    EXPECT_EQ(run({"convert", "--quiet"}).status, 0);
+    EXPECT_EQ(report()["programs"][0]["outputState"], "edited");
+    EXPECT_EQ(read("converted/a.torvel"), merged);
+}
+
 TEST_F(CommandTest, TheGate) {
     write("migration.toml", "sources = [\"programs\"]\n");
     write("programs/a.pgm", "PROBE X\n$a = 1e3\n");
