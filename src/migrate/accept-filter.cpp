@@ -1,6 +1,7 @@
 #include "src/migrate/accept-filter.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -21,9 +22,10 @@ struct Named {
 
 std::vector<Named> namesOf(const std::vector<std::string>& texts) {
     std::vector<Named> names;
-    for (const std::string& text : texts) {
-        names.push_back({text, canonicalPath(nativePath(text))});
-    }
+    std::transform(texts.begin(), texts.end(), std::back_inserter(names),
+                   [](const std::string& text) {
+                       return Named{text, canonicalPath(nativePath(text))};
+                   });
     return names;
 }
 
