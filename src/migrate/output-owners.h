@@ -9,8 +9,8 @@ namespace torvel::migrate {
 /// Whether something is there. What nobody may look at counts as there.
 bool isOnDisk(const NativePath& path);
 
-/// Whether an output is known to be made from another program that is still on the disk, or may be. What was edited in it belongs
-/// to that program.
+/// Whether an output is known to be made from another program that is still on the disk, or may be. What was edited in
+/// it belongs to that program.
 bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found, const Project& project,
                       const Discovery& discovery);
 
