@@ -178,8 +178,9 @@ void keepKnown(KeptFiles& files, const ReportedStore& source) {
 }
 
 bool overlap(const WrittenPlace& left, const WrittenPlace& right) {
-    const std::string a = folded(narrowPath(left.path));
-    const std::string b = folded(narrowPath(right.path));
+    // Whole paths, with slashes on every system.
+    const std::string a = folded(keyOf(left.path, NativePath()));
+    const std::string b = folded(keyOf(right.path, NativePath()));
     return a == b || (left.isFolder && isInside(b, a)) || (right.isFolder && isInside(a, b)) ||
            (left.identity != FileIdentity() && left.identity == right.identity);
 }
