@@ -71,12 +71,7 @@ void convertLines(ConversionContext& context, std::size_t first, std::size_t las
             part.text.appendStored(text);
         }
         if constexpr (isRecorded) {
-            if (line.isConverted &&
-                hasVariablesAtMost(context, mark, number, tokens, text, line.effect)) {
-                recordVariables(context, number, tokens);
-            } else {
-                recordLine(context, mark, number, tokens, line.isConverted, text, line.effect);
-            }
+            recordLine(context, mark, number, tokens, line.isConverted, text, line.effect);
         }
         line.textEnd = part.text.size();
     }

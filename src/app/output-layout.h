@@ -12,8 +12,8 @@ namespace torvel {
 /// comments, and lines that could not be converted behind their marker.
 class OutputLayout {
 public:
-    /// Appends a line of the program, with its line end, to `out`. `text` is its converted text, in a TextBuffer; none: it could not
-    /// be converted.
+    /// Appends a line of the program, with its line end, to `out`. `text` is its converted text, in a TextBuffer; none:
+    /// it could not be converted.
     void write(const Program& program, const SourceLine& line, std::optional<std::string_view> text,
                BlockEffect effect, TextBuffer& out);
 

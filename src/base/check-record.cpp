@@ -9,11 +9,6 @@ namespace torvel {
 
 namespace {
 
-bool isWithin(TextSpan inner, TextSpan outer) {
-    return inner.offset >= outer.offset &&
-           inner.offset + inner.length <= outer.offset + outer.length;
-}
-
 /// Behind so many bytes of a line nobody asks for columns, and each would cost as much.
 constexpr std::uint32_t mostColumns = 1U << 16U;
 
@@ -76,8 +71,8 @@ void recordDroppedComment(CheckRecord& record, const Program& program,
 ColumnRange columnsOf(const Program& program, const SourcePosition& position, TextSpan lineText,
                       TextSpan text) {
     // A line that lost a block comment was put together anew and does not stand in the file.
-    if (position.inclusion == nullptr || text.empty() || !isWithin(text, lineText) ||
-        !isWithin(lineText, position.inclusion->file->text)) {
+    if (position.inclusion == nullptr || text.empty() || !text.isWithin(lineText) ||
+        !lineText.isWithin(position.inclusion->file->text)) {
         return {};
     }
     const TextSpan file = position.inclusion->file->text;
@@ -95,7 +90,7 @@ ColumnRange columnsOf(const Program& program, const SourcePosition& position, Te
 TextSpan placeOf(std::span<const Token> tokens, TextSpan lineText) {
     TextSpan whole;
     for (const Token& token : tokens) {
-        if (!hasText(token.type) || !isWithin(token.text, lineText)) {
+        if (!hasText(token.type) || !token.text.isWithin(lineText)) {
             continue;
         }
         TextSpan text = token.text;

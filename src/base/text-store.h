@@ -15,6 +15,9 @@ struct TextSpan {
     std::uint32_t length = 0;
 
     bool empty() const { return length == 0; }
+    bool isWithin(TextSpan outer) const {
+        return offset >= outer.offset && offset + length <= outer.offset + outer.length;
+    }
     /// The bytes of the span from `start` on, `count` of them.
     TextSpan subspan(std::size_t start, std::size_t count) const {
         return {offset + static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(count)};

@@ -191,9 +191,9 @@ void completeLine(CheckRecord& record, const RecordMark& mark, std::uint32_t lin
 
 }  // namespace
 
-void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
-                std::span<const Token> tokens, bool isConverted, std::string_view text,
-                BlockEffect effect) {
+void recordWholeLine(ConversionContext& context, LineMark& mark, std::size_t number,
+                     std::span<const Token> tokens, bool isConverted, std::string_view text,
+                     BlockEffect effect) {
     CheckRecord& record = *context.record;
     const auto line = static_cast<std::uint32_t>(number);
     if (record.places != nullptr) {

@@ -61,11 +61,22 @@ inline bool hasVariablesAtMost(const ConversionContext& context, const LineMark&
            context.record->places == nullptr && markNow(context) == mark;
 }
 
+/// What recordLine() does for every other line.
+void recordWholeLine(ConversionContext& context, LineMark& mark, std::size_t number,
+                     std::span<const Token> tokens, bool isConverted, std::string_view text,
+                     BlockEffect effect);
+
 /// Completes the findings of the line `number` of the program, which was converted from `tokens` just now. `mark` was
 /// what there was in front of it, and becomes what there is behind it.
-void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
-                std::span<const Token> tokens, bool isConverted, std::string_view text,
-                BlockEffect effect);
+inline void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
+                       std::span<const Token> tokens, bool isConverted, std::string_view text,
+                       BlockEffect effect) {
+    if (isConverted && hasVariablesAtMost(context, mark, number, tokens, text, effect)) {
+        recordVariables(context, number, tokens);
+    } else {
+        recordWholeLine(context, mark, number, tokens, isConverted, text, effect);
+    }
+}
 
 /// Appends the record of further lines of the program.
 void append(CheckRecord& record, CheckRecord&& further);

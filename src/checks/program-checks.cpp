@@ -26,14 +26,16 @@ ColumnRange columnsOf(const Program& program, const Fact& fact) {
     return columnsOf(program, positionOf(program, fact), fact.lineText, fact.place);
 }
 
-}  // namespace
-
+/// What a directive says; empty for a fact of a line.
 std::string_view valueOf(const Fact& fact) {
     return fact.isDirective ? directive(fact).value : std::string_view();
 }
 
+}  // namespace
+
 /// The text says which name it is about. A block has none.
-void addFinding(CheckRecord& record, Check check, const Program& program, const Fact& fact) {
+void addFinding(CheckRecord& record, Check check, const Facts& facts, const Fact& fact) {
+    const Program& program = facts.program();
     Finding finding = makeFinding(check, positionOf(program, fact), columnsOf(program, fact));
     finding.programLine = fact.programLine;
     if (check != Check::BlockShape) {
@@ -159,7 +161,7 @@ void checkDefines(const Facts& facts, CheckRecord& record) {
         const bool asks = fact.kind == Kind::ifdef || fact.kind == Kind::elif;
         if (asks && isConditionLost(ways.at(fact.name), fact) &&
             !isIncludeGuard(facts, record, number)) {
-            addFinding(record, Check::ConditionLost, facts.program(), fact);
+            addFinding(record, Check::ConditionLost, facts, fact);
         }
         if (followConditional(ways, facts, number)) {
             continue;
@@ -173,12 +175,12 @@ void checkDefines(const Facts& facts, CheckRecord& record) {
             case Kind::valueUse:
                 if (ways.at(fact.name).hasSeveralValues && !marked.contains(fact.programLine) &&
                     uses.isFirst(fact)) {
-                    addFinding(record, Check::ConditionFrozen, facts.program(), fact);
+                    addFinding(record, Check::ConditionFrozen, facts, fact);
                 }
                 break;
             case Kind::macroCall:
                 if (ways.at(fact.name).mayBeLostMacro) {
-                    addFinding(record, Check::MacroKeptOut, facts.program(), fact);
+                    addFinding(record, Check::MacroKeptOut, facts, fact);
                 }
                 break;
             default: break;
@@ -206,10 +208,10 @@ void checkArguments(const Facts& facts, CheckRecord& record) {
         }
         const unsigned met = fact.sides & use->second;
         if ((met & (Fact::leftSide | Fact::rightSide)) != 0) {
-            addFinding(record, Check::ArgumentSum, facts.program(), fact);
+            addFinding(record, Check::ArgumentSum, facts, fact);
         }
         if ((met & Fact::isSet) != 0) {
-            addFinding(record, Check::ArgumentSet, facts.program(), fact);
+            addFinding(record, Check::ArgumentSet, facts, fact);
         }
     }
 }
@@ -268,12 +270,12 @@ void checkJumps(const Facts& facts, CheckRecord& record) {
             case Kind::functionEnd: function = 0; break;
             case Kind::jump:
                 if (!targets.labels.contains(fact.name)) {
-                    addFinding(record, Check::JumpTarget, facts.program(), fact);
+                    addFinding(record, Check::JumpTarget, facts, fact);
                 }
                 break;
             case Kind::call:
                 if (!targets.functions.contains(fact.name)) {
-                    addFinding(record, Check::JumpTarget, facts.program(), fact);
+                    addFinding(record, Check::JumpTarget, facts, fact);
                 }
                 break;
             case Kind::label: {
@@ -285,7 +287,7 @@ void checkJumps(const Facts& facts, CheckRecord& record) {
                 reaching.mayBeKept = true;
                 reaching.latest = number + 1;
                 if (isMetBefore(ways, ways.set(labelKey(record, function, fact.name), reaching))) {
-                    addFinding(record, Check::JumpTarget, facts.program(), fact);
+                    addFinding(record, Check::JumpTarget, facts, fact);
                 }
                 break;
             }
@@ -341,7 +343,7 @@ void checkNames(const Facts& facts, CheckRecord& record) {
     const auto lookAtVariables = [&](std::uint32_t behind) {
         while (const VariablePlace* variable = variables.next(behind)) {
             if (names.isShadow(program.text.view(variable->name))) {
-                addFinding(record, Check::NameShadows, program, factOf(program, *variable));
+                addFinding(record, Check::NameShadows, facts, factOf(program, *variable));
             }
         }
     };
@@ -350,7 +352,7 @@ void checkNames(const Facts& facts, CheckRecord& record) {
         if (isName(fact.kind)) {
             lookAtVariables(fact.programLine);
             if (names.isShadow(fact.name)) {
-                addFinding(record, Check::NameShadows, program, fact);
+                addFinding(record, Check::NameShadows, facts, fact);
             }
         }
     }

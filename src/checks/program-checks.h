@@ -58,10 +58,7 @@ void checkBlocks(const Facts& facts, CheckRecord& record);
 /// name-shadows
 void checkNames(const Facts& facts, CheckRecord& record);
 
-/// What a directive says; empty for a fact of a line.
-std::string_view valueOf(const Fact& fact);
-
-/// Appends a finding at the place of a fact, which belongs to that program.
-void addFinding(CheckRecord& record, Check check, const Program& program, const Fact& fact);
+/// Appends a finding at the place of a fact, which is one of these or was made of their program.
+void addFinding(CheckRecord& record, Check check, const Facts& facts, const Fact& fact);
 
 }  // namespace torvel

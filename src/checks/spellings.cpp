@@ -1,7 +1,6 @@
 #include "src/checks/spellings.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "src/base/characters.h"
 
@@ -27,7 +26,7 @@ std::string textInLowerCase(std::string_view text) {
 
 }  // namespace
 
-Spellings::Spellings() : slots_(fewestSlots) {
+Spellings::Spellings() : shortNames_(fewestSlots) {
     for (const std::string_view word : torvelWords) {
         addWord(word);
     }
@@ -40,10 +39,7 @@ void Spellings::addWord(std::string_view word) {
     }
     char text[ShortName::longest] = {};
     std::copy(word.begin(), word.end(), text);
-    const ShortName lower = inLowerCase(shortName({text, word.size()}));
-    Slot& slot = slotOf(lower);
-    count_ += slot.lower == lower ? 0 : 1;
-    slot.lower = lower;
+    shortNames_.insert(inLowerCase(shortName({text, word.size()})), {});
 }
 
 bool Spellings::isShadow(std::string_view name) {
@@ -52,39 +48,12 @@ bool Spellings::isShadow(std::string_view name) {
         return !isNew && entry->second != name && isOther(name);
     }
     const ShortName spelling = shortName(name);
-    const ShortName lower = inLowerCase(spelling);
-    Slot& slot = slotOf(lower);
-    if (slot.lower == lower) {
-        return slot.spelling != spelling && isOther(name);
-    }
-    slot = {lower, spelling};
-    if (2 * ++count_ > slots_.size()) {
-        grow();
-    }
-    return false;
+    const auto [first, isNew] = shortNames_.insert(inLowerCase(spelling), spelling);
+    return !isNew && first != spelling && isOther(name);
 }
 
 bool Spellings::isOther(std::string_view name) {
     return others_.insert(name).second;
-}
-
-/// The slot that has the name, or the free one where it belongs.
-Spellings::Slot& Spellings::slotOf(const ShortName& lower) {
-    const std::size_t last = slots_.size() - 1;
-    std::size_t slot = hashOf(lower) & last;
-    while (slots_[slot].lower.low != 0 && slots_[slot].lower != lower) {
-        slot = (slot + 1) & last;
-    }
-    return slots_[slot];
-}
-
-void Spellings::grow() {
-    const std::vector<Slot> slots = std::exchange(slots_, std::vector<Slot>(2 * slots_.size()));
-    for (const Slot& slot : slots) {
-        if (slot.lower.low != 0) {
-            slotOf(slot.lower) = slot;
-        }
-    }
 }
 
 }  // namespace torvel

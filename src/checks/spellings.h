@@ -5,9 +5,8 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
-#include <vector>
 
-#include "src/base/short-name.h"
+#include "src/base/short-name-table.h"
 
 namespace torvel {
 
@@ -23,21 +22,11 @@ public:
     bool isShadow(std::string_view name);
 
 private:
-    /// A name in small letters, and how it was spelled first; zero: a word of Torvel. Nothing in small letters: a free
-    /// slot.
-    struct Slot {
-        ShortName lower;
-        ShortName spelling;
-    };
-
-    Slot& slotOf(const ShortName& lower);
     void addWord(std::string_view word);
     bool isOther(std::string_view name);
-    void grow();
 
-    /// At least twice as many as there are short names, by their hashes; a power of two.
-    std::vector<Slot> slots_;
-    std::size_t count_ = 0;
+    /// By names in small letters how they were spelled first; zero: a word of Torvel.
+    ShortNameTable<ShortName> shortNames_;
     /// The same for long names.
     std::unordered_map<std::string, std::string_view> longNames_;
     /// Spellings that are not the first of their name.

@@ -43,12 +43,6 @@ Precedence translateParenthesised(Statement& statement, ExpressionText& out) {
     return out[start] == '-' ? Precedence::unary : Precedence::primary;
 }
 
-/// Whether the program wrote a token, which is no preserved define, in the line itself.
-bool standsInLine(const Statement& statement, const Token& token) {
-    const TextSpan line = statement.context.record->lineText;
-    return token.text.offset - line.offset < line.length;
-}
-
 /// What a printed number says for who asks for checks.
 void recordNumber(Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
@@ -56,8 +50,9 @@ void recordNumber(Statement& statement) {
     if (isDefine) {
         noteFact(statement, Fact::Kind::valueUse, cursor.text(), cursor.place());
     }
+    // What stands in the line itself is the program's own.
     if (isDefine || ((cursor.is(TokenType::INTEGER_LITERAL) || cursor.is(TokenType::HEX_LITERAL)) &&
-                     !standsInLine(statement, cursor.token()))) {
+                     !cursor.token().text.isWithin(statement.context.record->lineText))) {
         checkPrintedNumber(statement);
     }
 }
