@@ -14,6 +14,12 @@ std::string displayPath(const NativePath& path, const NativePath& directory) {
     return narrowPath(text);
 }
 
+NativePath withEnding(const NativePath& path, std::string_view ending) {
+    NativePath longer = path;
+    longer += ending;
+    return longer;
+}
+
 std::string_view lastComponent(std::string_view path) {
     path = withoutDrive(path);
     std::size_t begin = 0;

@@ -54,6 +54,9 @@ NativePath includedPath(const NativePath& directory, std::string_view text);
 /// slashes. Both are canonical.
 std::string displayPath(const NativePath& path, const NativePath& directory);
 
+/// The file beside `path` that has `ending` behind the same name.
+NativePath withEnding(const NativePath& path, std::string_view ending);
+
 /// `path` without a drive in front ("C:"), on platforms that have drives.
 std::string_view withoutDrive(std::string_view path);
 

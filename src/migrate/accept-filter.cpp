@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "src/migrate/explain.h"
+#include "src/migrate/source-walk.h"
 #include "src/migrate/text-decoding.h"
 
 namespace torvel::migrate {
@@ -29,16 +30,11 @@ std::vector<Named> namesOf(const std::vector<std::string>& texts) {
     return names;
 }
 
-bool isAtOrIn(const NativePath& path, const NativePath& folder) {
-    return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first ==
-           folder.end();
-}
-
 /// Marks what the program is named by. Whether it is.
 bool takeProgram(std::vector<Named>& names, const NativePath& program) {
     bool isNamed = false;
     for (Named& name : names) {
-        if (isAtOrIn(program, name.path)) {
+        if (isPathInside(program, name.path)) {
             name.isFound = true;
             isNamed = true;
         }

@@ -66,7 +66,7 @@ NativePath storePath(const Project& project) {
 }
 
 NativePath baselinePath(const Project& project) {
-    return projectPath(project, project.baseline.value_or("migration-baseline.json"));
+    return projectPath(project, project.baseline.value_or(std::string(baselineFileName)));
 }
 
 std::vector<ReportedStore> storesOf(const Options& options, const Project& project) {

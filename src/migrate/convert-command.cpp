@@ -28,8 +28,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int wrongUse = 2;
-
 /// A store that is written lies in a folder that there may not be yet.
 Store openForWriting(const Project& project, bool isRebuilt) {
     const NativePath path = storePath(project);

@@ -7,7 +7,6 @@
 #include <thread>
 #include <unordered_map>
 
-#include "src/base/characters.h"
 #include "src/migrate/in-threads.h"
 #include "src/migrate/include-graph.h"
 #include "src/migrate/include-scan.h"
@@ -186,11 +185,6 @@ void tellPartsLikePrograms(Search& search) {
     }
 }
 
-std::string folded(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), lowerCase);
-    return text;
-}
-
 /// A machine's folder as a key, and as it was written where links lead to it.
 struct Machine {
     std::string key;
@@ -257,14 +251,14 @@ void findCollisions(Search& search) {
     std::vector<FoundProgram>& programs = search.found.programs;
     std::unordered_map<std::string, std::vector<std::size_t>> byOutput;
     for (std::size_t i = 0; i < programs.size(); ++i) {
-        byOutput[folded(programs[i].output)].push_back(i);
+        byOutput[foldedKey(programs[i].output)].push_back(i);
     }
     std::unordered_map<std::string, std::string> sources;
     for (const GraphFile& file : search.graph) {
-        sources.emplace(folded(file.key), file.key);
+        sources.emplace(foldedKey(file.key), file.key);
     }
     for (std::size_t i = 0; i < programs.size(); ++i) {
-        const std::string output = folded(programs[i].output);
+        const std::string output = foldedKey(programs[i].output);
         for (const std::size_t other : byOutput[output]) {
             if (other != i) {
                 programs[i].collidesWith.push_back(programs[other].program);

@@ -1,5 +1,7 @@
 #include "src/migrate/finding-names.h"
 
+#include <algorithm>
+
 namespace torvel::migrate {
 
 std::string_view todoName(FindingTodo todo) {
@@ -59,6 +61,21 @@ std::optional<FailOn> failOnNamed(std::string_view name) {
         }
     }
     return std::nullopt;
+}
+
+std::vector<FailOn> failOnsOf(std::string word) {
+    std::vector<FailOn> kinds;
+    if (word == "any") {
+        for (const FindingTodo todo : todos) {
+            kinds.push_back({todo, std::nullopt});
+        }
+        return kinds;
+    }
+    std::replace(word.begin(), word.end(), '_', '-');
+    if (const std::optional<FailOn> named = failOnNamed(word)) {
+        kinds.push_back(*named);
+    }
+    return kinds;
 }
 
 }  // namespace torvel::migrate

@@ -3,7 +3,9 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "src/migrate/report.h"
 
@@ -34,5 +36,9 @@ struct FailOn {
 
 /// None: there is no such name.
 std::optional<FailOn> failOnNamed(std::string_view name);
+
+/// What a word of `--fail-on` or `fail_on` means: such a name, also "fix_source" for "fix-source", or "any", which is
+/// every todo. Empty: there is no such word.
+std::vector<FailOn> failOnsOf(std::string word);
 
 }  // namespace torvel::migrate

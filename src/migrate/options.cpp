@@ -5,14 +5,13 @@
 #include <array>
 #include <utility>
 
+#include "src/migrate/finding-names.h"
 #include "src/migrate/path-pattern.h"
 #include "src/migrate/recorded-source.h"
 
 namespace torvel::migrate {
 
 namespace {
-
-constexpr int wrongUse = 2;
 
 constexpr std::array<std::pair<const char*, Subcommand>, 5> commandNames{{
     {"convert", Subcommand::convert},
@@ -76,9 +75,10 @@ CLI::Validator patternCheck() {
 
 CLI::Validator failWordCheck() {
     return {[](const std::string& word) {
-                return isFailWord(word) ? std::string()
-                                        : "'" + word + "' is none of rewrite, complete, look, " +
-                                              "fix_source, moves, stops, reads and any.";
+                return !failOnsOf(word).empty()
+                           ? std::string()
+                           : "'" + word + "' is none of rewrite, complete, look, " +
+                                 "fix_source, moves, stops, reads and any.";
             },
             "", "what fails"};
 }

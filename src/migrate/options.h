@@ -8,6 +8,9 @@
 
 namespace torvel::migrate {
 
+/// The exit status of a command line that cannot be followed.
+inline constexpr int wrongUse = 2;
+
 enum class Subcommand : std::uint8_t { convert, status, report, explain, accept };
 
 /// The command line. Paths are as they were written, relative to the working directory.

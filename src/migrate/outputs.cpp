@@ -208,9 +208,7 @@ CarriedOut replaceBytes(const NativePath& path, const std::optional<ContentHash>
 }  // namespace
 
 NativePath conflictPath(const NativePath& output) {
-    NativePath path = output;
-    path += ".conflict";
-    return path;
+    return withEnding(output, ".conflict");
 }
 
 std::optional<OutputFiles> readOutputFiles(const NativePath& output, std::string& message) {

@@ -11,6 +11,7 @@
 #include <toml++/toml.h>
 
 #include "src/expr/reference-rows.h"
+#include "src/migrate/finding-names.h"
 #include "src/migrate/path-pattern.h"
 #include "src/migrate/reference-entries.h"
 
@@ -18,7 +19,6 @@ namespace torvel::migrate {
 
 namespace {
 
-constexpr std::string_view projectFileName = "migration.toml";
 /// More than a person writes, and no burden to read.
 constexpr std::uint64_t largestFile = std::uint64_t{1} << 24U;
 /// A week of work, in minutes.
@@ -248,11 +248,11 @@ void readFailOn(const Entry& entry, Project& project) {
         "a list of rewrite, complete, look, fix_source, moves, stops, reads and any, each in "
         "quotes";
     readList(entry, allowed, [&](const Entry& element) {
-        const std::string name = readText(element, allowed);
-        if (!isFailWord(name)) {
+        const std::string word = readText(element, allowed);
+        if (failOnsOf(word).empty()) {
             element.failType(allowed);
         }
-        project.failOn.push_back(name);
+        project.failOn.push_back(word);
     });
 }
 
@@ -325,13 +325,6 @@ void checkFolders(const Project& project, const std::string& shown) {
 }
 
 }  // namespace
-
-bool isFailWord(std::string_view word) {
-    constexpr std::array<std::string_view, 9> words{"rewrite",    "complete",   "look",
-                                                    "fix_source", "fix-source", "moves",
-                                                    "stops",      "reads",      "any"};
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
 
 void readProjectText(const std::string& text, const std::string& shown, Project& project) {
     const toml::table table = parse(text, shown);

@@ -72,13 +72,14 @@ struct Project {
     std::optional<std::string> store;
     /// The baseline; none: migration-baseline.json in the project's folder.
     std::optional<std::string> baseline;
-    /// Findings that fail a run: todo and severity names, or "any", with "_" or "-"; empty: only what is not in a
+    /// Findings that fail a run: words that `failOnsOf` knows; empty: only what is not in a
     /// baseline that is there.
     std::vector<std::string> failOn;
 };
 
-/// Whether a word tells what fails a run.
-bool isFailWord(std::string_view word);
+/// What the files of a project are called if nobody says otherwise.
+inline constexpr std::string_view projectFileName = "migration.toml";
+inline constexpr std::string_view baselineFileName = "migration-baseline.json";
 
 /// The project of the file. An empty path: migration.toml of the working directory, or if there is none a project
 /// without a file, whose folder is the working directory. Throws std::runtime_error with a complete message at what

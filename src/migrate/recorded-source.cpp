@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "src/base/characters.h"
+
 namespace torvel::migrate {
 
 namespace {
@@ -23,6 +25,11 @@ std::string keyOf(const NativePath& path, const NativePath& folder) {
     const NativePath relative = path.lexically_relative(folder);
     const NativePath& key = relative.empty() ? path : relative;
     return narrowPath(NativePath(key.generic_string<NativePath::value_type>()));
+}
+
+std::string foldedKey(std::string key) {
+    std::transform(key.begin(), key.end(), key.begin(), lowerCase);
+    return key;
 }
 
 FileSource recordedSource(const FileSource& source, const NativePath& folder,

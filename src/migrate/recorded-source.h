@@ -11,6 +11,9 @@ namespace torvel::migrate {
 /// The key of a canonical path in a project whose folder is canonical.
 std::string keyOf(const NativePath& path, const NativePath& folder);
 
+/// A key in small letters: those that differ by case only are one file on some systems, and count as one on all.
+std::string foldedKey(std::string key);
+
 /// A source of files that notes what is asked of another one: each file that is read with the hash of its bytes, and
 /// each that is looked for and not there. `source`, `folder` and `inputs` have to outlive it.
 FileSource recordedSource(const FileSource& source, const NativePath& folder,

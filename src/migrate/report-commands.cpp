@@ -26,7 +26,6 @@ namespace torvel::migrate {
 
 namespace {
 
-constexpr int wrongUse = 2;
 constexpr std::size_t usualWidth = 80;
 
 Reporting reportingOf(const Options& options, const Project& project) {

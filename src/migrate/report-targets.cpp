@@ -4,9 +4,9 @@
 #include <unordered_set>
 #include <utility>
 
-#include "src/base/characters.h"
 #include "src/migrate/command-project.h"
 #include "src/migrate/html-page.h"
+#include "src/migrate/outputs.h"
 #include "src/migrate/recorded-source.h"
 #include "src/migrate/source-walk.h"
 
@@ -15,12 +15,6 @@ namespace torvel::migrate {
 namespace {
 
 constexpr std::string_view sourceText = "a source of the programs";
-
-/// Paths that differ by case only are one file on some systems, and count as one on all.
-std::string folded(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), lowerCase);
-    return text;
-}
 
 /// A file that a report replaces, or a folder with all that is in it.
 struct WrittenPlace {
@@ -77,7 +71,7 @@ public:
         folder_ = folder;
         keys_.clear();
         for (const WrittenPlace& place : places_) {
-            keys_.push_back(folded(keyOf(place.path, folder)));
+            keys_.push_back(foldedKey(keyOf(place.path, folder)));
         }
     }
 
@@ -87,7 +81,7 @@ public:
         }
         const FileIdentity identity =
             mayBeLinked_ ? fileIdentity(folder_ / nativePath(key)) : FileIdentity();
-        const std::string small = folded(key);
+        const std::string small = foldedKey(key);
         for (std::size_t i = 0; i < places_.size(); ++i) {
             const WrittenPlace& place = places_[i];
             const bool isSame = place.isFolder ? isInside(small, keys_[i]) : small == keys_[i];
@@ -119,12 +113,6 @@ private:
     });
 };
 
-NativePath withEnding(const NativePath& path, std::string_view ending) {
-    NativePath result = path;
-    result += ending;
-    return result;
-}
-
 void keepStore(KeptFiles& files, const NativePath& store) {
     files.keepPath(store, "the store");
     for (const std::string_view ending : {"-wal", "-shm", "-journal", ".lock", ".old"}) {
@@ -151,14 +139,14 @@ void keepProject(KeptFiles& files, const Project& project) {
 
 void keepOutput(KeptFiles& files, const std::string& output) {
     files.keep(output, "an output");
-    files.keep(output + ".conflict", "the conflict file of an output");
-    files.keep(output.substr(0, output.rfind('.')) + ".log", "the log of an output");
+    files.keep(narrowPath(conflictPath(nativePath(output))), "the conflict file of an output");
+    files.keep(narrowPath(logPath(nativePath(output))), "the log of an output");
 }
 
 void keepKnown(KeptFiles& files, const ReportedStore& source) {
     files.enter(source.folder);
-    files.keep("migration.toml", "the project file");
-    files.keep("migration-baseline.json", "the baseline");
+    files.keep(std::string(projectFileName), "the project file");
+    files.keep(std::string(baselineFileName), "the baseline");
     keepStore(files, source.path);
     std::unordered_set<std::string> inputs;
     source.store->forEachProgram([&](const StoredProgram& program) {
@@ -179,8 +167,8 @@ void keepKnown(KeptFiles& files, const ReportedStore& source) {
 
 bool overlap(const WrittenPlace& left, const WrittenPlace& right) {
     // Whole paths, with slashes on every system.
-    const std::string a = folded(keyOf(left.path, NativePath()));
-    const std::string b = folded(keyOf(right.path, NativePath()));
+    const std::string a = foldedKey(keyOf(left.path, NativePath()));
+    const std::string b = foldedKey(keyOf(right.path, NativePath()));
     return a == b || (left.isFolder && isInside(b, a)) || (right.isFolder && isInside(a, b)) ||
            (left.identity != FileIdentity() && left.identity == right.identity);
 }

@@ -15,18 +15,12 @@ namespace {
 constexpr int notAccepted = 3;
 constexpr std::size_t mostToldOfGate = 50;
 
-/// What fails a run; names were checked before. "any" is everything.
+/// What fails a run; words were checked before.
 std::vector<FailOn> failOnOf(const Project& project) {
     std::vector<FailOn> failOn;
-    for (std::string name : project.failOn) {
-        std::replace(name.begin(), name.end(), '_', '-');
-        if (name == "any") {
-            for (const FindingTodo todo : todos) {
-                failOn.push_back({todo, std::nullopt});
-            }
-        } else if (const auto named = failOnNamed(name)) {
-            failOn.push_back(*named);
-        }
+    for (const std::string& word : project.failOn) {
+        const std::vector<FailOn> kinds = failOnsOf(word);
+        failOn.insert(failOn.end(), kinds.begin(), kinds.end());
     }
     return failOn;
 }

@@ -185,11 +185,6 @@ void walkFolders(Walk& walk) {
     }
 }
 
-bool isPathInside(const NativePath& path, const NativePath& folder) {
-    return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first ==
-           folder.end();
-}
-
 /// A link counts as what it leads to; a link to a folder around itself would not end.
 void followLink(Walk& walk, Pending link) {
     const NativePath target = canonicalPath(link.path);
@@ -391,6 +386,11 @@ bool isInside(std::string_view key, std::string_view folder) {
     }
     return key.starts_with(folder) &&
            (key.size() == folder.size() || key[folder.size()] == '/' || folder.ends_with('/'));
+}
+
+bool isPathInside(const NativePath& path, const NativePath& folder) {
+    return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first ==
+           folder.end();
 }
 
 SourceWalk walkSources(const Project& project, const std::atomic<bool>* isInterrupted) {

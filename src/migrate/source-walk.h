@@ -43,7 +43,8 @@ SourceWalk walkSources(const Project& project, const std::atomic<bool>* isInterr
 /// A path of the project as a key, links not followed.
 std::string placeOf(const Project& project, std::string_view path);
 
-/// Whether a key is that of a folder, or of something in it.
+/// Whether a key is that of a folder, or of something in it. The same of paths, canonical.
 bool isInside(std::string_view key, std::string_view folder);
+bool isPathInside(const NativePath& path, const NativePath& folder);
 
 }  // namespace torvel::migrate

@@ -14,9 +14,7 @@ namespace torvel::migrate {
 namespace {
 
 NativePath lockPath(const NativePath& store) {
-    NativePath path = store;
-    path += ".lock";
-    return path;
+    return withEnding(store, ".lock");
 }
 
 std::string now() {

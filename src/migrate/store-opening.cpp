@@ -12,12 +12,6 @@ namespace torvel::migrate {
 
 namespace {
 
-NativePath withEnding(const NativePath& path, const char* ending) {
-    NativePath longer = path;
-    longer += ending;
-    return longer;
-}
-
 bool isThere(const NativePath& path) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
@@ -136,7 +130,7 @@ constexpr std::array storeEndings{"", "-wal", "-journal"};
 NativePath freePathAside(const NativePath& path) {
     for (unsigned number = 1;; ++number) {
         const std::string ending = number == 1 ? ".old" : ".old" + std::to_string(number);
-        NativePath aside = withEnding(path, ending.c_str());
+        NativePath aside = withEnding(path, ending);
         const bool isFree =
             std::all_of(storeEndings.begin(), storeEndings.end(), [&](const char* file) {
                 return fileKind(withEnding(aside, file)) == FileKind::missing;
