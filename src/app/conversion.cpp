@@ -38,9 +38,9 @@ struct ConvertedPart {
 /// Bytes of a line's text for which room is made.
 constexpr std::size_t expectedTextLength = 32;
 /// And facts, blocks and variables: most programs have fewer, and room that is not used costs nothing.
-constexpr std::size_t linesPerFact = 4;
+constexpr std::size_t linesPerFact = 16;
 constexpr std::size_t linesPerBlock = 4;
-constexpr std::size_t linesPerVariable = 2;
+constexpr std::size_t linesPerVariable = 8;
 
 /// Converts the lines from `first` up to `last`. Where nobody asks for findings it is a loop of its own, since what
 /// a line costs beside its conversion counts.
@@ -86,13 +86,14 @@ ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::
     if (run.record != nullptr) {
         part.record = std::make_unique<CheckRecord>();
         part.record->run = run.record;
-        part.record->recentVariables = std::make_unique<RecentNames>();
+        part.record->recordedVariables = run.record->variablesOfParts.take(first);
         part.record->places = run.record->places;
         part.record->facts.reserve((last - first) / linesPerFact);
         part.record->blocks.reserve((last - first) / linesPerBlock);
         part.record->variables.reserve((last - first) / linesPerVariable);
         context.record = part.record.get();
         convertLines<true>(context, first, last, part);
+        run.record->variablesOfParts.giveBack(std::move(part.record->recordedVariables), first);
     } else {
         convertLines<false>(context, first, last, part);
     }

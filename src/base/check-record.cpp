@@ -20,12 +20,12 @@ bool hasText(TokenType type) {
 
 bool mayHaveSeveralValues(const CheckRecord& record, std::string_view name) {
     const CheckRecord& run = record.run != nullptr ? *record.run : record;
-    return !run.definedAgain.empty() && run.definedAgain.contains(std::string(name));
+    return !run.definedAgain.empty() && run.definedAgain.contains(name);
 }
 
 void enterDefined(CheckRecord& record, std::string_view name) {
-    if (!record.defined.emplace(name).second) {
-        record.definedAgain.emplace(name);
+    if (!record.defined.insert(name)) {
+        record.definedAgain.insert(name);
     }
 }
 
@@ -53,13 +53,6 @@ void KeptTexts::take(KeptTexts&& further) {
 void takeOff(CheckRecord& record, const RecordMark& mark) {
     record.findings.truncate(mark.findings);
     record.facts.truncate(mark.facts);
-}
-
-std::string_view textAbout(CheckRecord& record, Check check, std::string_view name) {
-    const std::string_view title = checkRow(check).title;
-    std::string text;
-    text.reserve(title.size() + 1 + name.size());
-    return record.texts.keep(text.append(title).append(1, ' ').append(name));
 }
 
 void recordDroppedComment(CheckRecord& record, const Program& program,

@@ -3,17 +3,17 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
-#include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "src/base/block-effect.h"
 #include "src/base/findings.h"
 #include "src/base/growing-array.h"
 #include "src/base/name-places.h"
+#include "src/base/name-set.h"
+#include "src/base/names-of-parts.h"
 #include "src/base/program.h"
-#include "src/base/recent-names.h"
+#include "src/base/recorded-finding.h"
 
 namespace torvel {
 
@@ -59,8 +59,7 @@ struct Fact {
     bool isDirective = false;
     std::uint32_t programLine = 0;
     /// Where it stands in its line, if that is known.
-    TextSpan lineText{};
-    TextSpan place{};
+    ColumnRange columns{};
     std::string_view name;
 };
 
@@ -110,11 +109,11 @@ struct CheckRecord {
     /// The text of the line being converted, for the columns of findings.
     TextSpan lineText{};
     /// Those of the lines that are converted just now; in the end those of the passes over the whole program.
-    GrowingArray<Finding> findings;
+    GrowingArray<RecordedFinding> findings;
     /// Those of the files as such, and those of converted lines, some thousand lines after the other. All are in the
     /// order of their places.
     GrowingArray<Finding> ofFiles;
-    std::vector<GrowingArray<Finding>> ofLines;
+    std::vector<GrowingArray<RecordedFinding>> ofLines;
     /// Those of the preprocessor.
     GrowingArray<DirectiveFact> directives;
     /// Those of the lines that are converted just now; behind them those of converted lines.
@@ -130,25 +129,24 @@ struct CheckRecord {
     /// several times.
     GrowingArray<VariablePlace> variables;
     std::vector<GrowingArray<VariablePlace>> variablesOfLines;
-    /// Names that need not be recorded once more; null where nothing is converted.
-    std::unique_ptr<RecentNames> recentVariables;
+    /// The names of the variables that need not be recorded once more; null where nothing is converted.
+    std::unique_ptr<NameSet> recordedVariables;
+    /// Where the parts of this run have theirs from.
+    NamesOfParts variablesOfParts;
     /// Names of the defines that were met, and those that were met again. Only these can have several values.
-    std::unordered_set<std::string> defined;
-    std::unordered_set<std::string> definedAgain;
+    NameSet defined;
+    NameSet definedAgain;
     /// The record of the run of which this one has a part; null: it is that.
     const CheckRecord* run = nullptr;
     /// Takes where names stand, in a conversion of one thread; null: nobody asks.
     NamePlaces* places = nullptr;
 };
 
-/// Whether the ways through the conditionals may have given a name different values.
+/// Whether the ways through the conditionals may have given a name of the program's text different values.
 bool mayHaveSeveralValues(const CheckRecord& record, std::string_view name);
 
-/// Notes that a name is defined.
+/// Notes that a name, which is one of the record's texts, is defined.
 void enterDefined(CheckRecord& record, std::string_view name);
-
-/// The title of a check with a name that it is about.
-std::string_view textAbout(CheckRecord& record, Check check, std::string_view name);
 
 /// Records a comment that the output does not have, on that line.
 void recordDroppedComment(CheckRecord& record, const Program& program,

@@ -18,7 +18,9 @@ public:
                                                  : longNames_.insert(name).second;
     }
 
-    bool contains(std::string_view name) {
+    bool empty() const { return shortNames_.empty() && longNames_.empty(); }
+
+    bool contains(std::string_view name) const {
         return name.size() <= ShortName::longest ? shortNames_.contains(shortName(name))
                                                  : longNames_.contains(name);
     }

@@ -28,7 +28,8 @@ public:
         return {value, true};
     }
 
-    bool contains(const ShortName& name) { return slotOf(name).name == name; }
+    bool contains(const ShortName& name) const { return slots_[numberOf(name)].name == name; }
+    bool empty() const { return count_ == 0; }
 
 private:
     /// Zero in the place of the name: a free slot.
@@ -38,13 +39,14 @@ private:
     };
 
     /// The slot that has the name, or the free one where it belongs.
-    Slot& slotOf(const ShortName& name) {
+    Slot& slotOf(const ShortName& name) { return slots_[numberOf(name)]; }
+    std::size_t numberOf(const ShortName& name) const {
         const std::size_t last = slots_.size() - 1;
         std::size_t slot = hashOf(name) & last;
         while (slots_[slot].name.low != 0 && slots_[slot].name != name) {
             slot = (slot + 1) & last;
         }
-        return slots_[slot];
+        return slot;
     }
 
     void grow() {

@@ -242,7 +242,7 @@ private:
         }
         Fact line;
         line.programLine = place.programLine;
-        addFinding(record_, Check::BlockShape, facts_, place.fact != nullptr ? *place.fact : line);
+        addFinding(record_, Check::BlockShape, place.fact != nullptr ? *place.fact : line);
     }
 
     void followBody(const Fact& fact) {

@@ -144,11 +144,16 @@ void notePlaces(const ConversionContext& context, std::span<const Token> tokens,
     }
 }
 
-bool standsBefore(const Finding& a, const Finding& b) {
-    return std::pair(a.programLine, a.columns.first) < std::pair(b.programLine, b.columns.first);
+/// By which findings are ordered.
+template <typename AnyFinding>
+std::pair<std::uint32_t, std::uint32_t> placeInProgram(const AnyFinding& finding) {
+    return {finding.programLine, finding.columns.first};
 }
 
-void sortFindings(std::span<Finding> findings) {
+void sortFindings(std::span<RecordedFinding> findings) {
+    const auto standsBefore = [](const RecordedFinding& a, const RecordedFinding& b) {
+        return placeInProgram(a) < placeInProgram(b);
+    };
     if (!std::is_sorted(findings.begin(), findings.end(), standsBefore)) {
         std::stable_sort(findings.begin(), findings.end(), standsBefore);
     }
@@ -158,7 +163,7 @@ void sortFindings(std::span<Finding> findings) {
 void noteLostDefine(const ConversionContext& context, std::span<const Token> tokens) {
     if (tokens.size() == 1 && tokens[0].type == TokenType::CONVERSION_TEXT &&
         context.program.textOf(tokens[0]).starts_with(unconvertibleMarker)) {
-        Finding finding = makeFinding(Check::DefineNotKept, context.position);
+        RecordedFinding finding = recordedFinding(Check::DefineNotKept);
         finding.origin = FindingOrigin::define;
         context.record->findings.push_back(finding);
     }
@@ -170,16 +175,16 @@ void noteMessages(ConversionContext& context, std::size_t first) {
     for (std::size_t i = first; i < context.log.size(); ++i) {
         const ConversionMessage& message = context.log[i];
         record.findings.push_back(
-            makeFinding(message.message, record.texts.keep(message.text), message.position));
+            recordedFinding(message.message, record.texts.keep(message.text)));
     }
 }
 
 /// What stands behind `mark` belongs to that line.
 void completeLine(CheckRecord& record, const RecordMark& mark, std::uint32_t line,
                   FindingTodo todo) {
-    const std::span<Finding> findings =
+    const std::span<RecordedFinding> findings =
         std::span(record.findings.data(), record.findings.size()).subspan(mark.findings);
-    for (Finding& finding : findings) {
+    for (RecordedFinding& finding : findings) {
         finding.programLine = line;
         finding.todo = todo;
     }
@@ -215,7 +220,7 @@ void recordWholeLine(ConversionContext& context, LineMark& mark, std::size_t num
         noteRefused(record);
     }
     if (isCommentToNote(context, context.program.list.lines[number])) {
-        record.findings.push_back(makeFinding(Check::CommentContinues, context.position));
+        record.findings.push_back(recordedFinding(Check::CommentContinues));
     }
     noteLostDefine(context, tokens);
     const LineMark now = markNow(context);
@@ -259,8 +264,8 @@ void appendCommentFindings(CheckRecord& record, GrowingArray<Finding>& findings)
 }
 
 /// All facts in the order of the program's lines, those of the preprocessor first.
-Facts factsInOrder(const Program& program, const CheckRecord& record) {
-    Facts facts(program);
+Facts factsInOrder(const CheckRecord& record) {
+    Facts facts;
     auto next = record.directives.begin();
     const auto takePreprocessed = [&](std::uint32_t last) {
         while (next != record.directives.end() && next->programLine <= last) {
@@ -293,51 +298,93 @@ GrowingArray<Finding> fileFindings(const Program& program, CheckRecord& record) 
 
 void finishRecord(const Program& program, CheckRecord& record) {
     record.ofFiles = fileFindings(program, record);
-    const Facts facts = factsInOrder(program, record);
+    const Facts facts = factsInOrder(record);
     checkDefines(facts, record);
     checkArguments(facts, record);
     checkJumps(facts, record);
     checkBlocks(facts, record);
-    checkNames(facts, record);
+    checkNames(program, facts, record);
     sortFindings({record.findings.data(), record.findings.size()});
 }
 
 namespace {
 
-using FindingList = std::span<const Finding>;
+/// Findings that are in the order of their places, from the first one that is not told yet.
+template <typename AnyFinding>
+class FindingList {
+public:
+    explicit FindingList(const GrowingArray<AnyFinding>& findings)
+        : next_(findings.begin()), end_(findings.end()) {}
 
-FindingList listOf(const GrowingArray<Finding>& findings) {
-    return {findings.data(), findings.size()};
-}
+    /// The place of the next one; behind the last, that of no finding.
+    std::pair<std::uint32_t, std::uint32_t> place() const {
+        return next_ == end_ ? std::pair(UINT32_MAX, UINT32_MAX) : placeInProgram(*next_);
+    }
+    bool isEmpty() const { return next_ == end_; }
+    const AnyFinding& take() { return *next_++; }
 
-/// The list whose first finding stands first; the earlier list if several stand at one place. Null: all are empty.
-FindingList* firstOf(std::span<FindingList> lists) {
-    FindingList* first = nullptr;
-    for (FindingList& list : lists) {
-        if (!list.empty() && (first == nullptr || standsBefore(list.front(), first->front()))) {
-            first = &list;
+private:
+    const AnyFinding* next_;
+    const AnyFinding* end_;
+};
+
+/// Tells findings one by one.
+class FindingTeller {
+public:
+    FindingTeller(const Program& program, const CheckRecord& record, const FindingTaker& taker)
+        : record_(record),
+          taker_(taker),
+          positions_(program.list),
+          ofFiles_(record.ofFiles),
+          ofPasses_(record.findings) {}
+
+    /// Tells those of lines, and what stands in front of them. Where several stand at one place those of files come
+    /// first, and those of passes last.
+    void tell(FindingList<RecordedFinding> ofLines) {
+        while (!ofLines.isEmpty()) {
+            if (ofFiles_.place() <= std::min(ofLines.place(), ofPasses_.place())) {
+                taker_(ofFiles_.take());
+            } else {
+                tell(ofLines.place() <= ofPasses_.place() ? ofLines.take() : ofPasses_.take());
+            }
         }
     }
-    return first;
-}
+
+    void tellRest() {
+        while (!ofFiles_.isEmpty() || !ofPasses_.isEmpty()) {
+            if (!ofFiles_.isEmpty() && ofFiles_.place() <= ofPasses_.place()) {
+                taker_(ofFiles_.take());
+            } else {
+                tell(ofPasses_.take());
+            }
+        }
+    }
+
+private:
+    void tell(const RecordedFinding& finding) {
+        const bool isOfLine = finding.directive == RecordedFinding::ofLine;
+        taker_(findingOf(finding,
+                         isOfLine ? positions_.of(finding.programLine)
+                                  : record_.directives[finding.directive].position,
+                         room_));
+    }
+
+    const CheckRecord& record_;
+    const FindingTaker& taker_;
+    LinePositions positions_;
+    FindingList<Finding> ofFiles_;
+    FindingList<RecordedFinding> ofPasses_;
+    std::string room_;
+};
 
 }  // namespace
 
-void tellFindings(const CheckRecord& record, const FindingTaker& taker) {
-    std::array<FindingList, 3> lists = {listOf(record.ofFiles), {}, listOf(record.findings)};
-    const auto tellFirst = [&](FindingList& list) {
-        taker(list.front());
-        list = list.subspan(1);
-    };
-    for (const GrowingArray<Finding>& part : record.ofLines) {
-        lists[1] = listOf(part);
-        while (!lists[1].empty()) {
-            tellFirst(*firstOf(lists));
-        }
+void tellFindings(const Program& program, const CheckRecord& record, const FindingTaker& taker) {
+    FindingTeller teller(program, record, taker);
+    for (const GrowingArray<RecordedFinding>& part : record.ofLines) {
+        teller.tell(FindingList(part));
     }
-    while (FindingList* const list = firstOf(lists)) {
-        tellFirst(*list);
-    }
+    teller.tellRest();
 }
 
 Finding unreadableFinding(const ParseException& error) {

@@ -33,7 +33,7 @@ inline LineMark markNow(const ConversionContext& context) {
 
 /// Notes a variable where it stands first.
 inline void noteVariable(CheckRecord& record, std::string_view name, const VariablePlace& place) {
-    if (record.recentVariables->insert(name)) {
+    if (record.recordedVariables->insert(name)) {
         record.variables.push_back(place);
     }
 }
@@ -84,8 +84,8 @@ void append(CheckRecord& record, CheckRecord&& further);
 /// Looks at the program as a whole.
 void finishRecord(const Program& program, CheckRecord& record);
 
-/// Tells all findings of a finished record in the order of their places.
-void tellFindings(const CheckRecord& record, const FindingTaker& taker);
+/// Tells all findings of the program's finished record in the order of their places.
+void tellFindings(const Program& program, const CheckRecord& record, const FindingTaker& taker);
 
 /// The finding of a program that could not be read.
 Finding unreadableFinding(const ParseException& error);

@@ -18,14 +18,6 @@ const DirectiveFact& directive(const Fact& fact) {
     return static_cast<const DirectiveFact&>(fact);
 }
 
-SourcePosition positionOf(const Program& program, const Fact& fact) {
-    return fact.isDirective ? directive(fact).position : program.list.positionOf(fact.programLine);
-}
-
-ColumnRange columnsOf(const Program& program, const Fact& fact) {
-    return columnsOf(program, positionOf(program, fact), fact.lineText, fact.place);
-}
-
 /// What a directive says; empty for a fact of a line.
 std::string_view valueOf(const Fact& fact) {
     return fact.isDirective ? directive(fact).value : std::string_view();
@@ -34,12 +26,13 @@ std::string_view valueOf(const Fact& fact) {
 }  // namespace
 
 /// The text says which name it is about. A block has none.
-void addFinding(CheckRecord& record, Check check, const Facts& facts, const Fact& fact) {
-    const Program& program = facts.program();
-    Finding finding = makeFinding(check, positionOf(program, fact), columnsOf(program, fact));
+void addFinding(CheckRecord& record, Check check, const Fact& fact) {
+    RecordedFinding finding = recordedFinding(
+        check, fact.columns, check == Check::BlockShape ? std::string_view() : fact.name);
     finding.programLine = fact.programLine;
-    if (check != Check::BlockShape) {
-        finding.text = textAbout(record, check, fact.name);
+    if (fact.isDirective) {
+        finding.directive =
+            static_cast<std::uint32_t>(&directive(fact) - record.directives.begin());
     }
     record.findings.push_back(finding);
 }
@@ -130,18 +123,15 @@ std::unordered_set<std::uint32_t> markedLines(const Facts& facts) {
 /// The uses of names in a line of which the columns are not known: those of one name are one finding.
 class UsesWithoutPlace {
 public:
-    explicit UsesWithoutPlace(const Program& program) : program_(program) {}
-
     bool isFirst(const Fact& fact) {
         if (fact.programLine != line_) {
             line_ = fact.programLine;
             names_.clear();
         }
-        return columnsOf(program_, fact) != ColumnRange() || names_.insert(fact.name).second;
+        return fact.columns != ColumnRange() || names_.insert(fact.name).second;
     }
 
 private:
-    const Program& program_;
     std::uint32_t line_ = 0;
     std::unordered_set<std::string_view> names_;
 };
@@ -154,14 +144,14 @@ void checkDefines(const Facts& facts, CheckRecord& record) {
         return;
     }
     const std::unordered_set<std::uint32_t> marked = markedLines(facts);
-    UsesWithoutPlace uses(facts.program());
+    UsesWithoutPlace uses;
     Ways ways;
     for (std::size_t number = 0; number < facts.size(); ++number) {
         const Fact& fact = facts[number];
         const bool asks = fact.kind == Kind::ifdef || fact.kind == Kind::elif;
         if (asks && isConditionLost(ways.at(fact.name), fact) &&
             !isIncludeGuard(facts, record, number)) {
-            addFinding(record, Check::ConditionLost, facts, fact);
+            addFinding(record, Check::ConditionLost, fact);
         }
         if (followConditional(ways, facts, number)) {
             continue;
@@ -175,12 +165,12 @@ void checkDefines(const Facts& facts, CheckRecord& record) {
             case Kind::valueUse:
                 if (ways.at(fact.name).hasSeveralValues && !marked.contains(fact.programLine) &&
                     uses.isFirst(fact)) {
-                    addFinding(record, Check::ConditionFrozen, facts, fact);
+                    addFinding(record, Check::ConditionFrozen, fact);
                 }
                 break;
             case Kind::macroCall:
                 if (ways.at(fact.name).mayBeLostMacro) {
-                    addFinding(record, Check::MacroKeptOut, facts, fact);
+                    addFinding(record, Check::MacroKeptOut, fact);
                 }
                 break;
             default: break;
@@ -208,10 +198,10 @@ void checkArguments(const Facts& facts, CheckRecord& record) {
         }
         const unsigned met = fact.sides & use->second;
         if ((met & (Fact::leftSide | Fact::rightSide)) != 0) {
-            addFinding(record, Check::ArgumentSum, facts, fact);
+            addFinding(record, Check::ArgumentSum, fact);
         }
         if ((met & Fact::isSet) != 0) {
-            addFinding(record, Check::ArgumentSet, facts, fact);
+            addFinding(record, Check::ArgumentSet, fact);
         }
     }
 }
@@ -270,12 +260,12 @@ void checkJumps(const Facts& facts, CheckRecord& record) {
             case Kind::functionEnd: function = 0; break;
             case Kind::jump:
                 if (!targets.labels.contains(fact.name)) {
-                    addFinding(record, Check::JumpTarget, facts, fact);
+                    addFinding(record, Check::JumpTarget, fact);
                 }
                 break;
             case Kind::call:
                 if (!targets.functions.contains(fact.name)) {
-                    addFinding(record, Check::JumpTarget, facts, fact);
+                    addFinding(record, Check::JumpTarget, fact);
                 }
                 break;
             case Kind::label: {
@@ -287,7 +277,7 @@ void checkJumps(const Facts& facts, CheckRecord& record) {
                 reaching.mayBeKept = true;
                 reaching.latest = number + 1;
                 if (isMetBefore(ways, ways.set(labelKey(record, function, fact.name), reaching))) {
-                    addFinding(record, Check::JumpTarget, facts, fact);
+                    addFinding(record, Check::JumpTarget, fact);
                 }
                 break;
             }
@@ -307,8 +297,8 @@ Fact factOf(const Program& program, const VariablePlace& variable) {
     Fact fact;
     fact.kind = Kind::variable;
     fact.programLine = variable.programLine;
-    fact.lineText = variable.lineText;
-    fact.place = variable.name;
+    fact.columns = columnsOf(program, program.list.positionOf(variable.programLine),
+                             variable.lineText, variable.name);
     fact.name = program.text.view(variable.name);
     return fact;
 }
@@ -336,14 +326,13 @@ private:
 
 }  // namespace
 
-void checkNames(const Facts& facts, CheckRecord& record) {
-    const Program& program = facts.program();
+void checkNames(const Program& program, const Facts& facts, CheckRecord& record) {
     Spellings names;
     Variables variables(record);
     const auto lookAtVariables = [&](std::uint32_t behind) {
         while (const VariablePlace* variable = variables.next(behind)) {
             if (names.isShadow(program.text.view(variable->name))) {
-                addFinding(record, Check::NameShadows, facts, factOf(program, *variable));
+                addFinding(record, Check::NameShadows, factOf(program, *variable));
             }
         }
     };
@@ -352,7 +341,7 @@ void checkNames(const Facts& facts, CheckRecord& record) {
         if (isName(fact.kind)) {
             lookAtVariables(fact.programLine);
             if (names.isShadow(fact.name)) {
-                addFinding(record, Check::NameShadows, facts, fact);
+                addFinding(record, Check::NameShadows, fact);
             }
         }
     }

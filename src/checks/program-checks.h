@@ -18,9 +18,6 @@ namespace torvel {
 /// The facts of a program in the order of its lines, but for the lines that open and close blocks.
 class Facts {
 public:
-    explicit Facts(const Program& program) : program_(program) {}
-
-    const Program& program() const { return program_; }
     void add(const Fact& fact) {
         list_.push_back(&fact);
         kinds_ |= bit(fact.kind);
@@ -38,7 +35,6 @@ private:
         return std::uint32_t{1} << static_cast<unsigned>(kind);
     }
 
-    const Program& program_;
     std::vector<const Fact*> list_;
     std::uint32_t kinds_ = 0;
 };
@@ -56,9 +52,9 @@ void checkJumps(const Facts& facts, CheckRecord& record);
 void checkBlocks(const Facts& facts, CheckRecord& record);
 
 /// name-shadows
-void checkNames(const Facts& facts, CheckRecord& record);
+void checkNames(const Program& program, const Facts& facts, CheckRecord& record);
 
-/// Appends a finding at the place of a fact, which is one of these or was made of their program.
-void addFinding(CheckRecord& record, Check check, const Facts& facts, const Fact& fact);
+/// Appends a finding at the place of a fact, which is one of the record or stands at a line.
+void addFinding(CheckRecord& record, Check check, const Fact& fact);
 
 }  // namespace torvel

@@ -57,14 +57,13 @@ void refuse(Statement& statement, Message message, std::initializer_list<std::st
 void recordCheck(const Statement& statement, Check check, const Token* first, const Token* last) {
     const ConversionContext& context = statement.context;
     context.record->findings.push_back(
-        makeFinding(check, context.position,
-                    columnsOf(context.program, context.position, context.record->lineText,
-                              std::span(first, last))));
+        recordedFinding(check, columnsOf(context.program, context.position,
+                                         context.record->lineText, std::span(first, last))));
 }
 
 namespace {
 
-/// What a fact's name tells a person, without its position; none for other facts.
+/// What a fact's name tells a person, without its place; none for other facts.
 std::optional<NamePlace> namePlaceOf(const Fact& fact) {
     using Kind = Fact::Kind;
     using Place = NamePlace::Kind;
@@ -80,8 +79,6 @@ std::optional<NamePlace> namePlaceOf(const Fact& fact) {
     }
     const bool isDefinition = fact.kind == Kind::label || fact.kind == Kind::function;
     place.role = isDefinition ? NamePlace::Role::definition : NamePlace::Role::use;
-    place.lineText = fact.lineText;
-    place.place = fact.place;
     place.name = fact.name;
     return place;
 }
@@ -96,14 +93,17 @@ void recordFact(const Statement& statement, Fact::Kind kind, std::string_view na
     }
     Fact fact;
     fact.kind = kind;
-    fact.lineText = context.record->lineText;
-    fact.place = placeOf(std::span(first, statement.cursor.place()), fact.lineText);
+    const TextSpan lineText = context.record->lineText;
+    const TextSpan place = placeOf(std::span(first, statement.cursor.place()), lineText);
+    fact.columns = columnsOf(context.program, context.position, lineText, place);
     fact.name = context.record->texts.keep(name);
     context.record->facts.push_back(fact);
     if (context.record->places != nullptr && !statement.isRefused) {
-        if (auto place = namePlaceOf(fact)) {
-            place->position = context.position;
-            context.record->places->push_back(*place);
+        if (auto named = namePlaceOf(fact)) {
+            named->position = context.position;
+            named->lineText = lineText;
+            named->place = place;
+            context.record->places->push_back(*named);
         }
     }
 }

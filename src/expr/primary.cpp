@@ -43,18 +43,20 @@ Precedence translateParenthesised(Statement& statement, ExpressionText& out) {
     return out[start] == '-' ? Precedence::unary : Precedence::primary;
 }
 
-/// What a printed number says for who asks for checks.
+/// Whether a printed number may not be the program's own: what stands in the line itself is.
+bool mayBeOfDefine(const Token& number, TextSpan lineText) {
+    return number.type == TokenType::NUMBER_DEFINE ||
+           ((number.type == TokenType::INTEGER_LITERAL || number.type == TokenType::HEX_LITERAL) &&
+            !number.text.isWithin(lineText));
+}
+
+/// What such a number says for who asks for checks.
 void recordNumber(Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
-    const bool isDefine = cursor.is(TokenType::NUMBER_DEFINE);
-    if (isDefine) {
+    if (cursor.is(TokenType::NUMBER_DEFINE)) {
         noteFact(statement, Fact::Kind::valueUse, cursor.text(), cursor.place());
     }
-    // What stands in the line itself is the program's own.
-    if (isDefine || ((cursor.is(TokenType::INTEGER_LITERAL) || cursor.is(TokenType::HEX_LITERAL)) &&
-                     !cursor.token().text.isWithin(statement.context.record->lineText))) {
-        checkPrintedNumber(statement);
-    }
+    checkPrintedNumber(statement);
 }
 
 void writeNumericLiteral(Statement& statement, ExpressionText& out) {
@@ -76,17 +78,13 @@ void writeNumericLiteral(Statement& statement, ExpressionText& out) {
     cursor.advance();
 }
 
-void writeRecordedLiteral(Statement& statement, ExpressionText& out) {
-    recordNumber(statement);
-    writeNumericLiteral(statement, out);
-}
-
 }  // namespace
 
 void translateNumericLiteral(Statement& statement, ExpressionText& out) {
-    if (statement.context.record != nullptr) [[unlikely]] {
-        writeRecordedLiteral(statement, out);
-        return;
+    const CheckRecord* const record = statement.context.record;
+    if (record != nullptr && mayBeOfDefine(statement.cursor.token(), record->lineText))
+        [[unlikely]] {
+        recordNumber(statement);
     }
     writeNumericLiteral(statement, out);
 }

@@ -184,24 +184,23 @@ ProgramResult convertOne(const NativePath& path, const ConversionSettings& setti
     CheckRecord& record = kept.record;
     record.places = names != nullptr ? &names->places : nullptr;
     result.program = keyOf(path, settings.folder);
+    const auto takeFinding = [&](const Finding& finding) {
+        result.findings.push_back(rowOf(conversion, finding));
+        if (result.findings.back().file.empty()) {
+            result.findings.back().file = result.program;
+        }
+    };
     try {
         const PredefinedTable& predefined =
             settings.constants ? settings.constants->table() : predefinedConstants();
         preprocessProgram(conversion.program, narrowPath(path), settings.axes, settings.limits,
                           predefined, source, &record);
         convertRead(conversion, record, result);
+        tellFindings(conversion.program, record, takeFinding);
     } catch (const ParseException& error) {
         result.status = ProgramStatus::unreadable;
-        Finding finding = unreadableFinding(error);
-        finding.text = record.texts.keep(finding.text);
-        record.findings.push_back(finding);
+        takeFinding(unreadableFinding(error));
     }
-    tellFindings(record, [&](const Finding& finding) {
-        result.findings.push_back(rowOf(conversion, finding));
-        if (result.findings.back().file.empty()) {
-            result.findings.back().file = result.program;
-        }
-    });
     for (const SourceFile& file : conversion.program.files) {
         const std::string_view text = conversion.program.text.view(file.text);
         result.files.push_back(

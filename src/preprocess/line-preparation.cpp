@@ -106,15 +106,16 @@ void appendTokens(PreprocessorRun& run, LineList& list, const SubstitutedText& s
 
 /// Tells the passes which names were replaced by text. The line is the last one.
 void noteUses(PreprocessorRun& run, const SourcePosition& position, TextSpan lineText) {
-    noteUsePlaces(run, position);
+    if (run.record->places != nullptr) {
+        noteUsePlaces(run, position);
+    }
     for (const Defines::Use& use : run.defines.uses()) {
         const std::string_view name = run.program.text.view(use.name);
         if (!use.isPreserved && mayHaveSeveralValues(*run.record, name)) {
             noteFact(run, Fact::Kind::valueUse, position, name);
             DirectiveFact& fact = run.record->directives.back();
             --fact.programLine;  // the line is appended already
-            fact.lineText = lineText;
-            fact.place = use.name;
+            fact.columns = columnsOf(run.program, position, lineText, use.name);
         }
     }
     run.defines.forgetUses();

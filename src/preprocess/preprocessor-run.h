@@ -59,7 +59,7 @@ void preprocessFile(PreprocessorRun& run, std::string_view path,
 void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& position,
               std::string_view name, std::string_view value = {});
 
-/// Tells where the names stand that were replaced just now, if somebody asks. There is a record.
+/// Tells where the names stand that were replaced just now. Somebody asks for that.
 void noteUsePlaces(PreprocessorRun& run, const SourcePosition& position);
 
 /// Replaces the names in `text`. False: it stays one piece, since it holds no name or substitution

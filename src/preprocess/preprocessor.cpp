@@ -123,9 +123,6 @@ void noteNamePlaces(PreprocessorRun& run, const DirectiveFact& fact, std::string
 }  // namespace
 
 void noteUsePlaces(PreprocessorRun& run, const SourcePosition& position) {
-    if (run.record->places == nullptr) {
-        return;
-    }
     for (const Defines::Use& use : run.defines.uses()) {
         NamePlace place;
         place.kind = NamePlace::Kind::name;
@@ -142,9 +139,6 @@ void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& posit
         (kind == Fact::Kind::valueUse && !mayHaveSeveralValues(*run.record, name))) {
         return;
     }
-    if (kind == Fact::Kind::define || kind == Fact::Kind::lostDefine) {
-        enterDefined(*run.record, name);
-    }
     DirectiveFact fact;
     fact.kind = kind;
     fact.isDirective = true;
@@ -152,6 +146,9 @@ void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& posit
     fact.position = position;
     fact.name = run.record->texts.keep(name);
     fact.value = run.record->texts.keep(value);
+    if (kind == Fact::Kind::define || kind == Fact::Kind::lostDefine) {
+        enterDefined(*run.record, fact.name);
+    }
     run.record->directives.push_back(fact);
     if (run.record->places != nullptr) {
         noteNamePlaces(run, fact, name);

@@ -206,10 +206,9 @@ void noteGluedCode(const ConversionContext& context, std::span<const Token> toke
         const std::size_t end = 1 + tokens[at + 1].text.length;
         if (end < text.size() && (isDigit(text[end]) || text[end] == '.')) {
             CheckRecord& record = *context.record;
-            record.findings.push_back(
-                makeFinding(Check::GluedWord, context.position,
-                            columnsOf(context.program, context.position, record.lineText,
-                                      tokens.subspan(at, 2))));
+            record.findings.push_back(recordedFinding(
+                Check::GluedWord, columnsOf(context.program, context.position, record.lineText,
+                                            tokens.subspan(at, 2))));
         }
         return;
     }

@@ -226,7 +226,7 @@ void writeAxisValue(Statement& statement, std::size_t nameLength, std::size_t ax
         axisNameLength(std::string_view(text).substr(start), axes) > nameLength) {
         // In parentheses it does not go on with its word.
         if (statement.context.record != nullptr && beginsGlued(text[valueStart])) {
-            GrowingArray<Finding>& findings = statement.context.record->findings;
+            GrowingArray<RecordedFinding>& findings = statement.context.record->findings;
             findings.truncate(findings.size() - 1);
         }
         parenthesise(text, valueStart);
