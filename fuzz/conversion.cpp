@@ -211,7 +211,7 @@ private:
             convertProgram(context, output, sharing);
             require(output.close(), "no output");
             std::string checks;
-            tellFindings(program, record, [&](const Finding& finding) {
+            tellFindings(program, record, log, [&](const Finding& finding) {
                 checks += finding.origin == FindingOrigin::check ? test::checkLine(finding) : "";
             });
             requireNone(test::textDifference(test::readFile(path), expected.output));

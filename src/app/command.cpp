@@ -124,7 +124,7 @@ void convertFile(const CommandLine& commandLine, const Limits& limits, const Fin
     }
     closeWritten(log, paths.log);
     if (record) {
-        tellFindings(program, *record, taker);
+        tellFindings(program, *record, messages, taker);
     }
 }
 

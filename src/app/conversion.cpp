@@ -145,11 +145,11 @@ void convertInto(ConversionContext& context, Target target, const WorkSharing& s
     OutputLayout layout;
     while (std::optional<ConvertedPart> part = parts.next()) {
         writePart(context.program, *part, layout, target);
+        if (context.record != nullptr) {
+            append(*context.record, std::move(*part->record), context.log.size());
+        }
         context.log.insert(context.log.end(), std::make_move_iterator(part->log.begin()),
                            std::make_move_iterator(part->log.end()));
-        if (context.record != nullptr) {
-            append(*context.record, std::move(*part->record));
-        }
     }
     if (context.record != nullptr) {
         finishRecord(context.program, *context.record);

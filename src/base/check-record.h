@@ -104,6 +104,13 @@ struct DroppedComment {
     std::uint32_t programLine = 0;
 };
 
+/// The findings of some thousand converted lines.
+struct PartFindings {
+    GrowingArray<RecordedFinding> findings;
+    /// Where the messages of these lines begin among those of the run.
+    std::size_t firstMessage = 0;
+};
+
 /// What the converter gathers for who asks for findings. Without one nothing is gathered.
 struct CheckRecord {
     /// The text of the line being converted, for the columns of findings.
@@ -113,7 +120,7 @@ struct CheckRecord {
     /// Those of the files as such, and those of converted lines, some thousand lines after the other. All are in the
     /// order of their places.
     GrowingArray<Finding> ofFiles;
-    std::vector<GrowingArray<RecordedFinding>> ofLines;
+    std::vector<PartFindings> ofLines;
     /// Those of the preprocessor.
     GrowingArray<DirectiveFact> directives;
     /// Those of the lines that are converted just now; behind them those of converted lines.

@@ -4,11 +4,6 @@ namespace torvel {
 
 namespace {
 
-void setText(RecordedFinding& finding, std::string_view text) {
-    finding.text = text.data();
-    finding.textLength = static_cast<std::uint32_t>(text.size());
-}
-
 /// The check's title and what it is about.
 std::string_view textOf(Check check, std::string_view about, std::string& room) {
     const std::string_view title = checkRow(check).title;
@@ -18,38 +13,44 @@ std::string_view textOf(Check check, std::string_view about, std::string& room) 
     return room.assign(title).append(1, ' ').append(about);
 }
 
+void complete(Finding& finding, const RecordedFinding& recorded) {
+    finding.origin = recorded.origin;
+    finding.todo = recorded.todo;
+    finding.programLine = recorded.programLine;
+}
+
 }  // namespace
 
 RecordedFinding recordedFinding(Check check, ColumnRange columns, std::string_view about) {
     RecordedFinding finding;
     finding.row = static_cast<std::uint16_t>(check);
     finding.columns = columns;
-    setText(finding, about);
+    finding.about = about.data();
+    finding.aboutLength = static_cast<std::uint32_t>(about.size());
     return finding;
 }
 
-RecordedFinding recordedFinding(Message message, std::string_view text) {
+RecordedFinding recordedFinding(Message message, std::size_t number) {
     RecordedFinding finding;
     finding.origin = FindingOrigin::message;
     finding.row = static_cast<std::uint16_t>(message);
-    setText(finding, text);
+    finding.number = static_cast<std::uint32_t>(number);
     return finding;
 }
 
-Finding findingOf(const RecordedFinding& recorded, const SourcePosition& position,
-                  std::string& room) {
-    const std::string_view text(recorded.text, recorded.textLength);
-    Finding finding;
-    if (recorded.origin == FindingOrigin::message) {
-        finding = makeFinding(static_cast<Message>(recorded.row), text, position);
-    } else {
-        const auto check = static_cast<Check>(recorded.row);
-        finding = makeFinding(check, position, recorded.columns);
-        finding.origin = recorded.origin;
-        finding.text = textOf(check, text, room);
-    }
-    finding.todo = recorded.todo;
-    finding.programLine = recorded.programLine;
+Finding messageFinding(const RecordedFinding& recorded, const SourcePosition& position,
+                       std::string_view text) {
+    Finding finding = makeFinding(static_cast<Message>(recorded.row), text, position);
+    complete(finding, recorded);
+    return finding;
+}
+
+Finding checkFinding(const RecordedFinding& recorded, const SourcePosition& position,
+                     std::string& room) {
+    const auto check = static_cast<Check>(recorded.row);
+    Finding finding = makeFinding(check, position, recorded.columns);
+    finding.text = textOf(check, {recorded.about, recorded.aboutLength}, room);
+    complete(finding, recorded);
     return finding;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -11,17 +12,18 @@ namespace torvel {
 /// What is kept of a finding until it is told. A program may have one on every line, so it is small: its position is
 /// that of its line, and its text is put together when it is told.
 struct RecordedFinding {
-    /// Number of no directive.
-    static constexpr std::uint32_t ofLine = UINT32_MAX;
+    /// The number of nothing.
+    static constexpr std::uint32_t none = UINT32_MAX;
 
-    /// A message, or the name that a check is about. It belongs to the program, or to the record.
-    const char* text = nullptr;
-    std::uint32_t textLength = 0;
+    /// The name that a check is about. It belongs to the program, or to the record.
+    const char* about = nullptr;
+    std::uint32_t aboutLength = 0;
     /// The number of the line in the preprocessed program.
     std::uint32_t programLine = 0;
     ColumnRange columns{};
-    /// The directive of the record that it stands at, if it does not stand at its line.
-    std::uint32_t directive = ofLine;
+    /// Of a message: which of its part it is. Of a check: the directive of the record that it stands at, if it does not
+    /// stand at its line.
+    std::uint32_t number = none;
     /// A Message, or else a Check.
     std::uint16_t row = 0;
     FindingOrigin origin = FindingOrigin::check;
@@ -29,12 +31,16 @@ struct RecordedFinding {
 };
 static_assert(sizeof(RecordedFinding) == 32);
 
-/// The line and what is left to do are not known yet. `text` has to live as long as the record.
+/// The line and what is left to do are not known yet. `about` has to live as long as the record.
 RecordedFinding recordedFinding(Check check, ColumnRange columns = {}, std::string_view about = {});
-RecordedFinding recordedFinding(Message message, std::string_view text);
+RecordedFinding recordedFinding(Message message, std::size_t number);
 
-/// The finding with its texts, at that position. It holds until `room` changes.
-Finding findingOf(const RecordedFinding& recorded, const SourcePosition& position,
-                  std::string& room);
+/// The finding of a message with that text, at that position.
+Finding messageFinding(const RecordedFinding& recorded, const SourcePosition& position,
+                       std::string_view text);
+
+/// The finding of a check at that position. It holds until `room` changes.
+Finding checkFinding(const RecordedFinding& recorded, const SourcePosition& position,
+                     std::string& room);
 
 }  // namespace torvel

@@ -173,9 +173,7 @@ void noteLostDefine(const ConversionContext& context, std::span<const Token> tok
 void noteMessages(ConversionContext& context, std::size_t first) {
     CheckRecord& record = *context.record;
     for (std::size_t i = first; i < context.log.size(); ++i) {
-        const ConversionMessage& message = context.log[i];
-        record.findings.push_back(
-            recordedFinding(message.message, record.texts.keep(message.text)));
+        record.findings.push_back(recordedFinding(context.log[i].message, i));
     }
 }
 
@@ -231,8 +229,8 @@ void recordWholeLine(ConversionContext& context, LineMark& mark, std::size_t num
     }
 }
 
-void append(CheckRecord& record, CheckRecord&& further) {
-    record.ofLines.push_back(std::move(further.findings));
+void append(CheckRecord& record, CheckRecord&& further, std::size_t firstMessage) {
+    record.ofLines.push_back({std::move(further.findings), firstMessage});
     record.factsOfLines.push_back(std::move(further.facts));
     record.blocksOfLines.push_back(std::move(further.blocks));
     record.variablesOfLines.push_back(std::move(further.variables));
@@ -331,8 +329,10 @@ private:
 /// Tells findings one by one.
 class FindingTeller {
 public:
-    FindingTeller(const Program& program, const CheckRecord& record, const FindingTaker& taker)
+    FindingTeller(const Program& program, const CheckRecord& record, const MessageLog& log,
+                  const FindingTaker& taker)
         : record_(record),
+          log_(log),
           taker_(taker),
           positions_(program.list),
           ofFiles_(record.ofFiles),
@@ -340,12 +340,15 @@ public:
 
     /// Tells those of lines, and what stands in front of them. Where several stand at one place those of files come
     /// first, and those of passes last.
-    void tell(FindingList<RecordedFinding> ofLines) {
+    void tell(const PartFindings& part) {
+        FindingList<RecordedFinding> ofLines(part.findings);
         while (!ofLines.isEmpty()) {
             if (ofFiles_.place() <= std::min(ofLines.place(), ofPasses_.place())) {
                 taker_(ofFiles_.take());
+            } else if (ofLines.place() <= ofPasses_.place()) {
+                tellOfLine(ofLines.take(), part.firstMessage);
             } else {
-                tell(ofLines.place() <= ofPasses_.place() ? ofLines.take() : ofPasses_.take());
+                tellCheck(ofPasses_.take());
             }
         }
     }
@@ -355,21 +358,31 @@ public:
             if (!ofFiles_.isEmpty() && ofFiles_.place() <= ofPasses_.place()) {
                 taker_(ofFiles_.take());
             } else {
-                tell(ofPasses_.take());
+                tellCheck(ofPasses_.take());
             }
         }
     }
 
 private:
-    void tell(const RecordedFinding& finding) {
-        const bool isOfLine = finding.directive == RecordedFinding::ofLine;
-        taker_(findingOf(finding,
-                         isOfLine ? positions_.of(finding.programLine)
-                                  : record_.directives[finding.directive].position,
-                         room_));
+    void tellOfLine(const RecordedFinding& finding, std::size_t firstMessage) {
+        if (finding.origin == FindingOrigin::message) {
+            const ConversionMessage& message = log_[firstMessage + finding.number];
+            taker_(messageFinding(finding, message.position, message.text));
+        } else {
+            tellCheck(finding);
+        }
+    }
+
+    void tellCheck(const RecordedFinding& finding) {
+        const bool isAtLine = finding.number == RecordedFinding::none;
+        taker_(checkFinding(finding,
+                            isAtLine ? positions_.of(finding.programLine)
+                                     : record_.directives[finding.number].position,
+                            room_));
     }
 
     const CheckRecord& record_;
+    const MessageLog& log_;
     const FindingTaker& taker_;
     LinePositions positions_;
     FindingList<Finding> ofFiles_;
@@ -379,10 +392,11 @@ private:
 
 }  // namespace
 
-void tellFindings(const Program& program, const CheckRecord& record, const FindingTaker& taker) {
-    FindingTeller teller(program, record, taker);
-    for (const GrowingArray<RecordedFinding>& part : record.ofLines) {
-        teller.tell(FindingList(part));
+void tellFindings(const Program& program, const CheckRecord& record, const MessageLog& log,
+                  const FindingTaker& taker) {
+    FindingTeller teller(program, record, log, taker);
+    for (const PartFindings& part : record.ofLines) {
+        teller.tell(part);
     }
     teller.tellRest();
 }

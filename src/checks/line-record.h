@@ -78,14 +78,15 @@ inline void recordLine(ConversionContext& context, LineMark& mark, std::size_t n
     }
 }
 
-/// Appends the record of further lines of the program.
-void append(CheckRecord& record, CheckRecord&& further);
+/// Appends the record of further lines of the program, whose messages begin at number `firstMessage` of the run.
+void append(CheckRecord& record, CheckRecord&& further, std::size_t firstMessage);
 
 /// Looks at the program as a whole.
 void finishRecord(const Program& program, CheckRecord& record);
 
-/// Tells all findings of the program's finished record in the order of their places.
-void tellFindings(const Program& program, const CheckRecord& record, const FindingTaker& taker);
+/// Tells all findings of the program's finished record in the order of their places. `log` has the messages of the run.
+void tellFindings(const Program& program, const CheckRecord& record, const MessageLog& log,
+                  const FindingTaker& taker);
 
 /// The finding of a program that could not be read.
 Finding unreadableFinding(const ParseException& error);

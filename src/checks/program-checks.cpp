@@ -31,8 +31,7 @@ void addFinding(CheckRecord& record, Check check, const Fact& fact) {
         check, fact.columns, check == Check::BlockShape ? std::string_view() : fact.name);
     finding.programLine = fact.programLine;
     if (fact.isDirective) {
-        finding.directive =
-            static_cast<std::uint32_t>(&directive(fact) - record.directives.begin());
+        finding.number = static_cast<std::uint32_t>(&directive(fact) - record.directives.begin());
     }
     record.findings.push_back(finding);
 }

@@ -36,7 +36,20 @@ inline std::optional<std::int32_t> decimalReading(std::string_view text) {
 /// The value of the number counted, and another one would have made another text.
 void checkOctal(const Statement& statement, std::string_view text, const Token* first);
 
-/// The current token, a literal or a preserved number, is printed as it is. There is a record.
+/// Whether there may be something to say of the current token if it is printed as it is: it is a number, and does not
+/// stand in the line itself, as those of the program do.
+inline bool needsNumberCheck(const Statement& statement) {
+    const CheckRecord* const record = statement.context.record;
+    if (record == nullptr) [[likely]] {
+        return false;
+    }
+    const TokenCursor& cursor = statement.cursor;
+    return cursor.is(TokenType::NUMBER_DEFINE) ||
+           ((cursor.is(TokenType::INTEGER_LITERAL) || cursor.is(TokenType::HEX_LITERAL)) &&
+            !cursor.token().text.isWithin(record->lineText));
+}
+
+/// The current token, such a number, is printed as it is. There is a record.
 void checkPrintedNumber(Statement& statement);
 
 /// Where commas may be left out, the operand of the tokens from `first` up to the cursor holds a sign with a blank

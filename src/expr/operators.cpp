@@ -14,6 +14,7 @@
 #include <array>
 
 #include "src/expr/expressions.h"
+#include "src/expr/number-checks.h"
 #include "src/expr/number-text.h"
 #include "src/expr/variables.h"
 
@@ -133,9 +134,8 @@ bool isOneToken(const Statement& statement) {
 
 /// Writes such an operand.
 void writeOneToken(Statement& statement, ExpressionText& out) {
-    const TokenType type = statement.cursor.type();
-    const bool isAsked = statement.context.record != nullptr;
-    if (type == TokenType::NUMBER_DEFINE || (isAsked && type == TokenType::INTEGER_LITERAL)) {
+    const bool isDefine = statement.cursor.token().type == TokenType::NUMBER_DEFINE;
+    if (isDefine || needsNumberCheck(statement)) {
         translateNumericLiteral(statement, out);
     } else {
         writeToken(statement, out);

@@ -43,13 +43,6 @@ Precedence translateParenthesised(Statement& statement, ExpressionText& out) {
     return out[start] == '-' ? Precedence::unary : Precedence::primary;
 }
 
-/// Whether a printed number may not be the program's own: what stands in the line itself is.
-bool mayBeOfDefine(const Token& number, TextSpan lineText) {
-    return number.type == TokenType::NUMBER_DEFINE ||
-           ((number.type == TokenType::INTEGER_LITERAL || number.type == TokenType::HEX_LITERAL) &&
-            !number.text.isWithin(lineText));
-}
-
 /// What such a number says for who asks for checks.
 void recordNumber(Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
@@ -81,9 +74,7 @@ void writeNumericLiteral(Statement& statement, ExpressionText& out) {
 }  // namespace
 
 void translateNumericLiteral(Statement& statement, ExpressionText& out) {
-    const CheckRecord* const record = statement.context.record;
-    if (record != nullptr && mayBeOfDefine(statement.cursor.token(), record->lineText))
-        [[unlikely]] {
+    if (needsNumberCheck(statement)) [[unlikely]] {
         recordNumber(statement);
     }
     writeNumericLiteral(statement, out);

@@ -149,7 +149,8 @@ FindingRow rowOf(Conversion& conversion, const Finding& finding) {
     return row;
 }
 
-void convertRead(Conversion& conversion, CheckRecord& record, ProgramResult& result) {
+void convertRead(Conversion& conversion, CheckRecord& record, const FindingTaker& taker,
+                 ProgramResult& result) {
     MessageLog messages = messagesOfReading(conversion.program);
     ConversionContext context{conversion.program,
                               conversion.settings.axes,
@@ -170,6 +171,7 @@ void convertRead(Conversion& conversion, CheckRecord& record, ProgramResult& res
         result.lines += countCodeLines(conversion.program, file);
     }
     mapLines(conversion, result);
+    tellFindings(conversion.program, record, messages, taker);
 }
 
 }  // namespace
@@ -195,8 +197,7 @@ ProgramResult convertOne(const NativePath& path, const ConversionSettings& setti
             settings.constants ? settings.constants->table() : predefinedConstants();
         preprocessProgram(conversion.program, narrowPath(path), settings.axes, settings.limits,
                           predefined, source, &record);
-        convertRead(conversion, record, result);
-        tellFindings(conversion.program, record, takeFinding);
+        convertRead(conversion, record, takeFinding, result);
     } catch (const ParseException& error) {
         result.status = ProgramStatus::unreadable;
         takeFinding(unreadableFinding(error));

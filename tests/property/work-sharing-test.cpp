@@ -63,7 +63,7 @@ public:
         convertProgram(context, output, sharing);
         EXPECT_TRUE(output.close());
         Conversion conversion{readFile(path), {}, {}};
-        tellFindings(program, record,
+        tellFindings(program, record, log,
                      [&](const Finding& finding) { conversion.findings += checkLine(finding); });
         for (const ConversionMessage& message : log) {
             conversion.log += formatDiagnostic(message.position, message.text) + '\n';

@@ -45,7 +45,7 @@ Converted convert(const std::string& content, const ReferenceRows* reference,
     ProgramOutput output;
     convertProgram(context, output);
     Converted converted{output.text.toString(), {}};
-    tellFindings(program, record,
+    tellFindings(program, record, log,
                  [&](const Finding& finding) { converted.codes.emplace_back(finding.code); });
     return converted;
 }
