@@ -14,19 +14,17 @@ namespace torvel {
 /// it. Only views of names are kept.
 class Spellings {
 public:
-    /// Knows the words of Torvel.
-    Spellings();
-
     /// Whether a name that stands here for the first time is a word of Torvel, or was spelled otherwise before. As in
     /// every text store sixteen bytes can be read from its first one on.
     bool isShadow(std::string_view name);
 
 private:
-    void addWord(std::string_view word);
     bool isOther(std::string_view name);
 
-    /// By names in small letters how they were spelled first; zero: a word of Torvel.
-    ShortNameTable<ShortName> shortNames_;
+    static constexpr std::size_t fewestSlots = 64;
+
+    /// By names in small letters how they were spelled first.
+    ShortNameTable<ShortName> shortNames_{fewestSlots};
     /// The same for long names.
     std::unordered_map<std::string, std::string_view> longNames_;
     /// Spellings that are not the first of their name.
