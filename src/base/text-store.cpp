@@ -2,21 +2,40 @@
 
 #include <cstring>
 
+#include "src/base/large-memory.h"
 #include "src/base/uninitialized-bytes.h"
 
 namespace torvel {
 
+namespace {
+
+/// Of these chunks at least one large page is whole, wherever they begin.
+constexpr std::size_t largeChunk = std::size_t{4} << 20U;
+/// A text that takes more of a chunk has one of its own.
+constexpr std::size_t largestShare = 4;
+
+}  // namespace
+
 std::uint32_t TextStore::addChunk(std::size_t bytes) {
     const std::size_t first = pages_.size();
     const std::size_t count = (bytes + pageSize - 1) >> pageBits;
-    if (count > (std::size_t{1} << (32 - pageBits)) - first) {
+    if (count > mostPages - first) {
         throw TextStoreFull();
     }
     chunks_.push_back(uninitializedBytes(bytes + nulBytes));
+    if (bytes >= largeChunk) {
+        preferLargePages(chunks_.back().get(), bytes + nulBytes);
+    }
     for (std::size_t page = 0; page < count; ++page) {
         pages_.push_back(chunks_.back().get() + (page << pageBits));
     }
     return static_cast<std::uint32_t>(first << pageBits);
+}
+
+/// A page until there are as many as a large chunk has, and where there are not so many left.
+std::size_t TextStore::sharedChunkSize() const {
+    constexpr std::size_t count = largeChunk / pageSize;
+    return pages_.size() < count || mostPages - pages_.size() < count ? pageSize : largeChunk;
 }
 
 TextSpan TextStore::allocate(std::size_t length) {
@@ -25,12 +44,13 @@ TextSpan TextStore::allocate(std::size_t length) {
         throw TextStoreFull();
     }
     std::uint32_t offset = 0;
-    if (bytes > pageSize / 4) {
+    const std::size_t chunkSize = sharedChunkSize();
+    if (bytes > chunkSize / largestShare) {
         offset = addChunk(bytes);
     } else {
         if (bytes > end_ - next_) {
-            next_ = addChunk(pageSize);
-            end_ = next_ + static_cast<std::uint32_t>(pageSize - 1);
+            next_ = addChunk(chunkSize);
+            end_ = next_ + static_cast<std::uint32_t>(chunkSize - 1);
         }
         offset = next_;
         next_ += static_cast<std::uint32_t>(bytes);

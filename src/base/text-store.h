@@ -55,15 +55,17 @@ public:
 private:
     static constexpr unsigned pageBits = 16;
     static constexpr std::size_t pageSize = std::size_t{1} << pageBits;
+    static constexpr std::size_t mostPages = std::size_t{1} << (32 - pageBits);
 
     char* address(std::uint32_t offset) const {
         return pages_[offset >> pageBits] + (offset & (pageSize - 1));
     }
     std::uint32_t addChunk(std::size_t bytes);
+    std::size_t sharedChunkSize() const;
 
     std::vector<std::unique_ptr<char[]>> chunks_;
     std::vector<char*> pages_ = {nullptr};  // the first page is never used: offset 0 is "no text"
-    std::uint32_t next_ = 0;                // free space of the chunk for small texts
+    std::uint32_t next_ = 0;                // free space of the chunk that texts share
     std::uint32_t end_ = 0;
 };
 

@@ -5,8 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <iterator>
 #include <new>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "src/base/parse-exception.h"
 #include "src/preprocess/preprocessor.h"
@@ -37,6 +40,38 @@ std::string faultWithRoom(std::size_t room, const std::string& text) {
 }
 
 }  // namespace
+
+/// Of every length around those at which a text gets memory of its own, more than several chunks hold.
+TEST(TextStore, KeepsTextsWhereTheyAre) {
+    TextStore store;
+    std::vector<std::pair<TextSpan, std::string>> texts;
+    std::vector<const char*> places;
+    constexpr std::size_t total = std::size_t{40} << 20U;
+    std::size_t bytes = 0;
+    for (std::size_t number = 0; bytes < total; ++number) {
+        constexpr std::size_t lengths[] = {1,
+                                           15,
+                                           16,
+                                           1000,
+                                           pageSize / 4,
+                                           pageSize / 4 + 1,
+                                           pageSize,
+                                           (1U << 20U) - 1,
+                                           1U << 20U,
+                                           (1U << 20U) + 1};
+        const std::string text(lengths[number % std::size(lengths)],
+                               static_cast<char>('a' + number % 26));
+        texts.emplace_back(store.add(text), text);
+        places.push_back(store.view(texts.back().first).data());
+        bytes += text.size();
+    }
+    for (std::size_t number = 0; number < texts.size(); ++number) {
+        const auto& [span, text] = texts[number];
+        ASSERT_EQ(store.view(span), text) << number;
+        EXPECT_EQ(store.view(span).data(), places[number]);
+        EXPECT_EQ(store.view(span).data()[text.size()], '\0');
+    }
+}
 
 TEST(TextStore, RefusesATextLongerThanAllOffsets) {
     TextStore store;
