@@ -6,6 +6,7 @@
 
 #include <iterator>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 #include "src/app/output-layout.h"
@@ -25,11 +26,42 @@ struct ConvertedLine {
     BlockEffect effect{};
 };
 
+/// What the lines of a part became.
+struct PartRoom {
+    std::vector<ConvertedLine> lines;
+    TextBuffer text;
+};
+
+/// Rooms of parts that are written, for further parts: the system takes about as long to give memory as it takes to
+/// fill it.
+class SpareRooms {
+public:
+    PartRoom take() {
+        const std::lock_guard lock(mutex_);
+        if (rooms_.empty()) {
+            return {};
+        }
+        PartRoom room = std::move(rooms_.back());
+        rooms_.pop_back();
+        return room;
+    }
+
+    void giveBack(PartRoom&& room) {
+        room.lines.clear();
+        room.text.clear();
+        const std::lock_guard lock(mutex_);
+        rooms_.push_back(std::move(room));
+    }
+
+private:
+    std::mutex mutex_;
+    std::vector<PartRoom> rooms_;
+};
+
 /// The lines from `first` on, converted but not yet laid out.
 struct ConvertedPart {
     std::size_t first = 0;
-    std::vector<ConvertedLine> lines;
-    TextBuffer text;
+    PartRoom room;
     MessageLog log;
     /// Null: nobody asks for findings.
     std::unique_ptr<CheckRecord> record;
@@ -52,12 +84,14 @@ void convertLines(ConversionContext& context, std::size_t first, std::size_t las
     GrowingArray<Token> room;
     LinePositions positions(list);
     LineMark mark;
-    part.lines.resize(last - first);
+    std::vector<ConvertedLine>& lines = part.room.lines;
+    TextBuffer& partText = part.room.text;
+    lines.resize(last - first);
     for (std::size_t number = first; number < last; ++number) {
-        ConvertedLine& line = part.lines[number - first];
+        ConvertedLine& line = lines[number - first];
         if (list.lines[number].content == 0 &&
             !(isRecorded && isCommentToNote(context, list.lines[number]))) {
-            line = {part.text.size(), true, BlockEffect::None};  // nothing but a comment
+            line = {partText.size(), true, BlockEffect::None};  // nothing but a comment
             continue;
         }
         context.position = positions.of(number);
@@ -68,19 +102,21 @@ void convertLines(ConversionContext& context, std::size_t first, std::size_t las
             tokensOf(context.program, list, number, context.axes, room);
         line.isConverted = convertStatement(context, tokens, text, line.effect);
         if (line.isConverted) {
-            part.text.appendStored(text);
+            partText.appendStored(text);
         }
         if constexpr (isRecorded) {
             recordLine(context, mark, number, tokens, line.isConverted, text, line.effect);
         }
-        line.textEnd = part.text.size();
+        line.textEnd = partText.size();
     }
 }
 
-ConvertedPart convertPart(const ConversionContext& run, std::size_t first, std::size_t last) {
+ConvertedPart convertPart(const ConversionContext& run, PartRoom&& room, std::size_t first,
+                          std::size_t last) {
     ConvertedPart part;
     part.first = first;
-    part.text.reserve((last - first) * expectedTextLength);
+    part.room = std::move(room);
+    part.room.text.reserve((last - first) * expectedTextLength);
     ConversionContext context{run.program, run.axes, run.limits, part.log, {}};
     context.reference = run.reference;
     if (run.record != nullptr) {
@@ -121,10 +157,10 @@ void writePart(const Program& program, const ConvertedPart& part, OutputLayout& 
                Target& target) {
     std::size_t textStart = 0;
     const SourceLine* source = program.list.lines.begin() + part.first;
-    for (const ConvertedLine& line : part.lines) {
+    for (const ConvertedLine& line : part.room.lines) {
         std::optional<std::string_view> text;
         if (line.isConverted) {
-            text = std::string_view(part.text).substr(textStart, line.textEnd - textStart);
+            text = std::string_view(part.room.text).substr(textStart, line.textEnd - textStart);
         }
         layout.write(program, *source++, text, line.effect, target.buffer());
         target.endLine();
@@ -137,14 +173,16 @@ void convertInto(ConversionContext& context, Target target, const WorkSharing& s
     const std::size_t lineCount = context.program.list.lines.size();
     const std::size_t partSize = std::max<std::size_t>(sharing.linesPerPart, 1);
     const std::size_t partCount = (lineCount + partSize - 1) / partSize;
+    SpareRooms rooms;
     const auto makePart = [&](std::size_t number) {
         const std::size_t first = number * partSize;
-        return convertPart(context, first, std::min(first + partSize, lineCount));
+        return convertPart(context, rooms.take(), first, std::min(first + partSize, lineCount));
     };
     PartsInOrder<ConvertedPart> parts(partCount, sharing, makePart);
     OutputLayout layout;
     while (std::optional<ConvertedPart> part = parts.next()) {
         writePart(context.program, *part, layout, target);
+        rooms.giveBack(std::move(part->room));
         if (context.record != nullptr) {
             append(*context.record, std::move(*part->record), context.log.size());
         }
