@@ -14,7 +14,7 @@
 #include "src/app/parameter-file.h"
 #include "src/base/characters.h"
 #include "src/base/parse-exception.h"
-#include "src/checks/line-record.h"
+#include "src/checks/finding-telling.h"
 #include "src/preprocess/preprocessor.h"
 #include "tests/support/case-file.h"
 #include "tests/support/case-run.h"

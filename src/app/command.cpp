@@ -17,7 +17,7 @@
 #include "src/base/file-system.h"
 #include "src/base/messages.h"
 #include "src/base/parse-exception.h"
-#include "src/checks/line-record.h"
+#include "src/checks/finding-telling.h"
 #include "src/preprocess/preprocessor.h"
 
 namespace torvel {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "src/base/findings.h"
 
@@ -30,6 +31,12 @@ struct RecordedFinding {
     FindingTodo todo = FindingTodo::look;
 };
 static_assert(sizeof(RecordedFinding) == 32);
+
+/// By which findings are ordered.
+template <typename AnyFinding>
+std::pair<std::uint32_t, std::uint32_t> placeInProgram(const AnyFinding& finding) {
+    return {finding.programLine, finding.columns.first};
+}
 
 /// The line and what is left to do are not known yet. `about` has to live as long as the record.
 RecordedFinding recordedFinding(Check check, ColumnRange columns = {}, std::string_view about = {});

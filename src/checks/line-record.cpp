@@ -1,8 +1,6 @@
 #include "src/checks/line-record.h"
 
 #include <algorithm>
-#include <array>
-#include <iterator>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -142,12 +140,6 @@ void notePlaces(const ConversionContext& context, std::span<const Token> tokens,
         place.name = context.program.textOf(tokens[first]);
         context.record->places->push_back(place);
     }
-}
-
-/// By which findings are ordered.
-template <typename AnyFinding>
-std::pair<std::uint32_t, std::uint32_t> placeInProgram(const AnyFinding& finding) {
-    return {finding.programLine, finding.columns.first};
 }
 
 void sortFindings(std::span<RecordedFinding> findings) {
@@ -303,108 +295,6 @@ void finishRecord(const Program& program, CheckRecord& record) {
     checkBlocks(facts, record);
     checkNames(program, facts, record);
     sortFindings({record.findings.data(), record.findings.size()});
-}
-
-namespace {
-
-/// Findings that are in the order of their places, from the first one that is not told yet.
-template <typename AnyFinding>
-class FindingList {
-public:
-    explicit FindingList(const GrowingArray<AnyFinding>& findings)
-        : next_(findings.begin()), end_(findings.end()) {}
-
-    /// The place of the next one; behind the last, that of no finding.
-    std::pair<std::uint32_t, std::uint32_t> place() const {
-        return next_ == end_ ? std::pair(UINT32_MAX, UINT32_MAX) : placeInProgram(*next_);
-    }
-    bool isEmpty() const { return next_ == end_; }
-    const AnyFinding& take() { return *next_++; }
-
-private:
-    const AnyFinding* next_;
-    const AnyFinding* end_;
-};
-
-/// Tells findings one by one.
-class FindingTeller {
-public:
-    FindingTeller(const Program& program, const CheckRecord& record, const MessageLog& log,
-                  const FindingTaker& taker)
-        : record_(record),
-          log_(log),
-          taker_(taker),
-          positions_(program.list),
-          ofFiles_(record.ofFiles),
-          ofPasses_(record.findings) {}
-
-    /// Tells those of lines, and what stands in front of them. Where several stand at one place those of files come
-    /// first, and those of passes last.
-    void tell(const PartFindings& part) {
-        FindingList<RecordedFinding> ofLines(part.findings);
-        while (!ofLines.isEmpty()) {
-            if (ofFiles_.place() <= std::min(ofLines.place(), ofPasses_.place())) {
-                taker_(ofFiles_.take());
-            } else if (ofLines.place() <= ofPasses_.place()) {
-                tellOfLine(ofLines.take(), part.firstMessage);
-            } else {
-                tellCheck(ofPasses_.take());
-            }
-        }
-    }
-
-    void tellRest() {
-        while (!ofFiles_.isEmpty() || !ofPasses_.isEmpty()) {
-            if (!ofFiles_.isEmpty() && ofFiles_.place() <= ofPasses_.place()) {
-                taker_(ofFiles_.take());
-            } else {
-                tellCheck(ofPasses_.take());
-            }
-        }
-    }
-
-private:
-    void tellOfLine(const RecordedFinding& finding, std::size_t firstMessage) {
-        if (finding.origin == FindingOrigin::message) {
-            const ConversionMessage& message = log_[firstMessage + finding.number];
-            taker_(messageFinding(finding, message.position, message.text));
-        } else {
-            tellCheck(finding);
-        }
-    }
-
-    void tellCheck(const RecordedFinding& finding) {
-        const bool isAtLine = finding.number == RecordedFinding::none;
-        taker_(checkFinding(finding,
-                            isAtLine ? positions_.of(finding.programLine)
-                                     : record_.directives[finding.number].position,
-                            room_));
-    }
-
-    const CheckRecord& record_;
-    const MessageLog& log_;
-    const FindingTaker& taker_;
-    LinePositions positions_;
-    FindingList<Finding> ofFiles_;
-    FindingList<RecordedFinding> ofPasses_;
-    std::string room_;
-};
-
-}  // namespace
-
-void tellFindings(const Program& program, const CheckRecord& record, const MessageLog& log,
-                  const FindingTaker& taker) {
-    FindingTeller teller(program, record, log, taker);
-    for (const PartFindings& part : record.ofLines) {
-        teller.tell(part);
-    }
-    teller.tellRest();
-}
-
-Finding unreadableFinding(const ParseException& error) {
-    Finding finding = makeFinding(error.message(), error.text(), error.position());
-    finding.todo = FindingTodo::fixSource;
-    return finding;
 }
 
 }  // namespace torvel

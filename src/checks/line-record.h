@@ -1,6 +1,5 @@
 #pragma once
 
-#include "src/base/parse-exception.h"
 #include "src/expr/parser-core.h"
 #include "src/stmt/statement.h"
 
@@ -83,12 +82,5 @@ void append(CheckRecord& record, CheckRecord&& further, std::size_t firstMessage
 
 /// Looks at the program as a whole.
 void finishRecord(const Program& program, CheckRecord& record);
-
-/// Tells all findings of the program's finished record in the order of their places. `log` has the messages of the run.
-void tellFindings(const Program& program, const CheckRecord& record, const MessageLog& log,
-                  const FindingTaker& taker);
-
-/// The finding of a program that could not be read.
-Finding unreadableFinding(const ParseException& error);
 
 }  // namespace torvel

@@ -9,7 +9,7 @@
 #include "src/base/characters.h"
 #include "src/base/output-marks.h"
 #include "src/base/parse-exception.h"
-#include "src/checks/line-record.h"
+#include "src/checks/finding-telling.h"
 #include "src/migrate/recorded-source.h"
 #include "src/migrate/text-lines.h"
 #include "src/preprocess/line-splitter.h"

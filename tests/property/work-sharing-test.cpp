@@ -9,7 +9,7 @@
 
 #include "bench/corpus.h"
 #include "src/app/conversion.h"
-#include "src/checks/line-record.h"
+#include "src/checks/finding-telling.h"
 #include "src/preprocess/preprocessor.h"
 #include "tests/support/case-run.h"
 #include "tests/support/temporary-directory.h"

@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 #include "src/app/conversion.h"
-#include "src/checks/line-record.h"
+#include "src/checks/finding-telling.h"
 #include "src/preprocess/preprocessor.h"
 #include "src/preprocess/site-constants.h"
 
