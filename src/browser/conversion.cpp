@@ -123,7 +123,6 @@ FoundProgram programAt(const std::string& key) {
     const migrate::Project& project = session().project;
     FoundProgram program;
     program.program = key;
-    program.path = projectPath(project, key).native();
     if (project.parameters) {
         program.parameters = *project.parameters;
     }

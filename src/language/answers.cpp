@@ -9,6 +9,7 @@
 #include "src/migrate/explanations.h"
 #include "src/migrate/finding-names.h"
 #include "src/migrate/json-writer.h"
+#include "src/migrate/recorded-source.h"
 #include "src/migrate/text-decoding.h"
 #include "src/migrate/text-lines.h"
 
@@ -143,7 +144,7 @@ std::string plantAnswer(Plant& plant, std::uint32_t number) {
         }
         json.endList().name("programs").beginList();
         for (const migrate::FoundProgram& program : plant.discovery().programs) {
-            json.text(NativePath(program.path).generic_string());
+            json.text(migrate::pathOf(program.program, plant.project().folder).generic_string());
         }
         json.endList().name("parts").beginList();
         for (const Part& part : plant.parts()) {

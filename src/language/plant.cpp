@@ -68,7 +68,7 @@ Plant::Plant(const PlantSettings& settings, const FileSource& files)
 void Plant::findParts() {
     migrate::IncludeGraph files;
     for (const FoundProgram& program : discovery_.programs) {
-        files.push_back({program.program, program.path, {}, {}});
+        files.push_back({program.program, {}, {}});
     }
     const migrate::IncludeGraph graph =
         migrate::readIncludeGraph(std::move(files), project_.folder, 1);
@@ -84,22 +84,23 @@ void Plant::findParts() {
     }
     for (std::size_t file = 0; file < graph.size(); ++file) {
         if (!programsOf[file].empty()) {
-            parts_.push_back({NativePath(graph[file].path).string(), std::move(programsOf[file])});
+            parts_.push_back({migrate::pathOf(graph[file].key, project_.folder).string(),
+                              std::move(programsOf[file])});
         }
     }
 }
 
 FoundProgram Plant::programAt(const NativePath& path) const {
     const auto& programs = discovery_.programs;
+    const std::string key = migrate::keyOf(path, project_.folder);
     const auto found =
         std::find_if(programs.begin(), programs.end(),
-                     [&](const FoundProgram& program) { return program.path == path.native(); });
+                     [&](const FoundProgram& program) { return program.program == key; });
     if (found != programs.end()) {
         return *found;
     }
     FoundProgram program;
-    program.program = migrate::keyOf(path, project_.folder);
-    program.path = path.native();
+    program.program = key;
     program.parameters = project_.parameters.value_or("");
     return program;
 }

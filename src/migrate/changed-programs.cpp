@@ -1,8 +1,9 @@
 #include "src/migrate/changed-programs.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 
 #include "src/migrate/file-hashes.h"
 #include "src/migrate/in-threads.h"
@@ -13,20 +14,134 @@ namespace torvel::migrate {
 
 namespace {
 
+/// The number of the program of the discovery with a key, from `first` on; none: there is none.
+std::optional<std::uint32_t> programWith(std::string_view key, const Discovery& discovery) {
+    const auto& programs = discovery.programs;
+    const auto place = std::lower_bound(programs.begin(), programs.end(), key,
+                                        [](const FoundProgram& program, std::string_view other) {
+                                            return program.program < other;
+                                        });
+    return place != programs.end() && place->program == key
+               ? std::optional(static_cast<std::uint32_t>(place - programs.begin()))
+               : std::nullopt;
+}
+
+/// Fills in the programs and the outputs. `byNumber` gets the numbers of the programs in the store and in the discovery.
+class ProgramReader {
+public:
+    ProgramReader(const Discovery& discovery, bool restoresDeleted, KnownProgramSet& known)
+        : found_(discovery.programs), restoresDeleted_(restoresDeleted), known_(known) {
+        known_.programs.resize(found_.size());
+    }
+
+    void take(const StoredProgram& stored) {
+        while (next_ < found_.size() && found_[next_].program < stored.program) {
+            ++next_;
+        }
+        const bool isFound = next_ < found_.size() && found_[next_].program == stored.program;
+        const std::optional<OutputRecord>& record = stored.outputRecord;
+        const bool isPending = record && (record->pending || record->pendingLog);
+        if (!isFound) {
+            known_.others.push_back({stored.program, stored.number});
+            if (isPending) {
+                known_.otherOutputs.push_back(*record);
+            }
+            return;
+        }
+        KnownProgram& program = known_.programs[next_];
+        program.number = stored.number;
+        program.key = stored.key;
+        if (isPending || (record && (record->conflict || record->leftAlone ||
+                                     (restoresDeleted_ && record->base)))) {
+            known_.openOutputs.emplace_back(static_cast<std::uint32_t>(next_), *record);
+        }
+    }
+
+private:
+    const std::vector<FoundProgram>& found_;
+    bool restoresDeleted_;
+    KnownProgramSet& known_;
+    std::size_t next_ = 0;
+};
+
+/// Fills in the inputs, which are told in the order of the numbers in the store.
+class InputReader {
+public:
+    InputReader(const Discovery& discovery, KnownProgramSet& known)
+        : discovery_(discovery), known_(known) {
+        for (std::uint32_t i = 0; i < known.programs.size(); ++i) {
+            if (known.programs[i].number != 0) {
+                byNumber_.emplace_back(known.programs[i].number, i);
+            }
+        }
+        std::sort(byNumber_.begin(), byNumber_.end());
+    }
+
+    void take(std::int64_t number, const Input& input) {
+        while (next_ < byNumber_.size() && byNumber_[next_].first < number) {
+            ++next_;
+        }
+        if (next_ == byNumber_.size() || byNumber_[next_].first != number) {
+            return;
+        }
+        const std::uint32_t owner = byNumber_[next_].second;
+        KnownProgram& program = known_.programs[owner];
+        if (program.inputCount++ == 0) {
+            program.firstInput = static_cast<std::uint32_t>(known_.inputs.size());
+        }
+        known_.inputs.push_back(numberOf(input.path, owner));
+    }
+
+private:
+    std::uint32_t numberOf(const std::string& path, std::uint32_t owner) {
+        if (discovery_.programs[owner].program == path) {
+            return owner;  // nearly every program is its first input
+        }
+        const auto known = numbers_.find(path);
+        if (known != numbers_.end()) {
+            return known->second;
+        }
+        const std::optional<std::uint32_t> program = programWith(path, discovery_);
+        const std::uint32_t number =
+            program ? *program
+                    : static_cast<std::uint32_t>(known_.programs.size() + known_.files.size());
+        if (!program) {
+            known_.files.push_back(path);
+        }
+        numbers_.emplace(path, number);
+        return number;
+    }
+
+    const Discovery& discovery_;
+    KnownProgramSet& known_;
+    std::vector<std::pair<std::int64_t, std::uint32_t>> byNumber_;
+    std::size_t next_ = 0;
+    /// Of files that were met beside the program itself.
+    std::unordered_map<std::string, std::uint32_t> numbers_;
+};
+
 /// Hashes of files as they are now, by their numbers.
 using HashesNow = std::vector<std::optional<ContentHash>>;
 
 HashesNow hashesNow(const Project& project, const Discovery& discovery,
                     const KnownProgramSet& known, const RunOptions& options, unsigned threads) {
-    HashesNow hashes(known.inputs.size());
+    const std::size_t programs = known.programs.size();
+    HashesNow hashes(programs + known.files.size());
     inThreads(threads, hashes.size(), [&](std::size_t i, unsigned) {
         endIfInterrupted(options.isCancelled);
-        if (const auto read = discovery.hashes.find(known.inputs[i]);
-            read != discovery.hashes.end()) {
-            hashes[i] = read->second;
+        if (i < programs) {
+            const FoundProgram& found = discovery.programs[i];
+            hashes[i] = found.content;
+            if (!found.content && known.programs[i].number != 0) {
+                hashes[i] = hashOfFile(project.folder / nativePath(found.program), options.source);
+            }
             return;
         }
-        hashes[i] = hashOfFile(project.folder / nativePath(known.inputs[i]), options.source);
+        const std::string& file = known.files[i - programs];
+        const auto read = discovery.otherFiles.find(file);
+        hashes[i] = read != discovery.otherFiles.end()
+                        ? read->second
+                        : hashOfFile(project.folder / nativePath(file), options.source);
     });
     return hashes;
 }
@@ -44,42 +159,32 @@ bool isOutputOpen(const Project& project, const OutputRecord& record, bool resto
     return hashOfFile(path).value_or(noFile) != *record.leftAlone;
 }
 
-bool hasChanged(const Project& project, const FoundProgram& found, const KnownProgramSet& known,
-                const HashesNow& hashes, const MachineSettings& settings, bool restoresDeleted) {
-    const auto entry = known.programs.find(found.program);
-    if (entry == known.programs.end()) {
+bool hasChanged(std::size_t number, const Discovery& discovery, const KnownProgramSet& known,
+                const HashesNow& hashes, const MachineSettings& settings) {
+    const KnownProgram& program = known.programs[number];
+    if (program.number == 0) {
         return true;
     }
-    const StoredProgram& stored = entry->second.stored;
-    std::vector<Input> inputs;
-    for (const std::uint32_t number : entry->second.inputs) {
-        inputs.push_back({known.inputs[number], hashes[number]});
+    KeyOfProgram key(discovery.programs[number], settings);
+    for (std::uint32_t i = 0; i < program.inputCount; ++i) {
+        const std::uint32_t input = known.inputs[program.firstInput + i];
+        key.addInput(input < known.programs.size() ? discovery.programs[input].program
+                                                   : known.files[input - known.programs.size()],
+                     hashes[input]);
     }
-    return stored.key != keyOfProgram(found, settings, inputs) ||
-           (stored.outputRecord && isOutputOpen(project, *stored.outputRecord, restoresDeleted));
+    return program.key != key.key();
 }
 
 }  // namespace
 
-KnownProgramSet knownPrograms(const Store& store) {
+KnownProgramSet knownPrograms(const Store& store, const Discovery& discovery,
+                              bool restoresDeleted) {
     KnownProgramSet known;
-    std::unordered_map<std::int64_t, KnownProgram*> byNumber;
-    store.forEachProgram([&](const StoredProgram& stored) {
-        KnownProgram& program = known.programs[stored.program];
-        program.stored = stored;
-        byNumber.emplace(stored.number, &program);
-    });
-    std::unordered_map<std::string, std::uint32_t> numbers;
-    store.forEachInput([&](std::int64_t program, const Input& input) {
-        const auto [entry, isNew] =
-            numbers.try_emplace(input.path, static_cast<std::uint32_t>(numbers.size()));
-        if (isNew) {
-            known.inputs.push_back(input.path);
-        }
-        if (const auto owner = byNumber.find(program); owner != byNumber.end()) {
-            owner->second->inputs.push_back(entry->second);
-        }
-    });
+    ProgramReader programs(discovery, restoresDeleted, known);
+    store.forEachProgram([&](const StoredProgram& stored) { programs.take(stored); });
+    InputReader inputs(discovery, known);
+    store.forEachInput(
+        [&](std::int64_t program, const Input& input) { inputs.take(program, input); });
     return known;
 }
 
@@ -92,11 +197,15 @@ std::vector<std::size_t> changedPrograms(const Project& project, const Discovery
     std::vector<char> isChanged(discovery.programs.size());
     inThreads(threads, isChanged.size(), [&](std::size_t i, unsigned) {
         endIfInterrupted(options.isCancelled);
-        const FoundProgram& found = discovery.programs[i];
-        isChanged[i] = hasChanged(project, found, known, hashes, settings.at(found.parameters),
-                                  options.restoresDeleted)
-                           ? 1
-                           : 0;
+        const MachineSettings& machine = settings.at(discovery.programs[i].parameters);
+        isChanged[i] = hasChanged(i, discovery, known, hashes, machine) ? 1 : 0;
+    });
+    inThreads(threads, known.openOutputs.size(), [&](std::size_t i, unsigned) {
+        endIfInterrupted(options.isCancelled);
+        const auto& [program, record] = known.openOutputs[i];
+        if (isOutputOpen(project, record, options.restoresDeleted)) {
+            isChanged[program] = 1;
+        }
     });
     std::vector<std::size_t> changed;
     for (std::size_t i = 0; i < isChanged.size(); ++i) {
@@ -107,22 +216,14 @@ std::vector<std::size_t> changedPrograms(const Project& project, const Discovery
     return changed;
 }
 
-std::vector<StoredProgram> vanishedPrograms(const Discovery& discovery,
-                                            const KnownProgramSet& known) {
-    std::unordered_set<std::string_view> found;
-    for (const FoundProgram& program : discovery.programs) {
-        found.insert(program.program);
-    }
-    std::vector<StoredProgram> vanished;
-    for (const auto& [name, program] : known.programs) {
-        if (!found.contains(name) && !isUnseen(discovery, name)) {
-            vanished.push_back(program.stored);
+std::vector<std::int64_t> vanishedPrograms(const Discovery& discovery,
+                                           const KnownProgramSet& known) {
+    std::vector<std::int64_t> vanished;
+    for (const OtherProgram& program : known.others) {
+        if (!isUnseen(discovery, program.program)) {
+            vanished.push_back(program.number);
         }
     }
-    std::sort(vanished.begin(), vanished.end(),
-              [](const StoredProgram& left, const StoredProgram& right) {
-                  return left.program < right.program;
-              });
     return vanished;
 }
 

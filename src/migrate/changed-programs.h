@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
-#include <unordered_map>
+#include <cstdint>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "src/migrate/machine-settings.h"
@@ -12,19 +13,42 @@
 
 namespace torvel::migrate {
 
+/// What is kept of a program that the store knows. There may be very many.
 struct KnownProgram {
-    StoredProgram stored;
-    std::vector<std::uint32_t> inputs;
+    /// What the store calls it; 0: it does not know it.
+    std::int64_t number = 0;
+    ContentHash key{};
+    /// Its inputs in the list of all.
+    std::uint32_t firstInput = 0;
+    std::uint32_t inputCount = 0;
+};
+
+/// A program of the store that was not found.
+struct OtherProgram {
+    std::string program;
+    std::int64_t number = 0;
 };
 
 /// What the store knows of the programs, without their texts.
 struct KnownProgramSet {
-    std::unordered_map<std::string, KnownProgram> programs;
-    /// The paths of all inputs, each once.
-    std::vector<std::string> inputs;
+    /// By the number of the program of the discovery.
+    std::vector<KnownProgram> programs;
+    /// In the order of their keys.
+    std::vector<OtherProgram> others;
+    /// What is known of outputs with which something may have to be done, by the number of the program of the discovery,
+    /// in order.
+    std::vector<std::pair<std::uint32_t, OutputRecord>> openOutputs;
+    /// Of the outputs of the others, those that may have been put in place meanwhile.
+    std::vector<OutputRecord> otherOutputs;
+    /// The inputs of all programs: programs of the discovery by their numbers, and behind them `files`.
+    std::vector<std::uint32_t> inputs;
+    /// Each once. Keys.
+    std::vector<std::string> files;
 };
 
-KnownProgramSet knownPrograms(const Store& store);
+/// `discovery` and the store have their programs in the same order. With `restoresDeleted` something may have to be
+/// done with every output that was put in place.
+KnownProgramSet knownPrograms(const Store& store, const Discovery& discovery, bool restoresDeleted);
 
 /// Numbers of programs of `discovery` that have to be converted, in order: they are new, something that they depend on
 /// changed, or their output was not put in place.
@@ -33,8 +57,8 @@ std::vector<std::size_t> changedPrograms(const Project& project, const Discovery
                                          const SettingsOfMachines& settings,
                                          const RunOptions& options, unsigned threads);
 
-/// The programs of the store that are not there any more.
-std::vector<StoredProgram> vanishedPrograms(const Discovery& discovery,
-                                            const KnownProgramSet& known);
+/// The numbers of the programs of the store that are not there any more.
+std::vector<std::int64_t> vanishedPrograms(const Discovery& discovery,
+                                           const KnownProgramSet& known);
 
 }  // namespace torvel::migrate

@@ -71,7 +71,8 @@ void prepare(Work& work, const Options& options, const Console& console) {
     run.isPartial = !work.project.named.empty();
     run.source = anyCaseSource(fileSystemSource(), work.listings, [](const OtherCase&) {});
     work.discovery = findPrograms(work.project, options.threads, run.isCancelled);
-    run.planOutput = placingOutputs(sourceFilesOf(work.project, work.discovery));
+    run.planOutput =
+        placingOutputs([&work] { return sourceFilesOf(work.project, work.discovery); });
     run.flushOutputs = [&work] { flushFolder(projectPath(work.project, work.project.output)); };
 }
 
@@ -143,8 +144,9 @@ int convert(const Options& options, const Console& console) {
         throw Interrupted();
     }
 
+    work.discovery.programs = {};  // which are many, and those of the store are told now
     const auto asGenerated =
-        std::make_shared<const std::unordered_set<std::string>>(std::move(summary.asGenerated));
+        std::make_shared<const std::vector<std::int64_t>>(std::move(summary.asGenerated));
     const Reporting reporting(
         {{store, work.project.folder, asGenerated, {}, work.options.isCancelled}},
         workingDirectory(), work.project);

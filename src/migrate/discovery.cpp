@@ -17,10 +17,14 @@ namespace torvel::migrate {
 
 namespace {
 
+constexpr std::string_view outputEnding = ".torvel";
+
 /// The files while it is found out which of them are programs. The first files of the graph are those of the walk.
 struct Search {
     const Project& project;
+    /// Their keys are those of the graph.
     std::vector<WalkedFile> walked;
+    std::vector<std::string> bases;
     /// Patterns of programs_always that no file matches.
     std::vector<std::string> unmatched;
     IncludeGraph graph;
@@ -32,7 +36,10 @@ struct Search {
     void tell(std::string path, std::string text, bool isHint = false) {
         found.notices.push_back({std::move(path), std::move(text), isHint});
     }
-    bool mayBeProgram(std::uint32_t file) const { return file < walked.size(); }
+    const std::string& placeOf(std::uint32_t file) const {
+        const std::string& other = walked[file].otherPlace;
+        return other.empty() ? graph[file].key : other;
+    }
 };
 
 std::string inQuotes(const std::string& text) {
@@ -139,14 +146,15 @@ void tellOtherCases(Search& search) {
     std::map<std::pair<std::string, std::string>, Use> uses;
     for (const GraphFile& file : search.graph) {
         for (const IncludeEdge& edge : file.includes) {
-            if (edge.otherCase.empty()) {
+            const IncludeLead& lead = *edge.lead;
+            if (lead.otherCase.empty()) {
                 continue;
             }
-            Use& use = uses[{edge.target, edge.written}];
+            Use& use = uses[{lead.target, lead.written}];
             if (use.users.empty() || use.users.back() != file.key) {
                 use.users.push_back(file.key);
             }
-            use.files = edge.otherCase;
+            use.files = lead.otherCase;
         }
     }
     for (auto& [path, use] : uses) {
@@ -173,7 +181,7 @@ std::string contentOf(const NativePath& path) {
 void tellPartsLikePrograms(Search& search) {
     for (std::uint32_t file = 0; file < search.walked.size(); ++file) {
         if (search.isProgram[file] || !search.graph[file].hash ||
-            !endsProgram(contentOf(search.graph[file].path))) {
+            !endsProgram(contentOf(pathOf(search.graph[file].key, search.project.folder)))) {
             continue;
         }
         search.tell(
@@ -215,11 +223,12 @@ std::vector<Machine> machinesOf(Search& search) {
 }
 
 /// The innermost machine around a file.
-const Machine& machineOf(const std::vector<Machine>& machines, const WalkedFile& file) {
+const Machine& machineOf(const std::vector<Machine>& machines, std::string_view key,
+                         std::string_view place) {
     const Machine* innermost = &machines.front();
     for (const Machine& machine : machines) {
         const bool holds = !machine.place.empty() &&
-                           (isInside(file.place, machine.place) || isInside(file.key, machine.key));
+                           (isInside(place, machine.place) || isInside(key, machine.key));
         if (holds && machine.place.size() > innermost->place.size()) {
             innermost = &machine;
         }
@@ -228,10 +237,10 @@ const Machine& machineOf(const std::vector<Machine>& machines, const WalkedFile&
 }
 
 /// The place of a program's output in the output folder, without its extension.
-std::string outputStem(const WalkedFile& file, bool keepsExtension) {
-    std::string_view inside = file.place;
-    if (file.base != "." && isInside(inside, file.base)) {
-        inside.remove_prefix(file.base.size());
+std::string outputStem(std::string_view place, std::string_view base, bool keepsExtension) {
+    std::string_view inside = place;
+    if (base != "." && isInside(inside, base)) {
+        inside.remove_prefix(base.size());
     }
     while (inside.starts_with('/') || inside.starts_with("../")) {
         inside.remove_prefix(inside.starts_with('/') ? 1 : 3);
@@ -246,29 +255,62 @@ std::string logOf(const std::string& output) {
     return output.substr(0, output.rfind('.')) + ".log";
 }
 
+/// Numbers of keys that are told apart by upper and lower case no more. There may be very many, and hardly any are
+/// equal, so their hashes are kept, and keys only looked at where these are equal.
+class FoldedKeys {
+public:
+    explicit FoldedKeys(std::size_t count) { hashes_.reserve(count); }
+
+    /// `key` is folded.
+    void add(std::string_view key) {
+        hashes_.emplace_back(std::hash<std::string_view>()(key),
+                             static_cast<std::uint32_t>(hashes_.size()));
+    }
+    void sort() { std::sort(hashes_.begin(), hashes_.end()); }
+
+    /// Calls visit(number) with those that may be `key`, in order.
+    template <typename Visit>
+    void visitAlike(std::string_view key, Visit visit) const {
+        const std::size_t hash = std::hash<std::string_view>()(key);
+        for (auto at = std::lower_bound(hashes_.begin(), hashes_.end(), std::pair(hash, 0U));
+             at != hashes_.end() && at->first == hash; ++at) {
+            visit(at->second);
+        }
+    }
+
+private:
+    std::vector<std::pair<std::size_t, std::uint32_t>> hashes_;
+};
+
 /// Outputs that are one file on a system that does not tell upper and lower case apart collide on all.
 void findCollisions(Search& search) {
     std::vector<FoundProgram>& programs = search.found.programs;
-    std::unordered_map<std::string, std::vector<std::size_t>> byOutput;
-    for (std::size_t i = 0; i < programs.size(); ++i) {
-        byOutput[foldedKey(programs[i].output)].push_back(i);
+    FoldedKeys outputs(programs.size());
+    for (const FoundProgram& program : programs) {
+        outputs.add(foldedKey(program.output));
     }
-    std::unordered_map<std::string, std::string> sources;
+    outputs.sort();
+    FoldedKeys sources(search.graph.size());
     for (const GraphFile& file : search.graph) {
-        sources.emplace(foldedKey(file.key), file.key);
+        sources.add(foldedKey(file.key));
     }
+    sources.sort();
     for (std::size_t i = 0; i < programs.size(); ++i) {
         const std::string output = foldedKey(programs[i].output);
-        for (const std::size_t other : byOutput[output]) {
-            if (other != i) {
-                programs[i].collidesWith.push_back(programs[other].program);
+        std::vector<std::string>& others = programs[i].collidesWith;
+        outputs.visitAlike(output, [&](std::uint32_t other) {
+            if (other != i && foldedKey(programs[other].output) == output) {
+                others.push_back(programs[other].program);
             }
-        }
+        });
         for (const std::string& written : {output, logOf(output)}) {
-            const auto source = sources.find(written);
-            if (source != sources.end()) {
-                programs[i].collidesWith.push_back(source->second);
-            }
+            bool isFound = false;
+            sources.visitAlike(written, [&](std::uint32_t file) {
+                if (!isFound && foldedKey(search.graph[file].key) == written) {
+                    others.push_back(search.graph[file].key);
+                    isFound = true;
+                }
+            });
         }
     }
 }
@@ -278,16 +320,22 @@ void makePrograms(Search& search) {
     const std::string output = keyInProject(search.project, search.project.output);
     const std::string front = output == "." ? "" : output + '/';
     ReachHashes reach(search.graph);
+    search.found.programs.reserve(static_cast<std::size_t>(
+        std::count(search.isProgram.begin(), search.isProgram.end(), true)));
     for (std::uint32_t i = 0; i < search.walked.size(); ++i) {
         if (!search.isProgram[i]) {
             continue;
         }
-        const WalkedFile& file = search.walked[i];
-        const Machine& machine = machineOf(machines, file);
+        const GraphFile& file = search.graph[i];
+        const std::string& place = search.placeOf(i);
+        const Machine& machine = machineOf(machines, file.key, place);
         FoundProgram program;
         program.program = file.key;
-        program.path = file.path;
-        program.output = front + outputStem(file, search.project.keepExtension) + ".torvel";
+        program.content = file.hash;
+        const std::string stem =
+            outputStem(place, search.bases[search.walked[i].base], search.project.keepExtension);
+        program.output.reserve(front.size() + stem.size() + outputEnding.size());
+        ((program.output += front) += stem) += outputEnding;
         program.parameters = machine.parameters;
         program.machine = machine.place;
         program.reach = reach.of(i);
@@ -295,29 +343,38 @@ void makePrograms(Search& search) {
     }
 }
 
+bool isProgramHere(const Search& search, std::uint32_t file) {
+    return search.isProgram[file] && search.walked[file].isNamed;
+}
+
 /// The others count for what collides only.
 void keepNamed(Search& search) {
-    std::vector<FoundProgram> named;
+    std::vector<FoundProgram>& programs = search.found.programs;
     std::size_t next = 0;
+    std::size_t kept = 0;
     for (std::uint32_t i = 0; i < search.walked.size(); ++i) {
         if (!search.isProgram[i]) {
             continue;
         }
-        if (search.walked[i].isNamed) {
-            named.push_back(std::move(search.found.programs[next]));
+        if (isProgramHere(search, i)) {
+            if (kept != next) {
+                programs[kept] = std::move(programs[next]);
+            }
+            ++kept;
         }
         ++next;
     }
-    search.found.programs = std::move(named);
+    programs.resize(kept);
 }
 
-void listParts(Search& search) {
+void listOtherFiles(Search& search) {
     for (std::uint32_t i = 0; i < search.graph.size(); ++i) {
-        if (search.graph[i].hash) {
-            search.found.hashes.emplace(search.graph[i].key, *search.graph[i].hash);
+        const GraphFile& file = search.graph[i];
+        if (file.hash && !isProgramHere(search, i)) {
+            search.found.otherFiles.emplace(file.key, *file.hash);
         }
         if (!search.isProgram[i]) {
-            search.found.parts.push_back(search.graph[i].key);
+            search.found.parts.push_back(file.key);
         }
     }
     std::sort(search.found.parts.begin(), search.found.parts.end());
@@ -327,7 +384,8 @@ void listMissing(Search& search) {
     for (const GraphFile& file : search.graph) {
         for (const IncludeEdge& edge : file.includes) {
             if (!edge.file) {
-                search.found.missing.push_back({file.key, edge.line, edge.written, edge.target});
+                search.found.missing.push_back(
+                    {file.key, edge.line, edge.lead->written, edge.lead->target});
             }
         }
     }
@@ -344,13 +402,20 @@ bool isUnseen(const Discovery& discovery, std::string_view program) {
 Discovery findPrograms(const Project& project, unsigned threads,
                        const std::atomic<bool>* isInterrupted) {
     SourceWalk walk = walkSources(project, isInterrupted);
-    Search search{project, std::move(walk.files), std::move(walk.unmatched), {}, {}, {}, {}};
+    Search search{project,
+                  std::move(walk.files),
+                  std::move(walk.bases),
+                  std::move(walk.unmatched),
+                  {},
+                  {},
+                  {},
+                  {}};
     search.found.notices = std::move(walk.notices);
     search.found.unlisted = std::move(walk.unlisted);
     search.found.emptySources = std::move(walk.emptySources);
     IncludeGraph files;
-    for (const WalkedFile& file : search.walked) {
-        files.push_back({file.key, file.path, {}, {}});
+    for (WalkedFile& file : search.walked) {
+        files.push_back({std::move(file.key), {}, {}});
     }
     search.graph =
         readIncludeGraph(std::move(files), project.folder, threadCount(threads), isInterrupted);
@@ -363,7 +428,7 @@ Discovery findPrograms(const Project& project, unsigned threads,
     makePrograms(search);
     findCollisions(search);
     keepNamed(search);
-    listParts(search);
+    listOtherFiles(search);
     listMissing(search);
     if (search.found.programs.empty()) {
         search.tell({},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -12,9 +13,8 @@ namespace torvel::migrate {
 
 /// A program to be converted.
 struct FoundProgram {
-    /// Its key, and where it is.
+    /// Its key.
     std::string program;
-    NativePath::string_type path;
     /// The key of its output.
     std::string output;
     /// The parameter file of its machine; empty: none. A key.
@@ -30,6 +30,8 @@ struct FoundProgram {
     /// Another one when any file that its includes lead to is another, or leads elsewhere. Files that cannot be read
     /// count as missing.
     ContentHash reach{};
+    /// That of its bytes, if it was read.
+    std::optional<ContentHash> content;
 };
 
 /// What a person is told about the files that were found, one sentence each.
@@ -63,8 +65,8 @@ struct Discovery {
     /// disk is missing. Of programs in them nothing is known. Keys.
     std::vector<std::string> unlisted;
     std::vector<std::string> emptySources;
-    /// Of each program and part that could be read: the hash of its bytes.
-    std::unordered_map<std::string, ContentHash> hashes;
+    /// Of each other file that could be read: the hash of its bytes.
+    std::unordered_map<std::string, ContentHash> otherFiles;
 };
 
 /// Whether a program may be there though it was not found.

@@ -2,6 +2,7 @@
 
 #include "src/migrate/program-conversion.h"
 #include "src/migrate/program-faults.h"
+#include "src/migrate/recorded-source.h"
 
 namespace torvel::migrate {
 
@@ -47,7 +48,8 @@ ProgramResult resultOf(const FoundProgram& found, const MachineSettings& setting
         result.status = ProgramStatus::unreadable;
         result.findings = {findingOfWhole(found, parametersUnreadable, settings.fault)};
     } else {
-        result = convertOne(found.path, settings.conversion, names);
+        result = convertOne(pathOf(found.program, settings.conversion.folder), settings.conversion,
+                            names);
     }
     result.program = found.program;
     result.output = found.output;

@@ -8,6 +8,7 @@
 #include <mutex>
 #include <new>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "src/base/uninitialized-bytes.h"
 #include "src/limits.h"
@@ -21,20 +22,13 @@ namespace torvel::migrate {
 
 namespace {
 
-/// Where the path of an include leads from a folder.
-struct Lead {
-    NativePath path;
-    std::string key;
-    bool isFile = false;
-    std::vector<std::string> otherCase;
-};
-
 /// Finds where includes lead, each path of each folder once.
 class IncludePaths {
 public:
     explicit IncludePaths(const NativePath& folder) : folder_(folder) {}
 
-    std::shared_ptr<const Lead> find(const NativePath& directory, const std::string& written) {
+    std::shared_ptr<const IncludeLead> find(const NativePath& directory,
+                                            const std::string& written) {
         NativePath::string_type name = directory.native();
         name += NativePath::value_type{};
         name.append(written.begin(), written.end());
@@ -51,31 +45,26 @@ public:
     }
 
 private:
-    std::shared_ptr<const Lead> look(const NativePath& directory, const std::string& written) {
-        const auto lead = std::make_shared<Lead>();
+    std::shared_ptr<const IncludeLead> look(const NativePath& directory,
+                                            const std::string& written) {
+        const auto lead = std::make_shared<IncludeLead>();
+        lead->written = written;
         const FileSource source =
             anyCaseSource(fileSystemSource(), listings_, [&](const OtherCase& otherCase) {
                 for (const NativePath& file : otherCase.files) {
                     lead->otherCase.push_back(keyOf(file, folder_));
                 }
             });
-        lead->path = source.canonicalPath(source.includedPath(directory, written));
-        lead->key = keyOf(lead->path, folder_);
-        lead->isFile = source.kind(lead->path) == FileKind::regular;
+        const NativePath path = source.canonicalPath(source.includedPath(directory, written));
+        lead->target = keyOf(path, folder_);
+        lead->isFile = source.kind(path) == FileKind::regular;
         return lead;
     }
 
     const NativePath& folder_;
     FolderListings listings_;
     std::mutex mutex_;
-    std::unordered_map<NativePath::string_type, std::shared_ptr<const Lead>> leads_;
-};
-
-/// Includes of one file, before the files that they lead to have numbers.
-struct ScannedFile {
-    std::optional<ContentHash> hash;
-    std::vector<WrittenInclude> includes;
-    std::vector<std::shared_ptr<const Lead>> leads;
+    std::unordered_map<NativePath::string_type, std::shared_ptr<const IncludeLead>> leads_;
 };
 
 /// Room for a file's bytes that the next file uses again.
@@ -114,58 +103,80 @@ std::optional<std::string_view> bytesOf(const NativePath& path, FileBytes& bytes
     return std::nullopt;
 }
 
-ScannedFile scanFile(const GraphFile& file, IncludePaths& paths, FileBytes& room) {
-    ScannedFile scanned;
-    const auto bytes = bytesOf(file.path, room);
+/// Enters the hash and the includes of a file, which have no numbers yet.
+void scanFile(GraphFile& file, const NativePath& folder, IncludePaths& paths, FileBytes& room) {
+    const NativePath path = pathOf(file.key, folder);
+    const auto bytes = bytesOf(path, room);
     if (!bytes) {
-        return scanned;
+        return;
     }
-    scanned.hash = hashOf(*bytes);
-    scanned.includes = includesOf(*bytes);
-    const NativePath directory =
-        scanned.includes.empty() ? NativePath() : NativePath(file.path).parent_path();
-    for (const WrittenInclude& include : scanned.includes) {
-        scanned.leads.push_back(paths.find(directory, include.path));
+    file.hash = hashOf(*bytes);
+    const std::vector<WrittenInclude> includes = includesOf(*bytes);
+    const NativePath directory = includes.empty() ? NativePath() : path.parent_path();
+    file.includes.reserve(includes.size());
+    for (const WrittenInclude& include : includes) {
+        file.includes.push_back({paths.find(directory, include.path), include.line, {}});
     }
-    return scanned;
 }
+
+/// The numbers of files by their keys, which the graph has.
+class FileNumbers {
+public:
+    explicit FileNumbers(IncludeGraph& files)
+        : files_(files), numbers_(files.size(), Hash{files}, Equal{files}) {
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            numbers_.insert(static_cast<std::uint32_t>(i));
+        }
+    }
+
+    /// The number of a file, which becomes one of the graph.
+    std::uint32_t numberOf(const std::string& key) {
+        files_.push_back({key, {}, {}});
+        const auto [number, isNew] = numbers_.insert(static_cast<std::uint32_t>(files_.size() - 1));
+        if (!isNew) {
+            files_.pop_back();
+        }
+        return *number;
+    }
+
+private:
+    struct Hash {
+        const IncludeGraph& files;
+        std::size_t operator()(std::uint32_t number) const {
+            return std::hash<std::string>()(files[number].key);
+        }
+    };
+    struct Equal {
+        const IncludeGraph& files;
+        bool operator()(std::uint32_t left, std::uint32_t right) const {
+            return files[left].key == files[right].key;
+        }
+    };
+
+    IncludeGraph& files_;
+    std::unordered_set<std::uint32_t, Hash, Equal> numbers_;
+};
 
 }  // namespace
 
 IncludeGraph readIncludeGraph(IncludeGraph files, const NativePath& folder, unsigned threads,
                               const std::atomic<bool>* isInterrupted) {
     IncludePaths paths(folder);
-    std::unordered_map<std::string, std::uint32_t> numbers;
-    for (const GraphFile& file : files) {
-        numbers.emplace(file.key, static_cast<std::uint32_t>(numbers.size()));
-    }
+    FileNumbers numbers(files);
     std::vector<FileBytes> rooms(std::max(threads, 1U));
     for (std::size_t first = 0; first < files.size();) {
         const std::size_t end = files.size();
-        std::vector<ScannedFile> wave(end - first);
-        inThreads(threads, wave.size(), [&](std::size_t number, unsigned thread) {
+        inThreads(threads, end - first, [&](std::size_t number, unsigned thread) {
             endIfInterrupted(isInterrupted);
-            wave[number] = scanFile(files[first + number], paths, rooms[thread]);
+            scanFile(files[first + number], folder, paths, rooms[thread]);
         });
-        for (std::size_t i = 0; i < wave.size(); ++i) {
-            files[first + i].hash = wave[i].hash;
-            for (std::size_t j = 0; j < wave[i].includes.size(); ++j) {
-                const Lead& lead = *wave[i].leads[j];
-                WrittenInclude& written = wave[i].includes[j];
-                IncludeEdge edge{
-                    std::move(written.path), written.line, lead.key, {}, lead.otherCase};
-                if (lead.isFile) {
-                    const auto [known, isNew] =
-                        numbers.emplace(lead.key, static_cast<std::uint32_t>(files.size()));
-                    if (isNew) {
-                        files.push_back({lead.key, lead.path.native(), {}, {}});
-                    }
-                    edge.file = known->second;
+        for (; first < end; ++first) {
+            for (IncludeEdge& edge : files[first].includes) {
+                if (edge.lead->isFile) {
+                    edge.file = numbers.numberOf(edge.lead->target);
                 }
-                files[first + i].includes.push_back(std::move(edge));
             }
         }
-        first = end;
     }
     return files;
 }
@@ -177,8 +188,8 @@ ReachHashes::ReachHashes(const IncludeGraph& graph)
         key.add("file", graph[i].key);
         key.add("content", graph[i].hash ? hexadecimal(*graph[i].hash) : "");
         for (const IncludeEdge& edge : graph[i].includes) {
-            key.add("include", edge.written);
-            key.add(edge.file ? "leads to" : "misses", edge.target);
+            key.add("include", edge.lead->written);
+            key.add(edge.file ? "leads to" : "misses", edge.lead->target);
         }
         own_[i] = key.key();
     }

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
+#include <deque>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,31 +13,37 @@
 
 namespace torvel::migrate {
 
-/// Where an include leads.
-struct IncludeEdge {
+/// Where the path of an include leads from a folder, the same for all files of the folder.
+struct IncludeLead {
     /// As it is written.
     std::string written;
-    std::uint32_t line = 0;
     /// Key of the file; of a file that is not there, where it would be.
     std::string target;
-    /// The number of the file; none: it is no regular file.
-    std::optional<std::uint32_t> file;
+    /// It is a regular file.
+    bool isFile = false;
     /// The keys of the files whose paths differ in case only, where the path leads nowhere as it is written.
     std::vector<std::string> otherCase;
 };
 
+struct IncludeEdge {
+    std::shared_ptr<const IncludeLead> lead;
+    std::uint32_t line = 0;
+    /// The number of the file; none: it is no regular file.
+    std::optional<std::uint32_t> file;
+};
+
 struct GraphFile {
     std::string key;
-    NativePath::string_type path;
     /// None: it could not be read.
     std::optional<ContentHash> hash;
     std::vector<IncludeEdge> includes;
 };
 
-/// Files, first those that were asked for and then those that they include, directly or not.
-using IncludeGraph = std::vector<GraphFile>;
+/// Files, first those that were asked for and then those that they include, directly or not. There may be very many, so
+/// they are never held twice while their number grows.
+using IncludeGraph = std::deque<GraphFile>;
 
-/// Reads the files and whatever they include. Only `key` and `path` of `files` are looked at; keys are different. Throws
+/// Reads the files and whatever they include. Only the keys of `files` are looked at, which are different. Throws
 /// Interrupted.
 IncludeGraph readIncludeGraph(IncludeGraph files, const NativePath& folder, unsigned threads,
                               const std::atomic<bool>* isInterrupted = nullptr);

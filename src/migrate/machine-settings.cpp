@@ -111,23 +111,30 @@ SettingsOfMachines settingsOfMachines(const Project& project, const Discovery& d
     return all;
 }
 
-ContentHash keyOfProgram(const FoundProgram& program, const MachineSettings& settings,
-                         const std::vector<Input>& inputs) {
-    KeyBuilder key;
-    key.add("settings", bytesOf(settings.key));
-    key.add("program", program.program);
-    key.add("output", program.output);
-    key.add("machine", program.machine);
-    key.add("reach", bytesOf(program.reach));
+KeyOfProgram::KeyOfProgram(const FoundProgram& program, const MachineSettings& settings) {
+    key_.add("settings", bytesOf(settings.key));
+    key_.add("program", program.program);
+    key_.add("output", program.output);
+    key_.add("machine", program.machine);
+    key_.add("reach", bytesOf(program.reach));
     for (const std::string& other : program.collidesWith) {
-        key.add("collides", other);
+        key_.add("collides", other);
     }
     if (!program.outputOwner.empty()) {
-        key.add("owner", program.outputOwner);
+        key_.add("owner", program.outputOwner);
     }
+}
+
+void KeyOfProgram::addInput(std::string_view path, const std::optional<ContentHash>& hash) {
+    key_.add(hash ? "input" : "missing", path);
+    add(key_, "hash", hash);
+}
+
+ContentHash keyOfProgram(const FoundProgram& program, const MachineSettings& settings,
+                         const std::vector<Input>& inputs) {
+    KeyOfProgram key(program, settings);
     for (const Input& input : inputs) {
-        key.add(input.hash ? "input" : "missing", input.path);
-        add(key, "hash", input.hash);
+        key.addInput(input.path, input.hash);
     }
     return key.key();
 }

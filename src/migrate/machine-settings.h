@@ -1,7 +1,10 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "src/migrate/discovery.h"
 #include "src/migrate/program-conversion.h"
@@ -27,7 +30,18 @@ SettingsOfMachines settingsOfMachines(const Project& project, const Discovery& d
 /// Throws std::runtime_error with a complete message if one of the parameter files that the project names cannot be used.
 void expectParameterFiles(const Project& project, const Limits& limits);
 
-/// The hash of everything that the result of a program depends on.
+/// Makes the hash of everything that the result of a program depends on.
+class KeyOfProgram {
+public:
+    KeyOfProgram(const FoundProgram& program, const MachineSettings& settings);
+    /// Its inputs in their order.
+    void addInput(std::string_view path, const std::optional<ContentHash>& hash);
+    ContentHash key() const { return key_.key(); }
+
+private:
+    KeyBuilder key_;
+};
+
 ContentHash keyOfProgram(const FoundProgram& program, const MachineSettings& settings,
                          const std::vector<Input>& inputs);
 

@@ -1,6 +1,9 @@
 #include "src/migrate/output-owners.h"
 
-#include <unordered_map>
+#include <algorithm>
+#include <numeric>
+
+#include "src/migrate/recorded-source.h"
 
 namespace torvel::migrate {
 
@@ -18,20 +21,32 @@ bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found, con
     const NativePath owner = project.folder / nativePath(record.program);
     // A name in other capital letters may lead to the same file.
     return isUnseen(discovery, record.program) ||
-           (isOnDisk(owner) && fileIdentity(owner) != fileIdentity(found.path));
+           (isOnDisk(owner) &&
+            fileIdentity(owner) != fileIdentity(pathOf(found.program, project.folder)));
 }
 
 void findOutputOwners(const Project& project, const Store& store, Discovery& discovery) {
-    std::unordered_map<std::string, FoundProgram*> byOutput;
-    for (FoundProgram& program : discovery.programs) {
-        byOutput.emplace(program.output, &program);
-    }
+    std::vector<FoundProgram>& programs = discovery.programs;
+    std::vector<std::uint32_t> byOutput(programs.size());
+    std::iota(byOutput.begin(), byOutput.end(), 0U);
+    // Of programs with the same output the first one counts.
+    std::stable_sort(byOutput.begin(), byOutput.end(),
+                     [&](std::uint32_t left, std::uint32_t right) {
+                         return programs[left].output < programs[right].output;
+                     });
+    auto next = byOutput.begin();
+    // The store tells its outputs in order too.
     store.forEachOutput([&](const OutputRecord& record) {
-        const auto entry = byOutput.find(record.output);
-        if (entry != byOutput.end() &&
-            isOfOtherProgram(record, *entry->second, project, discovery) &&
+        next = std::find_if(next, byOutput.end(), [&](std::uint32_t program) {
+            return programs[program].output >= record.output;
+        });
+        if (next == byOutput.end() || programs[*next].output != record.output) {
+            return;
+        }
+        FoundProgram& program = programs[*next];
+        if (isOfOtherProgram(record, program, project, discovery) &&
             isOnDisk(project.folder / nativePath(record.output))) {
-            entry->second->outputOwner = record.program;
+            program.outputOwner = record.program;
         }
     });
 }

@@ -1,8 +1,11 @@
 #include "src/migrate/output-placing.h"
 
+#include <memory>
+#include <mutex>
 #include <utility>
 
 #include "src/migrate/output-records.h"
+#include "src/migrate/recorded-source.h"
 
 namespace torvel::migrate {
 
@@ -43,11 +46,11 @@ SourceFiles sourceFilesOf(const Project& project, const Discovery& discovery) {
             files.insert(fileIdentity(projectPath(project, key)));
         }
     };
-    for (const auto& [key, hash] : discovery.hashes) {
+    for (const auto& [key, hash] : discovery.otherFiles) {
         add(key);
     }
     for (const FoundProgram& program : discovery.programs) {
-        files.insert(fileIdentity(program.path));
+        files.insert(fileIdentity(pathOf(program.program, project.folder)));
     }
     add(project.parameters.value_or(""));
     for (const MachineFolder& folder : project.folders) {
@@ -60,12 +63,18 @@ SourceFiles sourceFilesOf(const Project& project, const Discovery& discovery) {
     return files;
 }
 
-PlanOutput placingOutputs(SourceFiles sources) {
-    const auto shared = std::make_shared<const SourceFiles>(std::move(sources));
-    return [shared](const OutputTask& task) {
+PlanOutput placingOutputs(std::function<SourceFiles()> sources) {
+    struct Asked {
+        std::once_flag once;
+        SourceFiles files;
+    };
+    const auto asked = std::make_shared<Asked>();
+    return [asked, sources = std::move(sources)](const OutputTask& task) {
+        std::call_once(asked->once, [&] { asked->files = sources(); });
+        const SourceFiles& files = asked->files;
         const OutputHistory history = historyOf(task.record, task.texts);
         auto plan = std::make_shared<const OutputPlan>(
-            planOutput(task.path, history, task.generated, *shared));
+            planOutput(task.path, history, task.generated, files));
         const OutputHistory& after = plan->decision.history;
         PlannedOutput planned;
         planned.isConflictOver = isConflictOver(history, after);
@@ -77,7 +86,7 @@ PlanOutput placingOutputs(SourceFiles sources) {
         if (plan->decision.action != OutputAction::refuse) {
             const LogHistory known{task.record.log, task.record.pendingLog};
             planned.pendingLog = logHash(task.log);
-            planned.place = [plan, log = planLog(logPath(task.path), known, task.log, *shared)] {
+            planned.place = [plan, log = planLog(logPath(task.path), known, task.log, files)] {
                 return placeBoth(*plan, log);
             };
         }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <functional>
 
 #include "src/migrate/discovery.h"
 #include "src/migrate/outputs.h"
@@ -11,7 +11,8 @@ namespace torvel::migrate {
 /// The files that the programs of a project are converted from, which no output may replace.
 SourceFiles sourceFilesOf(const Project& project, const Discovery& discovery);
 
-/// Puts the outputs of a run in place with what a person wrote in them, and the logs beside them.
-PlanOutput placingOutputs(SourceFiles sources);
+/// Puts the outputs of a run in place with what a person wrote in them, and the logs beside them. `sources` is asked
+/// once, for the first output.
+PlanOutput placingOutputs(std::function<SourceFiles()> sources);
 
 }  // namespace torvel::migrate

@@ -27,6 +27,11 @@ std::string keyOf(const NativePath& path, const NativePath& folder) {
     return narrowPath(NativePath(key.generic_string<NativePath::value_type>()));
 }
 
+NativePath pathOf(std::string_view key, const NativePath& folder) {
+    NativePath path = folder / nativePath(key);
+    return key.starts_with("..") ? path.lexically_normal() : path.make_preferred();
+}
+
 std::string foldedKey(std::string key) {
     std::transform(key.begin(), key.end(), key.begin(), lowerCase);
     return key;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "src/base/file-source.h"
@@ -10,6 +11,9 @@ namespace torvel::migrate {
 
 /// The key of a canonical path in a project whose folder is canonical.
 std::string keyOf(const NativePath& path, const NativePath& folder);
+
+/// The canonical path that has a key.
+NativePath pathOf(std::string_view key, const NativePath& folder);
 
 /// A key in small letters: those that differ by case only are one file on some systems, and count as one on all.
 std::string foldedKey(std::string key);

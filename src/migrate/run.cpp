@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <chrono>
 #include <mutex>
+#include <optional>
 #include <thread>
-#include <unordered_map>
 #include <utility>
 
 #include "src/migrate/changed-programs.h"
@@ -37,6 +37,8 @@ std::int64_t now() {
 /// A program between its conversion and the place of its output.
 struct ConvertedProgram {
     const FoundProgram* found = nullptr;
+    /// What the store calls it, when it has it.
+    std::int64_t number = 0;
     PackedProgram packed;
     std::string generated;
     std::string log;
@@ -44,13 +46,6 @@ struct ConvertedProgram {
     PlannedOutput plan;
     std::size_t size = 0;
 };
-
-std::unordered_map<std::string, OutputRecord> outputsOf(const Store& store) {
-    std::unordered_map<std::string, OutputRecord> outputs;
-    store.forEachOutput(
-        [&](const OutputRecord& record) { outputs.emplace(record.output, record); });
-    return outputs;
-}
 
 class Run {
 public:
@@ -63,9 +58,7 @@ public:
           observer_(observer),
           threads_(threadCount(options.threads)),
           settings_(settingsOfMachines(project, discovery, options)),
-          known_(knownPrograms(store)),
-          texts_(store.textHashes()),
-          outputs_(outputsOf(store)) {}
+          knowsOutputs_(store.hasOutputs()) {}
 
     RunSummary run();
 
@@ -79,12 +72,13 @@ private:
         return project_.folder / nativePath(output);
     }
     void begin();
-    void tellUnseen();
-    void removeVanished();
+    void tellUnseen(const KnownProgramSet& known);
+    void removeVanished(const KnownProgramSet& known);
+    std::vector<std::size_t> findChanged();
     std::unique_ptr<ConvertedProgram> convert(const FoundProgram& found);
     void planOutput(ConvertedProgram& program, const ContentHash& generated);
     void place(ConvertedProgram& program);
-    void settlePending();
+    void settlePending(KnownProgramSet& known);
     void confirm(const std::vector<OutputRecord>& records);
     void convertAll(const std::vector<std::size_t>& changed);
     std::vector<OutputRecord> takePlaced();
@@ -98,11 +92,11 @@ private:
     const RunObserver& observer_;
     unsigned threads_;
     SettingsOfMachines settings_;
-    KnownProgramSet known_;
-    KnownTexts texts_;
+    /// The store knew of outputs when the run began.
+    bool knowsOutputs_;
+    /// Made when something is converted.
+    std::optional<KnownTexts> texts_;
     Compressors compressors_;
-    /// What is known of outputs, by their keys: a program may have got that of another one.
-    std::unordered_map<std::string, OutputRecord> outputs_;
     RunSummary summary_;
     std::vector<Notice> noticesOfSources_;
     bool needsSweep_ = false;
@@ -111,18 +105,14 @@ private:
     std::mutex placedMutex_;
     /// Records of outputs that were put in place, which the store does not know yet.
     std::vector<OutputRecord> placed_;
-    std::unordered_set<std::string> asGenerated_;
+    std::vector<std::int64_t> asGenerated_;
     std::vector<std::pair<const FoundProgram*, std::string>> told_;
 };
 
 RunSummary Run::run() {
     begin();
     try {
-        settlePending();
-        tellUnseen();
-        removeVanished();
-        const std::vector<std::size_t> changed =
-            changedPrograms(project_, discovery_, known_, settings_, options_, threads_);
+        const std::vector<std::size_t> changed = findChanged();
         summary_.unchanged = discovery_.programs.size() - changed.size();
         convertAll(changed);
         endIfInterrupted(options_.isCancelled);
@@ -131,6 +121,14 @@ RunSummary Run::run() {
     }
     end();
     return std::move(summary_);
+}
+
+std::vector<std::size_t> Run::findChanged() {
+    KnownProgramSet known = knownPrograms(store_, discovery_, options_.restoresDeleted);
+    settlePending(known);
+    tellUnseen(known);
+    removeVanished(known);
+    return changedPrograms(project_, discovery_, known, settings_, options_, threads_);
 }
 
 void Run::begin() {
@@ -142,26 +140,33 @@ void Run::begin() {
     step();
 }
 
-void Run::settlePending() {
+void Run::settlePending(KnownProgramSet& known) {
     std::vector<OutputRecord*> pending;
-    for (auto& [name, program] : known_.programs) {
-        auto& record = program.stored.outputRecord;
-        if (record && (record->pending || record->pendingLog)) {
-            pending.push_back(&*record);
+    for (auto& [program, record] : known.openOutputs) {
+        if (record.pending || record.pendingLog) {
+            pending.push_back(&record);
         }
     }
+    for (OutputRecord& record : known.otherOutputs) {
+        pending.push_back(&record);
+    }
+    // Bytes, which several threads can write next to each other.
+    std::vector<char> isSettled(pending.size());
     inThreads(threads_, pending.size(), [&](std::size_t i, unsigned) {
-        settleRecord(*pending[i], outputPath(pending[i]->output));
+        OutputRecord record = *pending[i];
+        settleRecord(record, outputPath(record.output));
+        if (record != *pending[i]) {
+            *pending[i] = std::move(record);
+            isSettled[i] = 1;
+        }
     });
-    std::vector<OutputRecord> known;
-    for (const OutputRecord* record : pending) {
-        OutputRecord& before = outputs_[record->output];
-        if (*record != before) {
-            known.push_back(*record);
-            before = *record;
+    std::vector<OutputRecord> inPlace;
+    for (std::size_t i = 0; i < pending.size(); ++i) {
+        if (isSettled[i] != 0) {
+            inPlace.push_back(*pending[i]);
         }
     }
-    confirm(known);
+    confirm(inPlace);
 }
 
 void Run::confirm(const std::vector<OutputRecord>& records) {
@@ -176,11 +181,17 @@ void Run::confirm(const std::vector<OutputRecord>& records) {
     step();
 }
 
-void Run::tellUnseen() {
-    const auto knownIn = [this](const std::string& folder) {
-        return static_cast<std::uint64_t>(
-            std::count_if(known_.programs.begin(), known_.programs.end(),
-                          [&](const auto& entry) { return isInside(entry.first, folder); }));
+void Run::tellUnseen(const KnownProgramSet& known) {
+    const auto knownIn = [&](const std::string& folder) {
+        auto count = static_cast<std::uint64_t>(std::count_if(
+            known.others.begin(), known.others.end(),
+            [&](const OtherProgram& other) { return isInside(other.program, folder); }));
+        for (std::size_t i = 0; i < known.programs.size(); ++i) {
+            if (known.programs[i].number != 0 && isInside(discovery_.programs[i].program, folder)) {
+                ++count;
+            }
+        }
+        return count;
     };
     for (const std::string& folder : discovery_.unlisted) {
         const std::uint64_t count = knownIn(folder);
@@ -205,14 +216,11 @@ void Run::tellUnseen() {
     }
 }
 
-void Run::removeVanished() {
+void Run::removeVanished(const KnownProgramSet& known) {
     if (options_.isPartial) {
         return;
     }
-    std::vector<std::int64_t> numbers;
-    for (const StoredProgram& program : vanishedPrograms(discovery_, known_)) {
-        numbers.push_back(program.number);
-    }
+    const std::vector<std::int64_t> numbers = vanishedPrograms(discovery_, known);
     summary_.removed = numbers.size();
     if (!numbers.empty()) {
         needsSweep_ = true;
@@ -232,13 +240,13 @@ std::unique_ptr<ConvertedProgram> Run::convert(const FoundProgram& found) {
     program->packed.machine = found.machine;
     program->packed.key = keyOfProgram(found, settings, result.inputs);
     for (const ConvertedFile& file : result.files) {
-        texts_.add(file.hash, file.text, *compressor, program->packed.texts);
+        texts_->add(file.hash, file.text, *compressor, program->packed.texts);
     }
     program->generated = std::move(result.outputText);
     program->log = std::move(result.logText);
     if (result.status == ProgramStatus::converted) {
         const ContentHash generated = hashOf(program->generated);
-        texts_.add(generated, program->generated, *compressor, program->packed.texts);
+        texts_->add(generated, program->generated, *compressor, program->packed.texts);
         program->packed.generated = generated;
         planOutput(*program, generated);
     }
@@ -257,8 +265,11 @@ void Run::planOutput(ConvertedProgram& program, const ContentHash& generated) {
     const FoundProgram& found = *program.found;
     OutputRecord record;
     record.output = found.output;
-    if (const auto known = outputs_.find(found.output); known != outputs_.end()) {
-        record = known->second;
+    if (knowsOutputs_) {
+        // A program may have got that of another one.
+        if (std::optional<OutputRecord> known = store_.recordOf(found.output)) {
+            record = std::move(*known);
+        }
     }
     if (isOfOtherProgram(record, found, project_, discovery_)) {
         // Nothing is there any more: what was edited in it is gone, and of no use here.
@@ -308,7 +319,7 @@ void Run::place(ConvertedProgram& program) {
     if (placed.isDone || placed.isLogDone) {
         const std::lock_guard lock(placedMutex_);
         if (placed.isDone && program.plan.isAsGenerated) {
-            asGenerated_.insert(program.record->output);
+            asGenerated_.push_back(program.number);
         }
         placed_.push_back(std::move(*program.record));
     }
@@ -331,6 +342,7 @@ void Run::convertAll(const std::vector<std::size_t>& changed) {
         return;
     }
     needsSweep_ = true;
+    texts_.emplace(store_.textHashes());
     OrderedWork<ConvertedProgram> work(
         changed.size(), threads_,
         {[&](std::size_t i) { return convert(discovery_.programs[changed[i]]); },
@@ -338,9 +350,9 @@ void Run::convertAll(const std::vector<std::size_t>& changed) {
          [](const ConvertedProgram& program) { return program.size; }});
     while (std::unique_ptr<ConvertedProgram> program = work.next()) {
         step();
-        store_.write(program->packed);
+        program->number = store_.write(program->packed);
         step();
-        texts_.markStored(program->packed.texts);
+        texts_->markStored(program->packed.texts);
         work.finish(std::move(program));
         ++summary_.convertedNow;
         if (observer_.onProgress) {
@@ -396,6 +408,7 @@ void Run::end() {
         return left.first < right.first;  // in the order of the programs
     });
     summary_.notPlaced = notPlaced_;
+    std::sort(asGenerated_.begin(), asGenerated_.end());
     summary_.asGenerated = std::move(asGenerated_);
     for (auto& [found, message] : told_) {
         summary_.outputNotices.push_back({found->output, std::move(message)});

@@ -7,7 +7,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "src/base/file-source.h"
@@ -128,8 +127,8 @@ struct RunSummary {
     std::vector<Notice> unseenNotices;
     /// What is to be told of the outputs that this run looked at, in the order of the programs.
     std::vector<Notice> outputNotices;
-    /// Outputs that this run put in place as they were generated.
-    std::unordered_set<std::string> asGenerated;
+    /// What the store calls the programs whose outputs this run put in place as they were generated, in order.
+    std::vector<std::int64_t> asGenerated;
 };
 
 /// Throws StoreError when the store cannot be written, std::bad_alloc; what was done until then is kept.

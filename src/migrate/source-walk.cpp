@@ -29,6 +29,8 @@ struct Root {
     /// The place of the folder, of a file the one that it is in.
     std::string place;
     std::string base;
+    /// The number of the base.
+    std::uint32_t number = 0;
     bool isFile = false;
     bool isNamed = false;
 };
@@ -41,17 +43,10 @@ struct Pending {
     const Root* root = nullptr;
 };
 
-struct FoundFile {
-    WalkedFile file;
-    /// Found because the command line names it.
-    bool isExtra = false;
-    bool isBehindLink = false;
-};
-
 struct Walk {
     const Project& project;
     NativePath output;
-    std::vector<FoundFile> files;
+    std::vector<WalkedFile> files;
     std::unordered_set<NativePath::string_type> visited;
     std::deque<Pending> folders;
     std::deque<Pending> links;
@@ -104,11 +99,16 @@ bool mayBeProgram(const Walk& walk, const Pending& entry) {
 }
 
 void addFile(Walk& walk, const Pending& entry, bool isAlways) {
-    FoundFile found;
-    found.isExtra = entry.root->isNamed;
-    found.isBehindLink = walk.isBehindLink;
-    found.file = {entry.path.native(), entry.key, entry.place, entry.root->base, isAlways, true};
-    walk.files.push_back(std::move(found));
+    WalkedFile file;
+    file.key = entry.key;
+    if (entry.place != entry.key) {
+        file.otherPlace = entry.place;
+    }
+    file.base = entry.root->number;
+    file.isAlways = isAlways;
+    file.isExtra = entry.root->isNamed;
+    file.isBehindLink = walk.isBehindLink;
+    walk.files.push_back(std::move(file));
 }
 
 /// Whether the file is always a program; what names it matches something.
@@ -282,7 +282,7 @@ void setBases(std::vector<Root>& roots) {
 }
 
 /// The sources, and what is named outside of them. Files that are named are always programs.
-std::vector<Root> allRoots(const Project& project) {
+std::vector<Root> allRoots(const Project& project, std::vector<std::string>& bases) {
     std::vector<Root> roots = rootsOf(project, project.sources, false);
     setBases(roots);
     std::vector<Root> inside;
@@ -303,25 +303,29 @@ std::vector<Root> allRoots(const Project& project) {
     for (std::vector<Root>* const others : {&inside, &outside}) {
         std::move(others->begin(), others->end(), std::back_inserter(roots));
     }
+    for (Root& root : roots) {
+        root.number = static_cast<std::uint32_t>(bases.size());
+        bases.push_back(root.base);
+    }
     return roots;
 }
 
 /// Of a file that was found in several ways the one in the sources and without links counts; a file that is named is
 /// always a program.
-std::vector<WalkedFile> eachOnce(std::vector<FoundFile>& files) {
-    std::sort(files.begin(), files.end(), [](const FoundFile& left, const FoundFile& right) {
-        return std::tie(left.file.key, left.isExtra, left.isBehindLink, left.file.place) <
-               std::tie(right.file.key, right.isExtra, right.isBehindLink, right.file.place);
+void keepEachOnce(std::vector<WalkedFile>& files) {
+    std::sort(files.begin(), files.end(), [](const WalkedFile& left, const WalkedFile& right) {
+        return std::tie(left.key, left.isExtra, left.isBehindLink, left.place()) <
+               std::tie(right.key, right.isExtra, right.isBehindLink, right.place());
     });
-    std::vector<WalkedFile> once;
-    for (FoundFile& found : files) {
-        if (!once.empty() && once.back().key == found.file.key) {
-            once.back().isAlways = once.back().isAlways || found.file.isAlways;
-        } else {
-            once.push_back(std::move(found.file));
+    std::size_t kept = 0;
+    for (WalkedFile& file : files) {
+        if (kept > 0 && files[kept - 1].key == file.key) {
+            files[kept - 1].isAlways = files[kept - 1].isAlways || file.isAlways;
+        } else if (&files[kept++] != &file) {
+            files[kept - 1] = std::move(file);
         }
     }
-    return once;
+    files.resize(kept);
 }
 
 /// Whether the key or a folder around it is one of `keys`.
@@ -346,7 +350,7 @@ std::vector<std::string> emptySources(const Project& project,
         const std::string key = keyOf(projectPath(project, source), project.folder);
         const std::string place = placeOf(project, source);
         const auto holds = [&](const WalkedFile& file) {
-            return isInside(file.key, key) || isInside(file.place, place);
+            return isInside(file.key, key) || isInside(file.place(), place);
         };
         if (std::none_of(files.begin(), files.end(), holds)) {
             keys.push_back(key);
@@ -365,7 +369,7 @@ void chooseNamed(const Project& project, std::vector<WalkedFile>& files) {
         keys.insert(placeOf(project, path));
     }
     for (WalkedFile& file : files) {
-        file.isNamed = isInsideAny(file.key, keys) || isInsideAny(file.place, keys);
+        file.isNamed = isInsideAny(file.key, keys) || isInsideAny(file.place(), keys);
     }
 }
 
@@ -399,7 +403,8 @@ SourceWalk walkSources(const Project& project, const std::atomic<bool>* isInterr
             "No sources are named. Give the folder of the programs, or 'sources' in "
             "migration.toml.");
     }
-    const std::vector<Root> roots = allRoots(project);
+    std::vector<std::string> bases;
+    const std::vector<Root> roots = allRoots(project, bases);
     Walk walk{project, projectPath(project, project.output),
               {},      {},
               {},      {},
@@ -415,7 +420,9 @@ SourceWalk walkSources(const Project& project, const std::atomic<bool>* isInterr
         walk.links.pop_front();
         followLink(walk, link);
     }
-    SourceWalk result{eachOnce(walk.files),
+    keepEachOnce(walk.files);
+    SourceWalk result{std::move(walk.files),
+                      std::move(bases),
                       std::move(walk.notices),
                       std::move(walk.unlisted),
                       {},

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <atomic>
-#include <optional>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -10,24 +10,28 @@
 
 namespace torvel::migrate {
 
-/// A file of the sources that may be a program.
+/// A file of the sources that may be a program. There may be very many, so each has little.
 struct WalkedFile {
-    /// Canonical. Text, since a NativePath takes ten times the room and there may be very many.
-    NativePath::string_type path;
     std::string key;
-    /// Its key as the folders were walked through; another one than `key` behind a link.
-    std::string place;
-    /// The part of `place` that its output does not repeat.
-    std::string base;
+    /// Its key as the folders were walked through, if that is another one: it is behind a link.
+    std::string otherPlace;
+    /// Which of the bases of the walk is the part of its place that its output does not repeat.
+    std::uint32_t base = 0;
     /// A program whether another file includes it or not.
     bool isAlways = false;
     /// It is of what the command line names, or the command line names nothing.
     bool isNamed = true;
+    /// Found because the command line names it.
+    bool isExtra = false;
+    bool isBehindLink = false;
+
+    const std::string& place() const { return otherPlace.empty() ? key : otherPlace; }
 };
 
 struct SourceWalk {
     /// Each file once, in the order of the keys.
     std::vector<WalkedFile> files;
+    std::vector<std::string> bases;
     std::vector<Notice> notices;
     /// Folders that could not be listed, and sources without such a file. Keys.
     std::vector<std::string> unlisted;

@@ -48,6 +48,8 @@ Database openToWrite(const NativePath& path) {
 
 Database openToRead(const NativePath& path, DatabaseUse use) {
     Database database(path, use);
+    // What is read belongs together, and the system is asked once whether it may be read, not for each statement.
+    database.execute("PRAGMA locking_mode = EXCLUSIVE");
     expectStore(database, path);
     if (database.number("SELECT count(*) FROM sqlite_schema") == 0) {
         throw StoreError("The store \"" + narrowPath(path) +

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "src/migrate/interruption.h"
@@ -38,7 +40,8 @@ OutputNow outputNow(const ReportedStore& source, const StoredProgram& program,
     if (program.status != ProgramStatus::converted || !program.outputRecord || !program.generated) {
         return {};
     }
-    if (source.asGenerated && source.asGenerated->contains(program.output)) {
+    if (source.asGenerated && std::binary_search(source.asGenerated->begin(),
+                                                 source.asGenerated->end(), program.number)) {
         return {OutputState::asGenerated, {}};
     }
     std::string ignored;
@@ -94,11 +97,13 @@ private:
     std::string prefix_;
 };
 
+/// What is kept of a program between two readings. There may be very many.
 struct Entry {
-    std::size_t source = 0;
-    std::string key;
-    StoredProgram program;
-    std::optional<OutputNow> output;
+    /// What its store calls it.
+    std::int64_t number = 0;
+    std::uint32_t source = 0;
+    /// None: it was not found out yet.
+    std::optional<OutputState> outputState;
 };
 
 /// What all readings of a report share.
@@ -106,32 +111,41 @@ struct Sources {
     std::vector<ReportedStore> stores;
     std::vector<Keys> keys;
     std::vector<Entry> entries;
+    /// By entry: which findings are open, where some are not.
+    std::unordered_map<std::size_t, std::vector<bool>> isOpen;
 
-    void read(Entry& entry, const ReportProgramTaker& take) const;
+    void read(std::size_t number, const ReportProgramTaker& take);
     ReportTexts texts(const Entry& entry) const;
 };
 
-void Sources::read(Entry& entry, const ReportProgramTaker& take) const {
+void Sources::read(std::size_t number, const ReportProgramTaker& take) {
+    Entry& entry = entries[number];
     const ReportedStore& source = stores[entry.source];
     endIfInterrupted(source.isInterrupted);
     const Keys& toKey = keys[entry.source];
-    const StoredProgram& stored = entry.program;
+    const StoredProgram stored = source.store->program(entry.number);
     std::vector<FindingRow> findings = source.store->findings(stored);
-    if (!entry.output) {
-        entry.output = outputNow(source, stored, findings);
+    if (!entry.outputState) {
+        OutputNow now = outputNow(source, stored, findings);
+        entry.outputState = now.state;
+        if (std::count(now.isOpen.begin(), now.isOpen.end(), false) > 0) {
+            isOpen.emplace(number, std::move(now.isOpen));
+        }
     }
+    const auto known = isOpen.find(number);
     ReportProgram program;
-    program.program = entry.key;
+    program.program = toKey(stored.program);
     program.output = toKey(stored.output);
     program.machine = toKey(stored.machine);
     program.status = stored.status;
-    program.outputState = entry.output->state;
+    program.outputState = *entry.outputState;
     program.lines = stored.lines;
     program.convertedLines = stored.convertedLines;
+    program.findings.reserve(findings.size());
     for (std::size_t i = 0; i < findings.size(); ++i) {
         toKey(findings[i]);
-        const bool isOpen = entry.output->isOpen.empty() || entry.output->isOpen[i];
-        program.findings.push_back({std::move(findings[i]), isOpen});
+        program.findings.push_back(
+            {std::move(findings[i]), known == isOpen.end() || known->second[i]});
     }
     take(program);
 }
@@ -144,7 +158,7 @@ bool isForeign(OutputState state) {
 
 ReportTexts Sources::texts(const Entry& entry) const {
     const ReportedStore& source = stores[entry.source];
-    const StoredProgram& program = entry.program;
+    const StoredProgram program = source.store->program(entry.number);
     ReportTexts texts;
     for (const StoredFile& file : source.store->files(program)) {
         texts.files.push_back({keys[entry.source](file.path), source.store->text(file.text)});
@@ -153,7 +167,7 @@ ReportTexts Sources::texts(const Entry& entry) const {
     if (program.generated) {
         texts.generated = source.store->text(*program.generated);
     }
-    if (entry.output && isForeign(entry.output->state)) {
+    if (entry.outputState && isForeign(*entry.outputState)) {
         std::string ignored;
         std::optional<OutputFiles> files =
             readOutputFiles(source.folder / nativePath(program.output), ignored);
@@ -195,13 +209,21 @@ ReportProject reportedProject(const std::vector<ReportedStore>& stores,
 
 std::vector<Entry> entriesOf(const Sources& sources) {
     std::vector<Entry> entries;
-    for (std::size_t i = 0; i < sources.stores.size(); ++i) {
-        sources.stores[i].store->forEachProgram([&](const StoredProgram& program) {
-            entries.push_back({i, sources.keys[i](program.program), program, std::nullopt});
+    // Those of one store are in their order.
+    std::vector<std::pair<std::string, Entry>> byKey;
+    for (std::uint32_t i = 0; i < sources.stores.size(); ++i) {
+        sources.stores[i].store->forEachKey([&](std::int64_t number, const std::string& program) {
+            if (sources.stores.size() == 1) {
+                entries.push_back({number, i, {}});
+            } else {
+                byKey.push_back({sources.keys[i](program), {number, i, {}}});
+            }
         });
     }
-    std::stable_sort(entries.begin(), entries.end(),
-                     [](const Entry& a, const Entry& b) { return a.key < b.key; });
+    std::stable_sort(byKey.begin(), byKey.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::transform(byKey.begin(), byKey.end(), std::back_inserter(entries),
+                   [](const auto& each) { return each.second; });
     return entries;
 }
 
@@ -229,8 +251,8 @@ Report reportOf(std::vector<ReportedStore> stores, const NativePath& directory,
                      [](const RunRow& a, const RunRow& b) { return a.began < b.began; });
     sources->entries = entriesOf(*sources);
     report.forEachProgram = [sources](const ReportProgramTaker& take) {
-        for (Entry& entry : sources->entries) {
-            sources->read(entry, take);
+        for (std::size_t number = 0; number < sources->entries.size(); ++number) {
+            sources->read(number, take);
         }
     };
     report.textsOf = [sources](std::size_t number) {

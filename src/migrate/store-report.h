@@ -3,8 +3,6 @@
 #include <atomic>
 #include <cstdint>
 #include <memory>
-#include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "src/migrate/report.h"
@@ -17,8 +15,9 @@ struct ReportedStore {
     std::shared_ptr<const Store> store;
     /// The folder of its project, canonical: where its keys begin.
     NativePath folder;
-    /// Outputs that were put in place as they were generated, just now, and need not be read again. Null: none.
-    std::shared_ptr<const std::unordered_set<std::string>> asGenerated;
+    /// What the store calls the programs whose outputs were put in place as they were generated, just now, and need
+    /// not be read again. In order. Null: none.
+    std::shared_ptr<const std::vector<std::int64_t>> asGenerated;
     /// Where the store is, canonical.
     NativePath path;
     /// Reading throws Interrupted when it is set. Null: nobody sets it.

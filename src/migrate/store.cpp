@@ -97,6 +97,36 @@ void bindRun(Query& query, const RunRow& run) {
     query.bind(7, static_cast<std::int64_t>(run.openFindings));
 }
 
+constexpr std::string_view programColumns =
+    "p.number, p.path, p.output, p.machine, p.status, p.key, p.lines, p.converted_lines,"
+    " p.generated, ";
+
+/// The statement that gives programs with what is known of their outputs, as `programAt` reads them.
+std::string programsSql(Database& database, std::string_view which) {
+    return "SELECT " + std::string(programColumns) + outputColumns(database) +
+           " FROM program p LEFT JOIN output o ON o.path = p.output " + std::string(which);
+}
+
+/// A statement that several threads ask, made once.
+class SharedQuery {
+public:
+    /// Calls take(row) with the first row, which stays meanwhile. False: there is none. `bind` fills the holes.
+    template <typename Sql, typename Bind, typename Take>
+    bool ask(Database& database, Sql sql, Bind bind, Take take) {
+        const std::lock_guard lock(mutex_);
+        if (!query_) {
+            query_ = std::make_unique<Query>(database, std::string(sql()).c_str());
+        }
+        bind(*query_);
+        return query_->stepOnce([&](const Query& row) { take(row); });
+    }
+    void close() { query_.reset(); }
+
+private:
+    std::mutex mutex_;
+    std::unique_ptr<Query> query_;
+};
+
 /// The statements that write a program, made once.
 struct WritingStatements {
     explicit WritingStatements(Database& database);
@@ -146,12 +176,18 @@ public:
     }
     std::string text(const ContentHash& hash);
     void putOutput(const OutputRecord& record);
-    void putProgram(const PackedProgram& program);
+    std::int64_t putProgram(const PackedProgram& program);
+    StoredProgram program(std::int64_t number);
+    std::optional<OutputRecord> recordOf(const std::string& output);
+    std::vector<FindingRow> findings(const StoredProgram& program);
     void close();
     [[noreturn]] void failAsDamaged(std::string_view what) const {
         throw StoreError(
             "The store \"" + path_ + "\" is damaged: " + std::string(what) +
             ". Make it anew with --rebuild; outputs that were edited are left as they are.");
+    }
+    [[noreturn]] void failAsUnreadable(const StoredProgram& program) const {
+        failAsDamaged("what it has of \"" + program.program + "\" cannot be read");
     }
     /// A column of one program that is packed.
     template <typename Unpack>
@@ -161,7 +197,7 @@ public:
             value = unpack(row.bytes(0));
         });
         if (!value) {
-            failAsDamaged("what it has of \"" + program.program + "\" cannot be read");
+            failAsUnreadable(program);
         }
         return std::move(*value);
     }
@@ -176,27 +212,64 @@ private:
     std::unique_ptr<StoreLock> lock_;
     Database database_;
     std::unique_ptr<WritingStatements> writing_;
-    std::unique_ptr<Query> readText_;
-    std::mutex readingText_;
+    SharedQuery readText_;
+    SharedQuery readProgram_;
+    SharedQuery readOutput_;
+    SharedQuery readFindings_;
 };
 
 std::string Store::Tables::text(const ContentHash& hash) {
     std::string bytes;
-    {
-        const std::lock_guard lock(readingText_);
-        if (!readText_) {
-            readText_ = std::make_unique<Query>(database_, "SELECT bytes FROM text WHERE hash = ?");
-        }
-        readText_->bind(0, bytesOf(hash));
-        if (!readText_->stepOnce([&](const Query& row) { bytes = textAt(row, 0); })) {
-            failAsDamaged("a text is missing");
-        }
+    const bool isThere = readText_.ask(
+        database_, [] { return "SELECT bytes FROM text WHERE hash = ?"; },
+        [&](Query& query) { query.bind(0, bytesOf(hash)); },
+        [&](const Query& row) { bytes = textAt(row, 0); });
+    if (!isThere) {
+        failAsDamaged("a text is missing");
     }
     std::optional<std::string> text = uncompressed(bytes);
     if (!text) {
         failAsDamaged("a text cannot be read");
     }
     return std::move(*text);
+}
+
+StoredProgram Store::Tables::program(std::int64_t number) {
+    StoredProgram program;
+    const bool isThere = readProgram_.ask(
+        database_, [&] { return programsSql(database_, "WHERE p.number = ?"); },
+        [&](Query& query) { query.bind(0, number); },
+        [&](const Query& row) { program = programAt(row); });
+    if (!isThere) {
+        failAsDamaged("a program is missing");
+    }
+    return program;
+}
+
+std::optional<OutputRecord> Store::Tables::recordOf(const std::string& output) {
+    std::optional<OutputRecord> record;
+    readOutput_.ask(
+        database_,
+        [&] { return "SELECT " + outputColumns(database_) + " FROM output o WHERE o.path = ?"; },
+        [&](Query& query) { query.bind(0, output); },
+        [&](const Query& row) { record = outputAt(row, 0); });
+    return record;
+}
+
+std::vector<FindingRow> Store::Tables::findings(const StoredProgram& program) {
+    std::optional<std::string> packed;
+    readFindings_.ask(
+        database_, [] { return "SELECT findings FROM program WHERE number = ?"; },
+        [&](Query& query) { query.bind(0, program.number); },
+        [&](const Query& row) { packed = uncompressed(row.bytes(0)); });
+    std::optional<std::vector<FindingRow>> rows;
+    if (packed) {
+        rows = unpackedFindings(*packed);
+    }
+    if (!rows) {
+        failAsUnreadable(program);
+    }
+    return std::move(*rows);
 }
 
 void Store::Tables::putOutput(const OutputRecord& record) {
@@ -214,7 +287,7 @@ void Store::Tables::putOutput(const OutputRecord& record) {
     query.run();
 }
 
-void Store::Tables::putProgram(const PackedProgram& program) {
+std::int64_t Store::Tables::putProgram(const PackedProgram& program) {
     WritingStatements& sql = writing();
     for (const PackedText& packed : program.texts) {
         sql.putText.bind(0, bytesOf(packed.hash)).bind(1, *packed.bytes).run();
@@ -246,11 +319,15 @@ void Store::Tables::putProgram(const PackedProgram& program) {
     if (program.outputRecord) {
         putOutput(*program.outputRecord);
     }
+    return number;
 }
 
 void Store::Tables::close() {
     writing_.reset();
-    readText_.reset();
+    readText_.close();
+    readProgram_.close();
+    readOutput_.close();
+    readFindings_.close();
     if (lock_) {
         settleStore(database_);
         lock_.reset();
@@ -341,14 +418,18 @@ std::vector<Notice> Store::notices() const {
 }
 
 void Store::forEachProgram(const std::function<void(const StoredProgram&)>& take) const {
-    const std::string sql =
-        "SELECT p.number, p.path, p.output, p.machine, p.status, p.key, p.lines,"
-        " p.converted_lines, p.generated, " +
-        outputColumns(tables_->database()) +
-        " FROM program p LEFT JOIN output o ON o.path = p.output ORDER BY p.path";
+    const std::string sql = programsSql(tables_->database(), "ORDER BY p.path");
     Query query(tables_->database(), sql.c_str());
     while (query.step()) {
         take(programAt(query));
+    }
+}
+
+void Store::forEachKey(
+    const std::function<void(std::int64_t number, const std::string& program)>& take) const {
+    Query query(tables_->database(), "SELECT number, path FROM program ORDER BY path");
+    while (query.step()) {
+        take(query.number(0), textAt(query, 1));
     }
 }
 
@@ -393,12 +474,12 @@ std::vector<StoredFile> Store::files(const StoredProgram& program) const {
     return files;
 }
 
+StoredProgram Store::program(std::int64_t number) const {
+    return tables_->program(number);
+}
+
 std::vector<FindingRow> Store::findings(const StoredProgram& program) const {
-    return tables_->unpacked("SELECT findings FROM program WHERE number = ?", program,
-                             [](std::string_view bytes) {
-                                 const std::optional<std::string> text = uncompressed(bytes);
-                                 return text ? unpackedFindings(*text) : std::nullopt;
-                             });
+    return tables_->findings(program);
 }
 
 std::vector<MappedLine> Store::lineMap(const StoredProgram& program) const {
@@ -426,6 +507,14 @@ void Store::forEachOutput(const std::function<void(const OutputRecord&)>& take) 
     while (query.step()) {
         take(outputAt(query, 0));
     }
+}
+
+bool Store::hasOutputs() const {
+    return tables_->database().number("SELECT EXISTS (SELECT 1 FROM output)") != 0;
+}
+
+std::optional<OutputRecord> Store::recordOf(const std::string& output) const {
+    return tables_->recordOf(output);
 }
 
 std::vector<OutputRecord> Store::leftOutputs() const {
@@ -488,10 +577,11 @@ void Store::replaceNotices(const std::vector<Notice>& notices) {
     transaction.commit();
 }
 
-void Store::write(const PackedProgram& program) {
+std::int64_t Store::write(const PackedProgram& program) {
     Transaction transaction(tables_->database());
-    tables_->putProgram(program);
+    const std::int64_t number = tables_->putProgram(program);
     transaction.commit();
+    return number;
 }
 
 void Store::writeOutputs(const std::vector<OutputRecord>& records) {

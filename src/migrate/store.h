@@ -136,19 +136,29 @@ public:
     std::vector<Notice> notices() const;
     /// In the order of the programs' keys.
     void forEachProgram(const std::function<void(const StoredProgram&)>& take) const;
+    /// What it calls the programs, and their keys, in the order of these.
+    void forEachKey(
+        const std::function<void(std::int64_t number, const std::string& program)>& take) const;
     std::vector<Input> inputs(const StoredProgram& program) const;
+    /// The program that the store calls so. Several threads may ask.
+    StoredProgram program(std::int64_t number) const;
     /// The inputs of all programs, with the numbers of these, each program's in order.
     void forEachInput(const std::function<void(std::int64_t program, const Input&)>& take) const;
     /// The programs, and the files that they were converted from.
     std::vector<std::string> sourceFiles() const;
-    // Several threads may ask for files, line maps and texts at once: the database lets one of them in at a time.
+    // Several threads may ask for files, findings, line maps and texts at once: the database lets one of them in at a
+    // time.
     std::vector<StoredFile> files(const StoredProgram& program) const;
     std::vector<FindingRow> findings(const StoredProgram& program) const;
     std::vector<MappedLine> lineMap(const StoredProgram& program) const;
     /// Any thread may ask for a text while another one writes. Throws StoreError if it is not there.
     std::string text(const ContentHash& hash) const;
     std::vector<ContentHash> textHashes() const;
+    /// In the order of their paths.
     void forEachOutput(const std::function<void(const OutputRecord&)>& take) const;
+    bool hasOutputs() const;
+    /// What is known of the place of an output. Any thread may ask while another one writes.
+    std::optional<OutputRecord> recordOf(const std::string& output) const;
     /// Outputs that were generated and belong to no program any more.
     std::vector<OutputRecord> leftOutputs() const;
 
@@ -162,8 +172,8 @@ public:
     /// What there is now, in a row without times.
     RunRow totals() const;
     void replaceNotices(const std::vector<Notice>& notices);
-    /// Replaces what is known of the program.
-    void write(const PackedProgram& program);
+    /// Replaces what is known of the program. Its number.
+    std::int64_t write(const PackedProgram& program);
     void writeOutputs(const std::vector<OutputRecord>& records);
     void removePrograms(const std::vector<std::int64_t>& numbers);
     void removeOutputs(const std::vector<std::string>& outputs);

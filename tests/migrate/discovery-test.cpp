@@ -117,8 +117,10 @@ TEST(Discovery, WhatIsIncludedIsAPart) {
     EXPECT_EQ(plant.programs(), (List{"programs/inc/c.pgm -> converted/inc/c.torvel",
                                       "programs/main.pgm -> converted/main.torvel"}));
     EXPECT_EQ(found.parts, (List{"programs/inc/a.pgm", "shared/b.inc"}));
-    EXPECT_EQ(found.hashes.size(), 4U);
-    EXPECT_EQ(found.hashes.at("shared/b.inc"), hashOf("G1 X1\n"));
+    ASSERT_EQ(found.programs.size(), 2U);
+    EXPECT_EQ(found.programs[0].content, hashOf("; #include \"../main.pgm\"\n"));
+    EXPECT_EQ(found.otherFiles.size(), 2U);
+    EXPECT_EQ(found.otherFiles.at("shared/b.inc"), hashOf("G1 X1\n"));
 }
 
 TEST(Discovery, SpellingsOfBothSystemsLeadToOneFile) {
@@ -364,9 +366,10 @@ TEST(Discovery, TheSameWithAnyNumberOfThreads) {
         for (std::size_t i = 0; i < one.programs.size(); ++i) {
             EXPECT_EQ(many.programs[i].program, one.programs[i].program);
             EXPECT_EQ(many.programs[i].reach, one.programs[i].reach);
+            EXPECT_EQ(many.programs[i].content, one.programs[i].content);
         }
         EXPECT_EQ(many.parts, one.parts);
-        EXPECT_EQ(many.hashes, one.hashes);
+        EXPECT_EQ(many.otherFiles, one.otherFiles);
         ASSERT_EQ(many.notices.size(), one.notices.size());
         for (std::size_t i = 0; i < one.notices.size(); ++i) {
             EXPECT_EQ(many.notices[i].text, one.notices[i].text);

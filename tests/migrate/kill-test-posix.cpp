@@ -88,7 +88,7 @@ std::string outputsOf(Plant& plant) {
 
 /// Puts the outputs in place as the program does, and the process is killed when the first log is, before its output.
 PlanOutput killedBehindALog() {
-    return [placing = placingOutputs({})](const OutputTask& task) {
+    return [placing = placingOutputs([] { return SourceFiles(); })](const OutputTask& task) {
         PlannedOutput plan = placing(task);
         plan.place = [log = planLog(logPath(task.path), {task.record.log, task.record.pendingLog},
                                     task.log, {})] {
@@ -105,7 +105,7 @@ PlanOutput killedBehindALog() {
 // The log that the killed run has put in place is its own, and not a person's.
 TEST(Kill, BetweenALogAndItsOutput) {
     Plant plant;
-    plant.options.planOutput = placingOutputs({});
+    plant.options.planOutput = placingOutputs([] { return SourceFiles(); });
     plant.add("a.pgm", "PROBE X\n");
     plant.run();
     for (const std::string axis : {"Y", "Z"}) {

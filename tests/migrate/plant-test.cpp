@@ -8,6 +8,7 @@
 #include "src/migrate/any-case-source.h"
 #include "src/migrate/discovery.h"
 #include "src/migrate/program-conversion.h"
+#include "src/migrate/recorded-source.h"
 
 namespace torvel::migrate::test {
 
@@ -50,7 +51,8 @@ TEST(Plant, OneProgramCannotBeRead) {
         {}};
     std::vector<std::string> unreadable;
     for (const FoundProgram& program : findPrograms(project).programs) {
-        if (convertOne(program.path, settings).status == ProgramStatus::unreadable) {
+        if (convertOne(pathOf(program.program, settings.folder), settings).status ==
+            ProgramStatus::unreadable) {
             unreadable.push_back(program.program);
         }
     }

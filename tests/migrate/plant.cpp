@@ -66,7 +66,6 @@ FoundProgram& Plant::add(const std::string& name, std::string_view text) {
     write(name, text);
     FoundProgram program;
     program.program = name;
-    program.path = path(name);
     program.output = "out/" + name.substr(0, name.rfind('.')) + ".torvel";
     auto& programs = discovery.programs;
     const auto place = std::lower_bound(
@@ -80,9 +79,6 @@ void Plant::takeOver(const Plant& other) {
                           std::filesystem::copy_options::recursive |
                               std::filesystem::copy_options::overwrite_existing);
     discovery = other.discovery;
-    for (FoundProgram& program : discovery.programs) {
-        program.path = path(program.program);
-    }
 }
 
 RunSummary Plant::run(StoreUse use) {

@@ -432,6 +432,22 @@ TEST(Store, NobodyReadsWhileACommandWrites) {
     EXPECT_EQ(refusal(path, StoreUse::anew), message);
 }
 
+TEST(Store, NobodyWritesWhileACommandReads) {
+    const TemporaryDirectory folder;
+    const NativePath path = folder.path() / "s";
+    Store(path, StoreUse::write).setProjectFolder("..");
+    {
+        const Store reader(path, StoreUse::read);
+        const Store other(path, StoreUse::read);
+        const std::string message = refusal(path, StoreUse::write);
+        EXPECT_TRUE(message.starts_with("The store \"STORE\" is in use by another command."))
+            << message;
+        EXPECT_EQ(reader.projectFolder(), "..");
+        EXPECT_EQ(other.projectFolder(), "..");
+    }
+    EXPECT_EQ(refusal(path, StoreUse::write), "");
+}
+
 TEST(Store, LockOfADeadProcessIsNoObstacle) {
     const TemporaryDirectory folder;
     const NativePath path = folder.path() / "s";
