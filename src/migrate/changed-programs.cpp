@@ -51,6 +51,7 @@ public:
         KnownProgram& program = known_.programs[next_];
         program.number = stored.number;
         program.key = stored.key;
+        program.machineHash = stored.machineHash;
         if (isPending || (record && (record->conflict || record->leftAlone ||
                                      (restoresDeleted_ && record->base)))) {
             known_.openOutputs.emplace_back(static_cast<std::uint32_t>(next_), *record);
@@ -188,10 +189,10 @@ KnownProgramSet knownPrograms(const Store& store, const Discovery& discovery,
     return known;
 }
 
-std::vector<std::size_t> changedPrograms(const Project& project, const Discovery& discovery,
-                                         const KnownProgramSet& known,
-                                         const SettingsOfMachines& settings,
-                                         const RunOptions& options, unsigned threads) {
+std::vector<ChangedProgram> changedPrograms(const Project& project, const Discovery& discovery,
+                                            const KnownProgramSet& known,
+                                            const SettingsOfMachines& settings,
+                                            const RunOptions& options, unsigned threads) {
     const HashesNow hashes = hashesNow(project, discovery, known, options, threads);
     // Bytes, which several threads can write next to each other.
     std::vector<char> isChanged(discovery.programs.size());
@@ -207,10 +208,13 @@ std::vector<std::size_t> changedPrograms(const Project& project, const Discovery
             isChanged[program] = 1;
         }
     });
-    std::vector<std::size_t> changed;
+    std::vector<ChangedProgram> changed;
     for (std::size_t i = 0; i < isChanged.size(); ++i) {
         if (isChanged[i] != 0) {
-            changed.push_back(i);
+            const FoundProgram& found = discovery.programs[i];
+            const std::optional<ContentHash>& before = known.programs[i].machineHash;
+            changed.push_back(
+                {i, before && *before != machineHashOf(found, settings.at(found.parameters))});
         }
     }
     return changed;

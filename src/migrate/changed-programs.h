@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,6 +19,7 @@ struct KnownProgram {
     /// What the store calls it; 0: it does not know it.
     std::int64_t number = 0;
     ContentHash key{};
+    std::optional<ContentHash> machineHash;
     /// Its inputs in the list of all.
     std::uint32_t firstInput = 0;
     std::uint32_t inputCount = 0;
@@ -50,12 +52,20 @@ struct KnownProgramSet {
 /// done with every output that was put in place.
 KnownProgramSet knownPrograms(const Store& store, const Discovery& discovery, bool restoresDeleted);
 
-/// Numbers of programs of `discovery` that have to be converted, in order: they are new, something that they depend on
-/// changed, or their output was not put in place.
-std::vector<std::size_t> changedPrograms(const Project& project, const Discovery& discovery,
-                                         const KnownProgramSet& known,
-                                         const SettingsOfMachines& settings,
-                                         const RunOptions& options, unsigned threads);
+/// A program that has to be converted.
+struct ChangedProgram {
+    /// In the discovery.
+    std::size_t number = 0;
+    /// Its machine, or what that gives it, was another one before.
+    bool hasOtherMachine = false;
+};
+
+/// Programs of `discovery` that have to be converted, in order: they are new, something that they depend on changed, or
+/// their output was not put in place.
+std::vector<ChangedProgram> changedPrograms(const Project& project, const Discovery& discovery,
+                                            const KnownProgramSet& known,
+                                            const SettingsOfMachines& settings,
+                                            const RunOptions& options, unsigned threads);
 
 /// The numbers of the programs of the store that are not there any more.
 std::vector<std::int64_t> vanishedPrograms(const Discovery& discovery,

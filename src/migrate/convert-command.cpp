@@ -90,7 +90,18 @@ RunSummary runTold(const Work& work, Store& store, const Options& options, const
     return summary;
 }
 
-/// "Converted 12 programs in 0.3 s (40 a second); 28 had not changed."
+/// ", 10 of them because their machine changed"
+std::string machineText(std::uint64_t programs, std::uint64_t converted) {
+    if (programs == 0) {
+        return {};
+    }
+    const std::string which = converted == 1          ? ""
+                              : programs == converted ? "all of them "
+                                                      : grouped(programs) + " of them ";
+    return ", " + which + "because " + (programs == 1 ? "its" : "their") + " machine changed";
+}
+
+/// "Converted 12 programs in 0.3 s (40 a second), 10 of them because their machine changed; 28 had not changed."
 std::string runText(const RunSummary& summary, Seconds elapsed) {
     std::string text =
         fmt::format("Converted {} in {:.1f} s",
@@ -99,6 +110,7 @@ std::string runText(const RunSummary& summary, Seconds elapsed) {
         text += fmt::format(" ({:.0f} a second)",
                             static_cast<double>(summary.convertedNow) / elapsed.count());
     }
+    text += machineText(summary.ofChangedMachines, summary.convertedNow);
     if (summary.unchanged > 0) {
         text += fmt::format("; {} had not changed", grouped(summary.unchanged));
     }

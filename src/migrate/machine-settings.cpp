@@ -47,16 +47,22 @@ MachineSettings settingsOf(const Project& project, const std::string& parameters
     MachineSettings settings{{project.folder, options.source, AxisNames(), options.limits,
                               options.reference, options.constants},
                              {},
+                             {},
                              {}};
     KeyBuilder key;
     key.add("version", TORVEL_VERSION);
     key.add("form", resultForm);
     addReference(key, project.reference);
+    KeyBuilder given;
+    addReference(given, project.reference);
     if (!parameters.empty()) {
         const NativePath path = project.folder / nativePath(parameters);
         // Hashed first: if the file changes in between, the next run sees that.
         key.add("parameters", parameters);
-        add(key, "bytes", hashOfFile(path));
+        const std::optional<ContentHash> bytes = hashOfFile(path);
+        add(key, "bytes", bytes);
+        given.add("parameters", parameters);
+        add(given, "bytes", bytes);
         try {
             settings.conversion.axes = loadParameterFile(narrowPath(path), options.limits);
         } catch (const std::runtime_error& error) {
@@ -65,6 +71,7 @@ MachineSettings settingsOf(const Project& project, const std::string& parameters
         }
     }
     settings.key = key.key();
+    settings.given = given.key();
     return settings;
 }
 
@@ -109,6 +116,13 @@ SettingsOfMachines settingsOfMachines(const Project& project, const Discovery& d
         }
     }
     return all;
+}
+
+ContentHash machineHashOf(const FoundProgram& program, const MachineSettings& settings) {
+    KeyBuilder key;
+    key.add("machine", program.machine);
+    key.add("given", bytesOf(settings.given));
+    return key.key();
 }
 
 KeyOfProgram::KeyOfProgram(const FoundProgram& program, const MachineSettings& settings) {

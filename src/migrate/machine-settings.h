@@ -19,6 +19,8 @@ struct MachineSettings {
     std::string fault;
     /// Made of all of it, and of the version of the converter.
     ContentHash key{};
+    /// Made of what the project says: the parameter file and the site's rows.
+    ContentHash given{};
 };
 
 /// The settings by the key of the parameter file; an empty one: without such a file.
@@ -29,6 +31,10 @@ SettingsOfMachines settingsOfMachines(const Project& project, const Discovery& d
 
 /// Throws std::runtime_error with a complete message if one of the parameter files that the project names cannot be used.
 void expectParameterFiles(const Project& project, const Limits& limits);
+
+/// A hash of what a program's machine gives it: another one when that is another machine, or has another parameter
+/// file, or when the site's rows have changed.
+ContentHash machineHashOf(const FoundProgram& program, const MachineSettings& settings);
 
 /// Makes the hash of everything that the result of a program depends on.
 class KeyOfProgram {

@@ -74,13 +74,14 @@ private:
     void begin();
     void tellUnseen(const KnownProgramSet& known);
     void removeVanished(const KnownProgramSet& known);
-    std::vector<std::size_t> findChanged();
+    std::vector<ChangedProgram> findChanged();
+    void noteMachines(const KnownProgramSet& known, const std::vector<ChangedProgram>& changed);
     std::unique_ptr<ConvertedProgram> convert(const FoundProgram& found);
     void planOutput(ConvertedProgram& program, const ContentHash& generated);
     void place(ConvertedProgram& program);
     void settlePending(KnownProgramSet& known);
     void confirm(const std::vector<OutputRecord>& records);
-    void convertAll(const std::vector<std::size_t>& changed);
+    void convertAll(const std::vector<ChangedProgram>& changed);
     std::vector<OutputRecord> takePlaced();
     void end();
     void tell(const FoundProgram& found, std::string message);
@@ -112,7 +113,7 @@ private:
 RunSummary Run::run() {
     begin();
     try {
-        const std::vector<std::size_t> changed = findChanged();
+        const std::vector<ChangedProgram> changed = findChanged();
         summary_.unchanged = discovery_.programs.size() - changed.size();
         convertAll(changed);
         endIfInterrupted(options_.isCancelled);
@@ -123,12 +124,36 @@ RunSummary Run::run() {
     return std::move(summary_);
 }
 
-std::vector<std::size_t> Run::findChanged() {
+std::vector<ChangedProgram> Run::findChanged() {
     KnownProgramSet known = knownPrograms(store_, discovery_, options_.restoresDeleted);
     settlePending(known);
     tellUnseen(known);
     removeVanished(known);
-    return changedPrograms(project_, discovery_, known, settings_, options_, threads_);
+    std::vector<ChangedProgram> changed =
+        changedPrograms(project_, discovery_, known, settings_, options_, threads_);
+    noteMachines(known, changed);
+    return changed;
+}
+
+/// A store of an older version does not know what machines gave: programs that have not changed have it as it is now.
+void Run::noteMachines(const KnownProgramSet& known, const std::vector<ChangedProgram>& changed) {
+    std::vector<std::pair<std::int64_t, ContentHash>> hashes;
+    auto next = changed.begin();
+    for (std::size_t i = 0; i < known.programs.size(); ++i) {
+        const KnownProgram& program = known.programs[i];
+        if (next != changed.end() && next->number == i) {
+            ++next;
+        } else if (!program.machineHash) {
+            const FoundProgram& found = discovery_.programs[i];
+            hashes.emplace_back(program.number,
+                                machineHashOf(found, settings_.at(found.parameters)));
+        }
+    }
+    if (!hashes.empty()) {
+        step();
+        store_.setMachineHashes(hashes);
+        step();
+    }
 }
 
 void Run::begin() {
@@ -239,6 +264,7 @@ std::unique_ptr<ConvertedProgram> Run::convert(const FoundProgram& found) {
     program->packed = packedProgram(result, *compressor);
     program->packed.machine = found.machine;
     program->packed.key = keyOfProgram(found, settings, result.inputs);
+    program->packed.machineHash = machineHashOf(found, settings);
     for (const ConvertedFile& file : result.files) {
         texts_->add(file.hash, file.text, *compressor, program->packed.texts);
     }
@@ -337,7 +363,7 @@ std::vector<OutputRecord> Run::takePlaced() {
     return std::exchange(placed_, {});
 }
 
-void Run::convertAll(const std::vector<std::size_t>& changed) {
+void Run::convertAll(const std::vector<ChangedProgram>& changed) {
     if (changed.empty()) {
         return;
     }
@@ -345,7 +371,7 @@ void Run::convertAll(const std::vector<std::size_t>& changed) {
     texts_.emplace(store_.textHashes());
     OrderedWork<ConvertedProgram> work(
         changed.size(), threads_,
-        {[&](std::size_t i) { return convert(discovery_.programs[changed[i]]); },
+        {[&](std::size_t i) { return convert(discovery_.programs[changed[i].number]); },
          [&](ConvertedProgram& program) { place(program); },
          [](const ConvertedProgram& program) { return program.size; }});
     while (std::unique_ptr<ConvertedProgram> program = work.next()) {
@@ -354,6 +380,7 @@ void Run::convertAll(const std::vector<std::size_t>& changed) {
         step();
         texts_->markStored(program->packed.texts);
         work.finish(std::move(program));
+        summary_.ofChangedMachines += changed[summary_.convertedNow].hasOtherMachine ? 1 : 0;
         ++summary_.convertedNow;
         if (observer_.onProgress) {
             observer_.onProgress(summary_.convertedNow, changed.size());

@@ -118,6 +118,8 @@ struct RunSummary {
     /// outputs, gives it to `Store::endRun`; until then the run has no end, and one that was interrupted never has.
     RunRow row;
     std::uint64_t convertedNow = 0;
+    /// Of these, those whose machine changed: it is another one, has another parameter file, or the site's rows changed.
+    std::uint64_t ofChangedMachines = 0;
     std::uint64_t unchanged = 0;
     std::uint64_t removed = 0;
     bool isCancelled = false;

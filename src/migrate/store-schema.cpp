@@ -9,7 +9,8 @@
 //   notice        what the last run told about the files as a whole
 //   program       one row a program, as it was last converted. `key` is made of everything that its result depends on.
 //                 `findings` and `line_map` are packed (packed-findings.h). `generated` is the text that it was
-//                 converted to, which the line map is about.
+//                 converted to, which the line map is about. `machine_hash` is made of the part of it that its machine
+//                 gave: its folder, its parameter file, the site's rows; none: nobody knows.
 //   input         the files that its conversion asked for; no hash: nothing was there
 //   file          the files of the program as they were converted; the line map counts them from 0
 //   output        what is known of the place of an output, whether a program still has it or not:
@@ -107,6 +108,9 @@ constexpr std::array steps{
     R"(
         ALTER TABLE output ADD COLUMN log BLOB;
         ALTER TABLE output ADD COLUMN pending_log BLOB;
+    )",
+    R"(
+        ALTER TABLE program ADD COLUMN machine_hash BLOB;
     )",
 };
 

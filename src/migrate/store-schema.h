@@ -13,7 +13,7 @@ constexpr std::int64_t storeApplication = 0x546f7276;
 std::span<const char* const> storeSteps();
 
 /// Who reads takes stores of older versions from this one on as they are; they may have no `project.identity`, and
-/// know nothing of logs.
+/// know nothing of logs and of what machines gave.
 constexpr std::int64_t oldestReadableStore = 1;
 
 }  // namespace torvel::migrate

@@ -80,8 +80,9 @@ StoredProgram programAt(const Query& row) {
     program.lines = countAt(row, 6);
     program.convertedLines = countAt(row, 7);
     program.generated = hashAt(row, 8);
-    if (!row.isNull(9)) {
-        program.outputRecord = outputAt(row, 9);
+    program.machineHash = hashAt(row, 9);
+    if (!row.isNull(10)) {
+        program.outputRecord = outputAt(row, 10);
     }
     return program;
 }
@@ -97,14 +98,14 @@ void bindRun(Query& query, const RunRow& run) {
     query.bind(7, static_cast<std::int64_t>(run.openFindings));
 }
 
-constexpr std::string_view programColumns =
-    "p.number, p.path, p.output, p.machine, p.status, p.key, p.lines, p.converted_lines,"
-    " p.generated, ";
-
-/// The statement that gives programs with what is known of their outputs, as `programAt` reads them.
+/// The statement that gives programs with what is known of their outputs, as `programAt` reads them, of a store that may
+/// be older.
 std::string programsSql(Database& database, std::string_view which) {
-    return "SELECT " + std::string(programColumns) + outputColumns(database) +
-           " FROM program p LEFT JOIN output o ON o.path = p.output " + std::string(which);
+    return "SELECT p.number, p.path, p.output, p.machine, p.status, p.key, p.lines,"
+           " p.converted_lines, p.generated, " +
+           std::string(database.number("PRAGMA user_version") > 3 ? "p.machine_hash, " : "NULL, ") +
+           outputColumns(database) + " FROM program p LEFT JOIN output o ON o.path = p.output " +
+           std::string(which);
 }
 
 /// A statement that several threads ask, made once.
@@ -145,12 +146,14 @@ WritingStatements::WritingStatements(Database& database)
     : putProgram(
           database,
           "INSERT INTO program (path, output, machine, status, key, lines, converted_lines,"
-          " findings, line_map, generated) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT "
+          " findings, line_map, generated, machine_hash)"
+          " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT "
           "(path) DO UPDATE"
           " SET output = excluded.output, machine = excluded.machine, status = excluded.status,"
           " key = excluded.key, lines = excluded.lines, converted_lines ="
           " excluded.converted_lines, findings = excluded.findings, line_map ="
-          " excluded.line_map, generated = excluded.generated RETURNING number"),
+          " excluded.line_map, generated = excluded.generated,"
+          " machine_hash = excluded.machine_hash RETURNING number"),
       deleteInputs(database, "DELETE FROM input WHERE program = ?"),
       deleteFiles(database, "DELETE FROM file WHERE program = ?"),
       deleteProgram(database, "DELETE FROM program WHERE number = ?"),
@@ -299,6 +302,7 @@ std::int64_t Store::Tables::putProgram(const PackedProgram& program) {
     row.bind(6, static_cast<std::int64_t>(program.convertedLines));
     row.bind(7, program.findings).bind(8, program.lineMap);
     bindHash(row, 9, program.generated);
+    bindHash(row, 10, program.machineHash);
     std::int64_t number = 0;
     while (row.step()) {
         number = row.number(0);
@@ -591,6 +595,15 @@ void Store::writeOutputs(const std::vector<OutputRecord>& records) {
     Transaction transaction(tables_->database());
     for (const OutputRecord& record : records) {
         tables_->putOutput(record);
+    }
+    transaction.commit();
+}
+
+void Store::setMachineHashes(const std::vector<std::pair<std::int64_t, ContentHash>>& hashes) {
+    Transaction transaction(tables_->database());
+    Query query(tables_->database(), "UPDATE program SET machine_hash = ? WHERE number = ?");
+    for (const auto& [number, hash] : hashes) {
+        query.bind(0, bytesOf(hash)).bind(1, number).run();
     }
     transaction.commit();
 }

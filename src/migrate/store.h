@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "src/base/file-system.h"
@@ -56,6 +57,8 @@ struct ProgramRow {
     ProgramStatus status{};
     /// What it was converted from and with: its inputs and everything else that counts.
     ContentHash key{};
+    /// What its machine gave it (`machineHashOf`); none: nobody knows.
+    std::optional<ContentHash> machineHash;
     std::uint64_t lines = 0;
     std::uint64_t convertedLines = 0;
     /// The text that it was converted to, which the line map is about; none: it was not converted.
@@ -175,6 +178,8 @@ public:
     /// Replaces what is known of the program. Its number.
     std::int64_t write(const PackedProgram& program);
     void writeOutputs(const std::vector<OutputRecord>& records);
+    /// What the machines of programs gave them, by what the store calls these.
+    void setMachineHashes(const std::vector<std::pair<std::int64_t, ContentHash>>& hashes);
     void removePrograms(const std::vector<std::int64_t>& numbers);
     void removeOutputs(const std::vector<std::string>& outputs);
     /// Takes away the texts that nothing needs any more.

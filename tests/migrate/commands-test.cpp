@@ -161,6 +161,43 @@ TEST_F(CommandTest, ASecondRunHasNothingToDo) {
         << fourth.output;
 }
 
+TEST_F(CommandTest, ProgramsOfAMachineThatChanged) {
+    const auto machine = [](const std::string& axis) {
+        return "<Machine><Parameters><Axes><Axis><P n=\"AxisName\">" + axis +
+               "</P></Axis></Axes></Parameters></Machine>";
+    };
+    const auto ranWith = [this](const std::string& text) {
+        const Outcome outcome = run({"convert"});
+        EXPECT_EQ(outcome.status, 0) << outcome.error;
+        const std::string line = outcome.output.substr(0, outcome.output.find('\n'));
+        EXPECT_TRUE(line.ends_with(text)) << line;
+        EXPECT_EQ(line.find("machine") != std::string::npos,
+                  text.find("machine") != std::string::npos)
+            << line;
+    };
+    write("programs/a.pgm", "G1 X1\n");
+    write("programs/b.pgm", "G1 X2\n");
+    write("programs/line2/c.pgm", "HOME LIFT\n");
+    write("line2.xml", machine("LIFT"));
+    const std::string sources = "sources = [\"programs\"]\n";
+    const std::string folder =
+        "[[folder]]\npath = \"programs/line2\"\nparameters = \"line2.xml\"\n";
+    write("migration.toml", sources);
+    ranWith(" a second).");
+    // The folder becomes that of a machine of its own, whose parameter file changes then.
+    write("migration.toml", sources + folder);
+    ranWith(" a second), because its machine changed; 2 had not changed.");
+    write("line2.xml", machine("HOIST"));
+    write("programs/a.pgm", "G1 X3\n");
+    ranWith(" a second), 1 of them because its machine changed; 1 had not changed.");
+    // A row of the site is for all machines.
+    write("migration.toml",
+          sources + folder + "[reference]\naxis_parameters = { 11 = \"Gain\" }\n");
+    ranWith(" a second), all of them because their machine changed.");
+    write("programs/line2/c.pgm", "HOME HOIST\n");
+    ranWith(" a second); 2 had not changed.");
+}
+
 TEST_F(CommandTest, TheListGetsShorterAndEditsStay) {
     write("migration.toml", "sources = [\"programs\"]\n");
     write("programs/a.pgm", "G1 X1\nPROBE X\nPROBE Y\nG1 X4\n");

@@ -113,6 +113,7 @@ TEST(Run, ParameterFileOfOneMachine) {
     plant.write("m2.xml", parameterFile("TABLE"));
     summary = plant.run();
     EXPECT_EQ(plant.convertedNow, (Names{"2/b.pgm"}));
+    EXPECT_EQ(summary.ofChangedMachines, 1U);
     EXPECT_EQ(summary.row.convertedLines, 2U);
     EXPECT_NE(plant.read("out/2/b.torvel"), converted);
 
@@ -285,6 +286,45 @@ TEST(Run, PartialRunLeavesTheOthers) {
     const RunSummary summary = plant.run();
     EXPECT_EQ(summary.removed, 0U);
     EXPECT_EQ(summary.row.programs, 4U);
+}
+
+/// A store that was written before it had what machines gave.
+TEST(Run, MachinesOfAnOlderStore) {
+    Plant plant;
+    plant.write("m1.xml", parameterFile("STAGE"));
+    plant.add("a.pgm", "HOME STAGE\n").parameters = "m1.xml";
+    plant.add("b.pgm", "G1 X1\n");
+    plant.run();
+    const auto makeOlder = [&plant] {
+        Database older(plant.store(), DatabaseUse::write);
+        older.execute("ALTER TABLE program DROP COLUMN machine_hash; PRAGMA user_version = 3");
+    };
+    const auto hashes = [&plant] {
+        std::vector<std::optional<ContentHash>> all;
+        Store(plant.store(), StoreUse::read).forEachProgram([&](const StoredProgram& program) {
+            all.push_back(program.machineHash);
+        });
+        return all;
+    };
+    const auto written = hashes();
+    ASSERT_EQ(written.size(), 2U);
+    EXPECT_TRUE(written[0] && written[1] && written[0] != written[1]);
+
+    // Nothing is converted again for it, and a change is told from then on.
+    makeOlder();
+    EXPECT_EQ(hashes(), (std::vector<std::optional<ContentHash>>(2)));
+    EXPECT_EQ(plant.run().convertedNow, 0U);
+    EXPECT_EQ(hashes(), written);
+    plant.write("m1.xml", parameterFile("LIFT"));
+    EXPECT_EQ(plant.run().ofChangedMachines, 1U);
+
+    // What nobody knows is not told.
+    makeOlder();
+    plant.write("m1.xml", parameterFile("STAGE"));
+    const RunSummary summary = plant.run();
+    EXPECT_EQ(summary.convertedNow, 1U);
+    EXPECT_EQ(summary.ofChangedMachines, 0U);
+    EXPECT_EQ(hashes(), written);
 }
 
 TEST(Run, CollidingProgramsAreResultsWithoutOutput) {
