@@ -70,6 +70,18 @@ NativePath unboundedPath(const NativePath& path) {
     return path;
 }
 
+NativePath pathAt(const NativePath& directory, std::string_view text) {
+    return directory / nativePath(text);
+}
+
+NativePath relativePath(const NativePath& path, const NativePath& directory) {
+    return path.lexically_relative(directory);
+}
+
+NativePath tidyPath(const NativePath& path) {
+    return path.lexically_normal();
+}
+
 NativePath canonicalPath(const NativePath& path) {
     std::error_code error;
     const NativePath absolute = std::filesystem::absolute(path, error);

@@ -29,6 +29,41 @@ NativePath fullPath(const NativePath& path) {
     return text;
 }
 
+constexpr std::wstring_view separators = LR"(\/)";
+
+/// The length of the server and the share that a path begins with; 0: it begins with none.
+std::size_t shareLength(std::wstring_view path) {
+    const auto isSeparator = [path](std::size_t at) {
+        return at < path.size() && separators.find(path[at]) != std::wstring_view::npos;
+    };
+    if (!isSeparator(0) || !isSeparator(1) || isSeparator(2)) {
+        return 0;
+    }
+    const std::size_t server = std::min(path.find_first_of(separators, 2), path.size());
+    return std::min(path.find_first_of(separators, std::min(server + 1, path.size())), path.size());
+}
+
+/// What a path begins with: a drive with its colon, a share, or nothing.
+std::wstring rootOf(const NativePath& path) {
+    const std::wstring& text = path.native();
+    const bool hasDrive = text.size() > 1 && text[1] == L':';
+    std::wstring root = text.substr(0, hasDrive ? 2 : shareLength(text));
+    std::replace(root.begin(), root.end(), L'/', L'\\');
+    return root;
+}
+
+bool haveSameRoot(const NativePath& left, const NativePath& right) {
+    const std::wstring a = rootOf(left);
+    const std::wstring b = rootOf(right);
+    return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
+                                static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
+}
+
+/// What stands behind that.
+NativePath behindRoot(const NativePath& path) {
+    return path.native().substr(rootOf(path).size());
+}
+
 /// A handle that tells about what stands at a path; it opens directories too.
 class PathHandle {
 public:
@@ -111,10 +146,32 @@ std::string narrowPath(const NativePath& path) {
     return text;
 }
 
+NativePath pathAt(const NativePath& directory, std::string_view text) {
+    const NativePath path = nativePath(text);
+    if (shareLength(path.native()) > 0) {
+        return path;
+    }
+    const std::size_t share = shareLength(directory.native());
+    const bool isRooted = text.find_first_of("\\/") == 0;
+    return share > 0 && isRooted ? NativePath(directory.native().substr(0, share) + path.native())
+                                 : directory / path;
+}
+
+NativePath relativePath(const NativePath& path, const NativePath& directory) {
+    return haveSameRoot(path, directory)
+               ? behindRoot(path).lexically_relative(behindRoot(directory))
+               : NativePath();
+}
+
+NativePath tidyPath(const NativePath& path) {
+    if (shareLength(path.native()) == 0) {
+        return path.lexically_normal();
+    }
+    return rootOf(path) + behindRoot(path).lexically_normal().native();
+}
+
 NativePath includedPath(const NativePath& directory, std::string_view text) {
-    // Not every library takes the name of a share for the root that it is.
-    const bool isShare = text.find_first_of("\\/") == 0 && text.find_first_of("\\/", 1) == 1;
-    return isShare ? nativePath(text) : directory / nativePath(text);
+    return pathAt(directory, text);
 }
 
 std::string_view withoutDrive(std::string_view path) {

@@ -7,7 +7,7 @@
 namespace torvel {
 
 std::string displayPath(const NativePath& path, const NativePath& directory) {
-    const NativePath relative = path.lexically_relative(directory);
+    const NativePath relative = relativePath(path, directory);
     NativePath::string_type text = relative.empty() ? path.native() : relative.native();
     std::replace(text.begin(), text.end(), NativePath::value_type{'\\'},
                  NativePath::value_type{'/'});

@@ -32,6 +32,18 @@ NativePath nativePath(std::string_view text);
 /// The narrow form of a path, with the platform's own separators.
 std::string narrowPath(const NativePath& path);
 
+// Drives, and shares as Windows has them, are roots: there is no way from one to another. Not every library takes the
+// name of a share for a root, so these are for paths that may be anywhere.
+
+/// `text`, a path that a user or a program wrote, as one that is absolute or starts at `directory`, which is absolute.
+NativePath pathAt(const NativePath& directory, std::string_view text);
+
+/// The way to `path` from `directory`, both absolute; empty: it has another root.
+NativePath relativePath(const NativePath& path, const NativePath& directory);
+
+/// A path without "." and "..", links not followed, with the platform's own separators.
+NativePath tidyPath(const NativePath& path);
+
 /// What stands at `path`, links followed. A path that cannot be examined is missing.
 FileKind fileKind(const NativePath& path);
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "src/migrate/explain.h"
+#include "src/migrate/recorded-source.h"
 #include "src/migrate/source-walk.h"
 #include "src/migrate/text-decoding.h"
 
@@ -73,7 +74,7 @@ AcceptFilter acceptFilterOf(const Options& options, const NativePath& folder,
         return filter;
     }
     report.forEachProgram([&](const ReportProgram& program) {
-        const NativePath path = (folder / nativePath(program.program)).lexically_normal();
+        const NativePath path = pathOf(program.program, folder);
         const bool isNamed = takeProgram(programs, path);
         if (isNamed) {
             filter.programs.insert(program.program);

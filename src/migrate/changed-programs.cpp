@@ -9,6 +9,7 @@
 #include "src/migrate/in-threads.h"
 #include "src/migrate/interruption.h"
 #include "src/migrate/output-records.h"
+#include "src/migrate/recorded-source.h"
 
 namespace torvel::migrate {
 
@@ -134,7 +135,7 @@ HashesNow hashesNow(const Project& project, const Discovery& discovery,
             const FoundProgram& found = discovery.programs[i];
             hashes[i] = found.content;
             if (!found.content && known.programs[i].number != 0) {
-                hashes[i] = hashOfFile(project.folder / nativePath(found.program), options.source);
+                hashes[i] = hashOfFile(pathOf(found.program, project.folder), options.source);
             }
             return;
         }
@@ -142,7 +143,7 @@ HashesNow hashesNow(const Project& project, const Discovery& discovery,
         const auto read = discovery.otherFiles.find(file);
         hashes[i] = read != discovery.otherFiles.end()
                         ? read->second
-                        : hashOfFile(project.folder / nativePath(file), options.source);
+                        : hashOfFile(pathOf(file, project.folder), options.source);
     });
     return hashes;
 }
@@ -150,13 +151,13 @@ HashesNow hashesNow(const Project& project, const Discovery& discovery,
 /// Whether the output is not what the program was converted to, and something may be done about it.
 bool isOutputOpen(const Project& project, const OutputRecord& record, bool restoresDeleted) {
     if (record.pending || record.pendingLog || record.conflict ||
-        (restoresDeleted && isDeleted(record, project.folder / nativePath(record.output)))) {
+        (restoresDeleted && isDeleted(record, pathOf(record.output, project.folder)))) {
         return true;
     }
     if (!record.leftAlone) {
         return false;
     }
-    const NativePath path = project.folder / nativePath(record.output);
+    const NativePath path = pathOf(record.output, project.folder);
     return hashOfFile(path).value_or(noFile) != *record.leftAlone;
 }
 

@@ -87,8 +87,7 @@ std::vector<ReportedStore> storesOf(const Options& options, const Project& proje
             continue;
         }
         std::shared_ptr<const Store> store = openedStore(path);
-        const NativePath folder =
-            canonicalPath(path.parent_path() / nativePath(store->projectFolder()));
+        const NativePath folder = canonicalPath(pathAt(path.parent_path(), store->projectFolder()));
         stores.push_back({std::move(store), folder, nullptr, path});
     }
     return stores;

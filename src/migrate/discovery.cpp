@@ -242,6 +242,7 @@ std::string outputStem(std::string_view place, std::string_view base, bool keeps
     if (base != "." && isInside(inside, base)) {
         inside.remove_prefix(base.size());
     }
+    inside = withoutDrive(inside);
     while (inside.starts_with('/') || inside.starts_with("../")) {
         inside.remove_prefix(inside.starts_with('/') ? 1 : 3);
     }

@@ -3,6 +3,7 @@
 #include "src/migrate/output-owners.h"
 #include "src/migrate/output-records.h"
 #include "src/migrate/outputs.h"
+#include "src/migrate/recorded-source.h"
 #include "src/migrate/text-layout.h"
 #include "src/migrate/text-lines.h"
 
@@ -21,7 +22,7 @@ bool isAsGenerated(OutputRecord record, const NativePath& path, const Store& sto
 
 /// What has become of the program.
 std::string programPart(const OutputRecord& record, const Project& project) {
-    const bool isThere = isOnDisk(project.folder / nativePath(record.program));
+    const bool isThere = isOnDisk(pathOf(record.program, project.folder));
     return "ts program \"" + record.program +
            (isThere ? "\" was not converted by this run, or has another output now."
                     : "\" is not there any more.");
@@ -32,7 +33,7 @@ std::string programPart(const OutputRecord& record, const Project& project) {
 LeftOutputs leftOutputs(const Project& project, const Store& store) {
     LeftOutputs left;
     for (const OutputRecord& record : store.leftOutputs()) {
-        const NativePath path = project.folder / nativePath(record.output);
+        const NativePath path = pathOf(record.output, project.folder);
         const std::string part = programPart(record, project);
         if (fileKind(path) == FileKind::missing) {
             left.gone.push_back(record.output);

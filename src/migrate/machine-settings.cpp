@@ -5,6 +5,7 @@
 
 #include "src/app/parameter-file.h"
 #include "src/migrate/file-hashes.h"
+#include "src/migrate/recorded-source.h"
 
 namespace torvel::migrate {
 
@@ -56,7 +57,7 @@ MachineSettings settingsOf(const Project& project, const std::string& parameters
     KeyBuilder given;
     addReference(given, project.reference);
     if (!parameters.empty()) {
-        const NativePath path = project.folder / nativePath(parameters);
+        const NativePath path = pathOf(parameters, project.folder);
         // Hashed first: if the file changes in between, the next run sees that.
         key.add("parameters", parameters);
         const std::optional<ContentHash> bytes = hashOfFile(path);

@@ -288,6 +288,8 @@ ParsedOptions parseOptions(std::vector<std::string> arguments) {
     }
     Options options;
     CLI::App app("Converts a plant's Brannic programs to Torvel and tells what is left to do.");
+    // A slash begins a path on every system.
+    app.allow_windows_style_options(false);
     defineOptions(app, options);
     std::reverse(arguments.begin(), arguments.end());  // the library takes the last one first
     try {
@@ -317,7 +319,7 @@ namespace {
 /// A path of the command line as the project has paths: a key.
 std::string keyOfArgument(const std::string& argument, const NativePath& directory,
                           const Project& project) {
-    return keyOf(canonicalPath(directory / nativePath(argument)), project.folder);
+    return keyOf(canonicalPath(pathAt(directory, argument)), project.folder);
 }
 
 }  // namespace

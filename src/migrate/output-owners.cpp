@@ -18,7 +18,7 @@ bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found, con
     if (record.program == found.program) {
         return false;
     }
-    const NativePath owner = project.folder / nativePath(record.program);
+    const NativePath owner = pathOf(record.program, project.folder);
     // A name in other capital letters may lead to the same file.
     return isUnseen(discovery, record.program) ||
            (isOnDisk(owner) &&
@@ -45,7 +45,7 @@ void findOutputOwners(const Project& project, const Store& store, Discovery& dis
         }
         FoundProgram& program = programs[*next];
         if (isOfOtherProgram(record, program, project, discovery) &&
-            isOnDisk(project.folder / nativePath(record.output))) {
+            isOnDisk(pathOf(record.output, project.folder))) {
             program.outputOwner = record.program;
         }
     });

@@ -354,7 +354,7 @@ Project readProject(const NativePath& file) {
 }
 
 NativePath projectPath(const Project& project, std::string_view path) {
-    return canonicalPath(project.folder / nativePath(path));
+    return canonicalPath(pathAt(project.folder, path));
 }
 
 }  // namespace torvel::migrate

@@ -21,15 +21,25 @@ void note(std::vector<Input>& inputs, Input input) {
 }  // namespace
 
 std::string keyOf(const NativePath& path, const NativePath& folder) {
+    const NativePath relative = relativePath(path, folder);
+    return keyText(relative.empty() ? path : relative);
+}
+
+std::string keyText(const NativePath& path) {
     // A back slash in a name is a byte like others where only "/" separates: the key has to lead to the file.
-    const NativePath relative = path.lexically_relative(folder);
-    const NativePath& key = relative.empty() ? path : relative;
-    return narrowPath(NativePath(key.generic_string<NativePath::value_type>()));
+    NativePath::string_type text = path.native();
+    std::replace(text.begin(), text.end(), NativePath::preferred_separator,
+                 NativePath::value_type{'/'});
+    return narrowPath(text);
 }
 
 NativePath pathOf(std::string_view key, const NativePath& folder) {
-    NativePath path = folder / nativePath(key);
-    return key.starts_with("..") ? path.lexically_normal() : path.make_preferred();
+    NativePath path = pathAt(folder, key);
+    return key.starts_with("..") ? tidyPath(path) : path.make_preferred();
+}
+
+bool isAbsoluteKey(std::string_view key) {
+    return key.starts_with('/') || withoutDrive(key).size() != key.size();
 }
 
 std::string foldedKey(std::string key) {

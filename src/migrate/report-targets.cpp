@@ -80,7 +80,7 @@ public:
             return;
         }
         const FileIdentity identity =
-            mayBeLinked_ ? fileIdentity(folder_ / nativePath(key)) : FileIdentity();
+            mayBeLinked_ ? fileIdentity(pathOf(key, folder_)) : FileIdentity();
         const std::string small = foldedKey(key);
         for (std::size_t i = 0; i < places_.size(); ++i) {
             const WrittenPlace& place = places_[i];

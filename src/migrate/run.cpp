@@ -18,6 +18,7 @@
 #include "src/migrate/ordered-work.h"
 #include "src/migrate/output-owners.h"
 #include "src/migrate/output-records.h"
+#include "src/migrate/recorded-source.h"
 #include "src/migrate/source-walk.h"
 #include "src/migrate/text-layout.h"
 
@@ -69,7 +70,7 @@ private:
         }
     }
     NativePath outputPath(const std::string& output) const {
-        return project_.folder / nativePath(output);
+        return pathOf(output, project_.folder);
     }
     void begin();
     void tellUnseen(const KnownProgramSet& known);

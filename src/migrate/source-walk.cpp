@@ -238,7 +238,9 @@ std::string commonFolder(const std::vector<Root>& roots) {
     std::string common = roots.front().place;
     for (const Root& root : roots) {
         while (!isInside(root.place, common)) {
-            if (common == "." || common == ".." || common.ends_with("/..") || common == "/") {
+            const bool isDrive = isAbsoluteKey(common) && common.find('/') == std::string::npos;
+            if (common == "." || common == ".." || common.ends_with("/..") || common == "/" ||
+                isDrive) {
                 return {};
             }
             common = folderOf(common);
@@ -376,8 +378,7 @@ void chooseNamed(const Project& project, std::vector<WalkedFile>& files) {
 }  // namespace
 
 std::string placeOf(const Project& project, std::string_view path) {
-    std::string place =
-        keyOf((project.folder / nativePath(path)).lexically_normal(), project.folder);
+    std::string place = keyOf(tidyPath(pathAt(project.folder, path)), project.folder);
     if (place.size() > 1 && place.ends_with('/')) {
         place.pop_back();
     }
@@ -386,7 +387,7 @@ std::string placeOf(const Project& project, std::string_view path) {
 
 bool isInside(std::string_view key, std::string_view folder) {
     if (folder == ".") {
-        return key != ".." && !key.starts_with("../") && !key.starts_with('/');
+        return key != ".." && !key.starts_with("../") && !isAbsoluteKey(key);
     }
     return key.starts_with(folder) &&
            (key.size() == folder.size() || key[folder.size()] == '/' || folder.ends_with('/'));

@@ -46,7 +46,7 @@ OutputNow outputNow(const ReportedStore& source, const StoredProgram& program,
     }
     std::string ignored;
     std::optional<OutputFiles> files =
-        readOutputFiles(source.folder / nativePath(program.output), ignored);
+        readOutputFiles(pathOf(program.output, source.folder), ignored);
     if (!files) {
         return {program.outputRecord->pending ? OutputState::notWritten : OutputState::foreign, {}};
     }
@@ -81,9 +81,7 @@ public:
         if (prefix_.empty() || key.empty()) {
             return key;
         }
-        const NativePath path = nativePath(prefix_) / nativePath(key);
-        return narrowPath(
-            NativePath(path.lexically_normal().generic_string<NativePath::value_type>()));
+        return keyText(tidyPath(pathAt(nativePath(prefix_), key)));
     }
 
     void operator()(FindingRow& row) const {
@@ -170,7 +168,7 @@ ReportTexts Sources::texts(const Entry& entry) const {
     if (entry.outputState && isForeign(*entry.outputState)) {
         std::string ignored;
         std::optional<OutputFiles> files =
-            readOutputFiles(source.folder / nativePath(program.output), ignored);
+            readOutputFiles(pathOf(program.output, source.folder), ignored);
         if (files) {
             texts.current = std::move(files->output);
         }

@@ -17,6 +17,7 @@ endfunction()
 add_windows_test(golden-tests golden/golden-test.cpp)
 
 file(GLOB windows_sources CONFIGURE_DEPENDS windows/*.cpp)
+list(FILTER windows_sources EXCLUDE REGEX "/migrate-[^/]*$")
 add_windows_test(command-line-tests command_line/command-line-test.cpp ${windows_sources})
 target_link_libraries(command-line-tests PRIVATE version)
 target_compile_definitions(command-line-tests PRIVATE
@@ -25,8 +26,10 @@ target_compile_definitions(command-line-tests PRIVATE
 add_dependencies(command-line-tests BrannicToTorvel64)
 
 if(TORVEL_BUILD_MIGRATE)
+    file(GLOB migrate_sources CONFIGURE_DEPENDS windows/migrate-*.cpp)
     add_windows_test(migrate-tests migrate/commands-test.cpp migrate/options-test.cpp
-                     migrate/plant-test.cpp migrate/merge-test.cpp migrate/html-decoding.cpp)
+                     migrate/plant-test.cpp migrate/merge-test.cpp migrate/html-decoding.cpp
+                     ${migrate_sources})
     target_link_libraries(migrate-tests PRIVATE torvel_migrate GTest::gtest_main)
 endif()
 
