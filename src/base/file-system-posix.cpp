@@ -106,17 +106,12 @@ bool InputFile::open(const NativePath& path) {
     // Not to wait for the other end where a pipe has taken the place of the file.
     descriptor_ = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     struct stat status {};
-    return descriptor_ >= 0 && fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
-}
-
-std::uint64_t InputFile::size() const {
-    struct stat status {};
-    return fstat(descriptor_, &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
-}
-
-FileIdentity InputFile::identity() const {
-    struct stat status {};
-    return fstat(descriptor_, &status) == 0 ? identityOf(status) : FileIdentity();
+    if (descriptor_ < 0 || fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) {
+        return false;
+    }
+    size_ = static_cast<std::uint64_t>(status.st_size);
+    identity_ = identityOf(status);
+    return true;
 }
 
 bool OutputFile::open(const NativePath& path) {

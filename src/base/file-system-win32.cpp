@@ -220,16 +220,13 @@ FileIdentity fileIdentity(const NativePath& path) {
 
 bool InputFile::open(const NativePath& path) {
     descriptor_ = _wopen(unboundedPath(path).c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT);
-    return descriptor_ >= 0;
-}
-
-std::uint64_t InputFile::size() const {
+    if (descriptor_ < 0) {
+        return false;
+    }
     const std::int64_t length = _filelengthi64(descriptor_);
-    return length < 0 ? 0 : static_cast<std::uint64_t>(length);
-}
-
-FileIdentity InputFile::identity() const {
-    return identityOf(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor_)));
+    size_ = length < 0 ? 0 : static_cast<std::uint64_t>(length);
+    identity_ = identityOf(reinterpret_cast<HANDLE>(_get_osfhandle(descriptor_)));
+    return true;
 }
 
 bool OutputFile::open(const NativePath& path) {

@@ -88,9 +88,9 @@ class InputFile {
 public:
     /// False if the file cannot be opened, or is no regular file.
     bool open(const NativePath& path);
-    /// The file's length in bytes when asked.
-    std::uint64_t size() const;
-    FileIdentity identity() const;
+    /// The file's length in bytes when it was opened.
+    std::uint64_t size() const { return size_; }
+    const FileIdentity& identity() const { return identity_; }
     /// Reads up to `length` bytes; returns how many there were (fewer if the file has become
     /// shorter). `failed` is set when the system reports an error.
     std::size_t read(char* data, std::size_t length, bool& failed);
@@ -102,6 +102,8 @@ public:
 
 private:
     int descriptor_ = -1;
+    std::uint64_t size_ = 0;
+    FileIdentity identity_;
 };
 
 /// A file open for writing, with a buffer. Line feeds become the platform's line ends. A file that is

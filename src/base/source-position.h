@@ -23,6 +23,8 @@ struct SourceFile {
     /// the end marks of old editors, 0x1A, behind the last byte.
     TextSpan text;
     bool endsAtNul = false;
+    /// Lines that hold more than comments and blanks, when the file was read to its end.
+    std::uint32_t codeLines = 0;
 };
 
 struct Inclusion;

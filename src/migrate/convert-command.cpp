@@ -11,6 +11,7 @@
 #include "src/migrate/command-project.h"
 #include "src/migrate/gate.h"
 #include "src/migrate/interruption.h"
+#include "src/migrate/known-folders.h"
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/new-file.h"
 #include "src/migrate/output-owners.h"
@@ -43,6 +44,7 @@ struct Work {
     Project project;
     Discovery discovery;
     FolderListings listings;
+    KnownFolders folders;
     RunOptions options;
 };
 
@@ -69,7 +71,8 @@ void prepare(Work& work, const Options& options, const Console& console) {
     run.constants = siteConstantsOf(work.project.reference);
     run.restoresDeleted = options.restore;
     run.isPartial = !work.project.named.empty();
-    run.source = anyCaseSource(fileSystemSource(), work.listings, [](const OtherCase&) {});
+    run.source = anyCaseSource(withKnownFolders(fileSystemSource(), work.folders), work.listings,
+                               [](const OtherCase&) {});
     work.discovery = findPrograms(work.project, options.threads, run.isCancelled);
     run.planOutput =
         placingOutputs([&work] { return sourceFilesOf(work.project, work.discovery); });

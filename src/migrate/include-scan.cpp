@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
 #include "src/base/characters.h"
 #include "src/lex/keywords.h"
@@ -102,6 +103,81 @@ bool mayInclude(std::string_view bytes) {
     return false;
 }
 
+/// What stands in front of a place in its line.
+enum class PlaceInLine : std::uint8_t { first, behindText, unclear };
+
+PlaceInLine placeInLine(std::string_view bytes, std::size_t at) {
+    while (at > 0 && isBlank(bytes[at - 1])) {
+        --at;
+    }
+    if (at == 0 || bytes[at - 1] == '\n' || bytes[at - 1] == '\r') {
+        return PlaceInLine::first;
+    }
+    return isWhiteSpace(bytes[at - 1]) ? PlaceInLine::unclear : PlaceInLine::behindText;
+}
+
+/// The path of the directive that a line begins with; none: that is another one, or it takes a closer look.
+std::optional<std::string_view> plainIncludePath(std::string_view line) {
+    constexpr std::string_view word = "#include";
+    const bool isInclude = line.size() > word.size() && isWhiteSpace(line[word.size()]) &&
+                           std::equal(word.begin(), word.end(), line.begin(),
+                                      [](char wanted, char c) { return wanted == lowerCase(c); });
+    if (!isInclude) {
+        return std::nullopt;
+    }
+    line.remove_prefix(word.size());
+    while (!line.empty() && isWhiteSpace(line.front())) {
+        line.remove_prefix(1);
+    }
+    const std::size_t close = line.find('"', 1);
+    // A further string may be open at the end of the line.
+    if (!line.starts_with('"') || close == std::string_view::npos ||
+        line.find('"', close + 1) != std::string_view::npos) {
+        return std::nullopt;
+    }
+    return line.substr(1, close - 1);
+}
+
+/// How many lines end in a text.
+std::uint32_t lineEnds(std::string_view text) {
+    std::uint32_t count = 0;
+    for (std::size_t at = text.find_first_of("\r\n"); at != std::string_view::npos;
+         at = text.find_first_of("\r\n", at)) {
+        at += text.substr(at, 2) == "\r\n" ? 2 : 1;
+        ++count;
+    }
+    return count;
+}
+
+/// The includes of a file that has no other directives, and nothing else that hides lines or ends the file early. None: it
+/// has.
+std::optional<std::vector<WrittenInclude>> plainIncludes(std::string_view bytes) {
+    constexpr char byteOrderMark = '\xEF';
+    if (bytes.starts_with(byteOrderMark) || bytes.find('\0') != std::string_view::npos ||
+        bytes.find("/*") != std::string_view::npos) {
+        return std::nullopt;
+    }
+    std::vector<WrittenInclude> includes;
+    std::size_t counted = 0;
+    std::uint32_t number = 1;
+    for (std::size_t at = bytes.find('#'); at != std::string_view::npos;
+         at = bytes.find('#', at + 1)) {
+        const PlaceInLine place = placeInLine(bytes, at);
+        if (place == PlaceInLine::behindText) {
+            continue;
+        }
+        const std::size_t end = std::min(bytes.find_first_of("\r\n", at), bytes.size());
+        const auto path = plainIncludePath(bytes.substr(at, end - at));
+        if (place == PlaceInLine::unclear || !path) {
+            return std::nullopt;
+        }
+        number += lineEnds(bytes.substr(counted, at - counted));
+        counted = at;
+        includes.push_back({std::string(*path), number});
+    }
+    return includes;
+}
+
 /// The word that `code` begins with, which is taken off with the blanks behind it.
 std::string_view takeWord(std::string_view& code) {
     const auto end = std::find_if_not(code.begin(), code.end(), isWordCharacter);
@@ -154,6 +230,9 @@ std::vector<WrittenInclude> includesOf(std::string_view bytes) {
     std::vector<WrittenInclude> includes;
     if (!mayInclude(bytes)) {
         return includes;
+    }
+    if (auto plain = plainIncludes(bytes)) {
+        return std::move(*plain);
     }
     FileScan scan(bytes);
     scan.visitLines([&](LineSplitter& splitter, const Inclusion& inclusion, const ScannedLine& line,

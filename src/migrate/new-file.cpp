@@ -24,7 +24,7 @@ NativePath temporaryPath(const NativePath& path) {
 
 NewFile::NewFile(NativePath path) : path_(std::move(path)), temporary_(temporaryPath(path_)) {}
 
-bool NewFile::write(std::string_view bytes, Flush flush) {
+bool NewFile::write(std::string_view bytes, Flush flush, bool isFirst) {
     int descriptor = createFile(temporary_);
     if (descriptor < 0) {
         std::error_code failure;
@@ -39,7 +39,7 @@ bool NewFile::write(std::string_view bytes, Flush flush) {
         return fail();
     }
     isThere_ = true;
-    bool isWritten = takePermissions(descriptor, path_);
+    bool isWritten = isFirst || takePermissions(descriptor, path_);
     while (isWritten && !bytes.empty()) {
         const std::ptrdiff_t count = writeSome(descriptor, bytes.data(), bytes.size());
         isWritten = count > 0;

@@ -23,7 +23,7 @@ public:
 
     /// Makes the folders that lead to it and the file, with the permissions of the one that it is to replace. False if
     /// something of it cannot be done; error() tells what.
-    bool write(std::string_view bytes, Flush flush);
+    bool write(std::string_view bytes, Flush flush, bool isFirst = false);
     bool putInPlace();
     /// The system's words for what failed.
     const std::string& error() const { return error_; }

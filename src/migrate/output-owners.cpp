@@ -15,7 +15,7 @@ bool isOnDisk(const NativePath& path) {
 
 bool isOfOtherProgram(const OutputRecord& record, const FoundProgram& found, const Project& project,
                       const Discovery& discovery) {
-    if (record.program == found.program) {
+    if (record.program.empty() || record.program == found.program) {
         return false;
     }
     const NativePath owner = pathOf(record.program, project.folder);

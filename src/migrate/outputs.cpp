@@ -189,7 +189,7 @@ bool isLogOfOurs(std::string_view bytes, const LogHistory& history, std::string_
 CarriedOut replaceBytes(const NativePath& path, const std::optional<ContentHash>& old,
                         std::string_view bytes, Flush flush) {
     NewFile file(path);
-    if (!file.write(bytes, flush)) {
+    if (!file.write(bytes, flush, !old)) {
         return {false, sentence(path, " cannot be written (" + file.error() + ").")};
     }
     if (hasChanged(path, old)) {

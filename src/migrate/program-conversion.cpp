@@ -12,7 +12,6 @@
 #include "src/checks/finding-telling.h"
 #include "src/migrate/recorded-source.h"
 #include "src/migrate/text-lines.h"
-#include "src/preprocess/line-splitter.h"
 #include "src/preprocess/preprocessor.h"
 
 namespace torvel::migrate {
@@ -22,7 +21,7 @@ namespace {
 /// What findings say of their file.
 struct FileOfFindings {
     std::string key;
-    std::vector<std::string_view> lines;
+    SourceLines lines;
 };
 
 /// A program in memory while its result is put together.
@@ -36,17 +35,13 @@ struct Conversion {
     std::unordered_map<const SourceFile*, FileOfFindings> files{};
 };
 
-const FileOfFindings& fileOf(Conversion& conversion, const SourceFile& file) {
+FileOfFindings& fileOf(Conversion& conversion, const SourceFile& file) {
     const auto [entry, isNew] = conversion.files.try_emplace(&file);
     if (isNew) {
         entry->second = {keyOf(file.path, conversion.settings.folder),
-                         sourceLinesOf(conversion.program.text.view(file.text))};
+                         SourceLines(conversion.program.text.view(file.text))};
     }
     return entry->second;
-}
-
-std::string_view sourceLine(const FileOfFindings& file, std::size_t number) {
-    return number == 0 || number > file.lines.size() ? std::string_view() : file.lines[number - 1];
 }
 
 void countOutputLines(Conversion& conversion) {
@@ -107,18 +102,6 @@ void mapLines(const Conversion& conversion, ProgramResult& result) {
     result.convertedLines = result.lines - std::min<std::uint64_t>(refused.size(), result.lines);
 }
 
-/// Lines of a file that was read without fault, which hold more than comments and blanks.
-std::uint64_t countCodeLines(Program& program, const SourceFile& file) {
-    const Inclusion inclusion{&file, {}};
-    LineSplitter splitter(program, inclusion);
-    ScannedLine line;
-    std::uint64_t count = 0;
-    while (splitter.next(line)) {
-        count += line.code.empty() ? 0 : 1;
-    }
-    return count;
-}
-
 FindingRow rowOf(Conversion& conversion, const Finding& finding) {
     FindingRow row;
     row.line = finding.position.lineNumber;
@@ -132,9 +115,9 @@ FindingRow rowOf(Conversion& conversion, const Finding& finding) {
     if (finding.position.inclusion == nullptr) {
         return row;
     }
-    const FileOfFindings& file = fileOf(conversion, *finding.position.inclusion->file);
+    FileOfFindings& file = fileOf(conversion, *finding.position.inclusion->file);
     row.file = file.key;
-    row.lineText = sourceLine(file, finding.position.lineNumber);
+    row.lineText = file.lines.line(finding.position.lineNumber);
     for (SourcePosition from = finding.position.inclusion->includedFrom; from.inclusion != nullptr;
          from = from.inclusion->includedFrom) {
         row.includedFrom.push_back(
@@ -168,7 +151,7 @@ void convertRead(Conversion& conversion, CheckRecord& record, const FindingTaker
     result.logText = log.toString();
     countOutputLines(conversion);
     for (const SourceFile& file : conversion.program.files) {
-        result.lines += countCodeLines(conversion.program, file);
+        result.lines += file.codeLines;
     }
     mapLines(conversion, result);
     tellFindings(conversion.program, record, messages, taker);

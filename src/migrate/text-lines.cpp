@@ -43,17 +43,38 @@ std::size_t positionEnd(std::string_view text) {
     return 0;
 }
 
+/// The first line, which is taken off.
+std::string_view takeSourceLine(std::string_view& text) {
+    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+    const std::string_view line = text.substr(0, end);
+    const std::size_t length = text.substr(end, 2) == "\r\n" ? 2 : 1;
+    text.remove_prefix(std::min(end + length, text.size()));
+    return line;
+}
+
 }  // namespace
 
 std::vector<std::string_view> sourceLinesOf(std::string_view text) {
     std::vector<std::string_view> lines;
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
-        lines.push_back(text.substr(0, end));
-        const std::size_t length = text.substr(end, 2) == "\r\n" ? 2 : 1;
-        text.remove_prefix(std::min(end + length, text.size()));
+        lines.push_back(takeSourceLine(text));
     }
     return lines;
+}
+
+std::string_view SourceLines::line(std::size_t number) {
+    if (number < count_) {
+        rest_ = text_;
+        count_ = 0;
+        last_ = {};
+    }
+    for (; count_ < number; ++count_) {
+        if (rest_.empty()) {
+            return {};
+        }
+        last_ = takeSourceLine(rest_);
+    }
+    return last_;
 }
 
 std::vector<TextLine> linesOf(std::string_view text) {

@@ -22,6 +22,23 @@ std::vector<TextLine> linesOf(std::string_view text);
 /// The lines of a source without their ends, which are LF, CR LF or CR alone.
 std::vector<std::string_view> sourceLinesOf(std::string_view text);
 
+/// The same for who asks for few of them, mostly in their order: the text is gone through as far as it is asked for.
+class SourceLines {
+public:
+    SourceLines() = default;
+    explicit SourceLines(std::string_view text) : text_(text), rest_(text) {}
+
+    /// A line by its number, from 1; empty if there is no such line.
+    std::string_view line(std::size_t number);
+
+private:
+    std::string_view text_;
+    /// What stands behind the lines that were gone through, and how many these are.
+    std::string_view rest_;
+    std::size_t count_ = 0;
+    std::string_view last_;
+};
+
 /// The text with LF in place of CR LF.
 std::string withLineFeeds(std::string text);
 

@@ -188,6 +188,7 @@ void LineSplitter::finishLine(ScannedLine& line, const char* lineStart, const ch
         parts = {begin, begin + markerAt, begin + store.length};
     }
     cutLine(line, store, begin, parts, markerLength);
+    codeLines_ += line.code.empty() ? 0 : 1;
 }
 
 void LineSplitter::finish() {

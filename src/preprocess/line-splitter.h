@@ -37,6 +37,9 @@ public:
     /// The line that next() reads from, after the last one the number of the last line.
     std::uint32_t lineNumber() const { return lineNumber_; }
 
+    /// How many of the lines that were given hold more than comments and blanks.
+    std::uint32_t codeLines() const { return codeLines_; }
+
 private:
     void skipBlockComment();
     void finishLine(ScannedLine& line, const char* lineStart, const char* commentMarker,
@@ -50,6 +53,7 @@ private:
     const char* begin_;
     const char* next_;
     std::uint32_t lineNumber_ = 1;
+    std::uint32_t codeLines_ = 0;
     bool ended_ = false;
     /// Text of the line in front of its last block comment, and whether there is one.
     std::string joined_;

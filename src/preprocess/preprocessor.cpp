@@ -10,8 +10,8 @@ namespace torvel {
 
 namespace {
 
-/// The lines of one file. The position of the last line is returned.
-SourcePosition preprocessLines(PreprocessorRun& run, const Inclusion& inclusion) {
+/// The lines of one file, which are counted. The position of the last line is returned.
+SourcePosition preprocessLines(PreprocessorRun& run, const Inclusion& inclusion, SourceFile& file) {
     LineSplitter splitter(run.program, inclusion, run.record);
     ScannedLine line;
     try {
@@ -28,6 +28,7 @@ SourcePosition preprocessLines(PreprocessorRun& run, const Inclusion& inclusion)
         splitter.finish();
         throw;
     }
+    file.codeLines = splitter.codeLines();
     return {&inclusion, splitter.lineNumber()};
 }
 
@@ -35,7 +36,7 @@ SourcePosition preprocessLines(PreprocessorRun& run, const Inclusion& inclusion)
 
 void preprocessFile(PreprocessorRun& run, std::string_view path,
                     const SourcePosition& includedFrom) {
-    const SourceFile& file = run.files.load(path, includedFrom);
+    SourceFile& file = run.files.load(path, includedFrom);
     if (++run.includeDepth > run.limits.includeDepth) {
         failAt(includedFrom, Message::IncludesNestedTooDeeply);
     }
@@ -49,7 +50,7 @@ void preprocessFile(PreprocessorRun& run, std::string_view path,
     const Inclusion& inclusion =
         run.program.inclusions.emplace_back(Inclusion{&file, includedFrom});
 
-    const SourcePosition last = preprocessLines(run, inclusion);
+    const SourcePosition last = preprocessLines(run, inclusion, file);
     if (file.endsAtNul) {
         run.program.nulCharacters.push_back(last);
     }

@@ -25,7 +25,7 @@ std::size_t lengthWithoutEndMarks(std::string_view content) {
 
 }  // namespace
 
-const SourceFile& SourceFiles::load(std::string_view path, const SourcePosition& includedFrom) {
+SourceFile& SourceFiles::load(std::string_view path, const SourcePosition& includedFrom) {
     const NativePath written =
         includedFrom.inclusion == nullptr
             ? nativePath(path)
@@ -35,7 +35,7 @@ const SourceFile& SourceFiles::load(std::string_view path, const SourcePosition&
         return *known->second;
     }
     const NativePath canonical = source_.canonicalPath(written);
-    const SourceFile*& file = byCanonicalPath_[canonical.native()];
+    SourceFile*& file = byCanonicalPath_[canonical.native()];
     if (file == nullptr) {
         if (includedFrom.inclusion == nullptr) {
             programDirectory_ = canonical.parent_path();
@@ -46,7 +46,7 @@ const SourceFile& SourceFiles::load(std::string_view path, const SourcePosition&
     return *file;
 }
 
-const SourceFile& SourceFiles::read(const NativePath& path, const SourcePosition& includedFrom) {
+SourceFile& SourceFiles::read(const NativePath& path, const SourcePosition& includedFrom) {
     switch (source_.kind(path)) {
         case FileKind::missing: fail(Message::FileMissing, path, includedFrom);
         case FileKind::directory:

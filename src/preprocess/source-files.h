@@ -20,17 +20,17 @@ public:
     /// starts at the directory of the including file, that of the command line at the working
     /// directory. Throws a ParseException at the including position if there is no regular file that
     /// can be read.
-    const SourceFile& load(std::string_view path, const SourcePosition& includedFrom);
+    SourceFile& load(std::string_view path, const SourcePosition& includedFrom);
 
 private:
-    const SourceFile& read(const NativePath& path, const SourcePosition& includedFrom);
+    SourceFile& read(const NativePath& path, const SourcePosition& includedFrom);
 
     Program& program_;
     const Limits& limits_;
     const FileSource& source_;
     /// Files by the path that leads to them, before links are resolved; and by canonical path.
-    std::unordered_map<NativePath::string_type, const SourceFile*> byPath_;
-    std::unordered_map<NativePath::string_type, const SourceFile*> byCanonicalPath_;
+    std::unordered_map<NativePath::string_type, SourceFile*> byPath_;
+    std::unordered_map<NativePath::string_type, SourceFile*> byCanonicalPath_;
     NativePath programDirectory_;
 };
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace torvel::migrate::test {
 
 namespace {
@@ -49,6 +51,46 @@ TEST(IncludeScan, FaultsEndNothing) {
     EXPECT_EQ(includes("$a = \"open\n#include \"a\"\n\n$b = \"open\r\n#include \"b\" \"\n"
                        "#include \"c\" rest\n#include d\n#include \"e\"\n/* #include \"f\"\n"),
               (List{"a:2", "c:6", "e:8"}));
+}
+
+/// A block comment at the end makes every file one that takes the closer look: includes are the same.
+TEST(IncludeScan, TheQuickLookSeesTheSame) {
+    const List pieces{"#include \"a\"",
+                      "  #include \"b c\" ; x",
+                      "#INCLUDE\t\"d\"",
+                      "G1 X1",
+                      "\n",
+                      "\r\n",
+                      "\r",
+                      "\n",
+                      "#include e",
+                      "#include \"f\" \"",
+                      "$a = 5 # 3",
+                      "; #include \"g\"",
+                      " ",
+                      "\t",
+                      "\v",
+                      "#define H \\",
+                      "#include \"i\" // \"j\"",
+                      "#includes \"k\"",
+                      "$b = \"#include\"",
+                      "\x1A",
+                      "\n",
+                      "\n#include \"l\"\n",
+                      "#include\"m\"",
+                      "\xEF\xBB\xBF"};
+    std::mt19937 random(7);
+    std::size_t plain = 0;
+    for (int round = 0; round < 20000; ++round) {
+        std::string bytes;
+        for (auto count = random() % 9; count > 0; --count) {
+            bytes += pieces[random() % pieces.size()];
+        }
+        const List quick = includes(bytes);
+        EXPECT_EQ(quick, includes(bytes + "\n/* */")) << testing::PrintToString(bytes);
+        plain += quick.empty() ? 0 : 1;
+    }
+    EXPECT_GT(plain, 5000U);
 }
 
 TEST(IncludeScan, MarksAndNulCharacters) {

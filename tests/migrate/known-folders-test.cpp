@@ -1,0 +1,49 @@
+// Folders whose links are resolved once: the paths are those that the system gives.
+
+#include "src/migrate/known-folders.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/temporary-directory.h"
+
+namespace torvel::migrate::test {
+
+TEST(KnownFolders, PathsAreThoseOfTheSystem) {
+    namespace fs = std::filesystem;
+    const torvel::test::TemporaryDirectory directory;
+    const fs::path& root = directory.path();
+    torvel::test::writeFile(root / "real/sub/a.pgm", "");
+    torvel::test::writeFile(root / "other/b.pgm", "");
+    fs::create_directory_symlink(root / "real", root / "link");
+    fs::create_symlink(root / "other/b.pgm", root / "real/sub/b.pgm");
+    fs::create_symlink("nowhere", root / "real/sub/lost.pgm");
+    FileSource source = fileSystemSource();
+    int asked = 0;
+    source.canonicalPath = [&asked](const NativePath& path) {
+        ++asked;
+        return canonicalPath(path);
+    };
+    KnownFolders folders;
+    const FileSource known = withKnownFolders(source, folders);
+    for (int round = 0; round < 2; ++round) {
+        for (const char* const name :
+             {"real/sub/a.pgm", "link/sub/a.pgm", "link/sub/b.pgm", "link/sub/lost.pgm",
+              "link/sub/none.pgm", "none/a.pgm", "link/sub/../sub/a.pgm", "link/sub/..",
+              "link/sub/", "link", "."}) {
+            const NativePath path = root / name;
+            EXPECT_EQ(known.canonicalPath(path).native(), canonicalPath(path).native()) << name;
+        }
+    }
+    EXPECT_EQ(known.canonicalPath("a.pgm"), canonicalPath("a.pgm"));
+    // A file of a folder that is known is not gone through again, by whichever way.
+    asked = 0;
+    EXPECT_EQ(known.canonicalPath(root / "link/sub/a.pgm"), root / "real/sub/a.pgm");
+    EXPECT_EQ(known.canonicalPath(root / "real/sub/a.pgm"), root / "real/sub/a.pgm");
+    EXPECT_EQ(asked, 0);
+    // What has become a link since then is one.
+    fs::remove(root / "real/sub/a.pgm");
+    fs::create_symlink(root / "other/b.pgm", root / "real/sub/a.pgm");
+    EXPECT_EQ(known.canonicalPath(root / "link/sub/a.pgm"), root / "other/b.pgm");
+}
+
+}  // namespace torvel::migrate::test
