@@ -30,7 +30,7 @@ struct RecordedFinding {
     FindingOrigin origin = FindingOrigin::check;
     FindingTodo todo = FindingTodo::look;
 };
-static_assert(sizeof(RecordedFinding) == 32);
+static_assert(sizeof(RecordedFinding) <= 32);
 
 /// By which findings are ordered.
 template <typename AnyFinding>
