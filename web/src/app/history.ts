@@ -11,15 +11,7 @@ export function usePlaceInHistory({ view, parameters }: Address): void {
     history.scrollRestoration = "manual";
     const keep = () => left.current.set(before.current ?? "", window.scrollY);
     window.addEventListener("scroll", keep, { passive: true });
-    // "scroll" comes with the next frame, and a view may be left before it: then, and before any other
-    // listener has shown another view, the place is looked up.
-    window.addEventListener("popstate", keep, { capture: true });
-    window.addEventListener("hashchange", keep, { capture: true });
-    return () => {
-      window.removeEventListener("scroll", keep);
-      window.removeEventListener("popstate", keep, { capture: true });
-      window.removeEventListener("hashchange", keep, { capture: true });
-    };
+    return () => window.removeEventListener("scroll", keep);
   }, []);
   useLayoutEffect(() => {
     const isFirst = before.current === null;

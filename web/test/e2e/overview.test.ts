@@ -117,12 +117,13 @@ test("a link leads to the top of its view, and the way back to where it was left
   assert.equal(await page.evaluate(() => document.activeElement?.id), "main");
   await page.goBack();
   await page.getByRole("heading", { name: "Overview" }).waitFor();
-  // The link at the top was brought into sight before it was followed. Left at once: no frame has told of the
-  // place before the other view stands.
+  // The link at the top was brought into sight before it was followed. A page is told of its new place with the next
+  // frame, before what is asked for that frame.
   await page.evaluate(() => {
     window.scrollTo(0, 400);
-    history.forward();
+    return new Promise((resolve) => requestAnimationFrame(resolve));
   });
+  await page.goForward();
   await page.getByRole("heading", { name: "Programs" }).waitFor();
   await page.goBack();
   await page.waitForFunction(() => window.scrollY === 400);
