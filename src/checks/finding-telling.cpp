@@ -8,6 +8,10 @@ namespace torvel {
 
 namespace {
 
+using Place = std::pair<std::uint32_t, std::uint32_t>;
+
+constexpr Place behindAll{UINT32_MAX, UINT32_MAX};
+
 /// Findings that are in the order of their places, from the first one that is not told yet.
 template <typename AnyFinding>
 class FindingList {
@@ -16,9 +20,7 @@ public:
         : next_(findings.begin()), end_(findings.end()) {}
 
     /// The place of the next one; behind the last, that of no finding.
-    std::pair<std::uint32_t, std::uint32_t> place() const {
-        return next_ == end_ ? std::pair(UINT32_MAX, UINT32_MAX) : placeInProgram(*next_);
-    }
+    Place place() const { return next_ == end_ ? behindAll : placeInProgram(*next_); }
     bool isEmpty() const { return next_ == end_; }
     const AnyFinding& take() { return *next_++; }
 
@@ -39,32 +41,30 @@ public:
           ofFiles_(record.ofFiles),
           ofPasses_(record.findings) {}
 
-    /// Tells those of lines, and what stands in front of them. Where several stand at one place those of files come
-    /// first, and those of passes last.
+    /// Tells those of lines, and what stands in front of them.
     void tell(const PartFindings& part) {
-        FindingList<RecordedFinding> ofLines(part.findings);
-        while (!ofLines.isEmpty()) {
-            if (ofFiles_.place() <= std::min(ofLines.place(), ofPasses_.place())) {
-                taker_(ofFiles_.take());
-            } else if (ofLines.place() <= ofPasses_.place()) {
-                tellOfLine(ofLines.take(), part.firstMessage);
-            } else {
-                tellCheck(ofPasses_.take());
-            }
+        for (const RecordedFinding& finding : part.findings) {
+            tellInFrontOf(placeInProgram(finding));
+            tellOfLine(finding, part.firstMessage);
         }
     }
 
-    void tellRest() {
-        while (!ofFiles_.isEmpty() || !ofPasses_.isEmpty()) {
-            if (!ofFiles_.isEmpty() && ofFiles_.place() <= ofPasses_.place()) {
-                taker_(ofFiles_.take());
-            } else {
-                tellCheck(ofPasses_.take());
-            }
-        }
-    }
+    void tellRest() { tellInFrontOf(behindAll); }
 
 private:
+    /// Where several stand at one place those of files come first, and those of passes last.
+    void tellInFrontOf(const Place& place) {
+        while (!ofFiles_.isEmpty() || !ofPasses_.isEmpty()) {
+            if (!ofFiles_.isEmpty() && ofFiles_.place() <= std::min(place, ofPasses_.place())) {
+                taker_(ofFiles_.take());
+            } else if (ofPasses_.place() < place) {
+                tellCheck(ofPasses_.take());
+            } else {
+                return;
+            }
+        }
+    }
+
     void tellOfLine(const RecordedFinding& finding, std::size_t firstMessage) {
         if (finding.origin == FindingOrigin::message) {
             const ConversionMessage& message = log_[firstMessage + finding.number];

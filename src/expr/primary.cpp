@@ -43,7 +43,7 @@ Precedence translateParenthesised(Statement& statement, ExpressionText& out) {
     return out[start] == '-' ? Precedence::unary : Precedence::primary;
 }
 
-/// What such a number says for who asks for checks.
+/// What a printed number that needs a check says.
 void recordNumber(Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
     if (cursor.is(TokenType::NUMBER_DEFINE)) {

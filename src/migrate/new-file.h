@@ -22,7 +22,7 @@ public:
     ~NewFile();
 
     /// Makes the folders that lead to it and the file, with the permissions of the one that it is to replace. False if
-    /// something of it cannot be done; error() tells what.
+    /// something of it cannot be done; error() tells what. `isFirst`: it replaces none.
     bool write(std::string_view bytes, Flush flush, bool isFirst = false);
     bool putInPlace();
     /// The system's words for what failed.

@@ -183,29 +183,29 @@ public:
     StoredProgram program(std::int64_t number);
     std::optional<OutputRecord> recordOf(const std::string& output);
     std::vector<FindingRow> findings(const StoredProgram& program);
+    std::vector<MappedLine> lineMap(const StoredProgram& program);
     void close();
     [[noreturn]] void failAsDamaged(std::string_view what) const {
         throw StoreError(
             "The store \"" + path_ + "\" is damaged: " + std::string(what) +
             ". Make it anew with --rebuild; outputs that were edited are left as they are.");
     }
-    [[noreturn]] void failAsUnreadable(const StoredProgram& program) const {
-        failAsDamaged("what it has of \"" + program.program + "\" cannot be read");
-    }
-    /// A column of one program that is packed.
+
+private:
+    /// A column of one program that is packed. It is unpacked when others may ask again.
     template <typename Unpack>
-    auto unpacked(const char* sql, const StoredProgram& program, Unpack unpack) {
-        decltype(unpack(std::string_view())) value;
-        Query(database_, sql).bind(0, program.number).stepOnce([&](const Query& row) {
-            value = unpack(row.bytes(0));
-        });
+    auto unpacked(SharedQuery& query, const char* sql, const StoredProgram& program,
+                  Unpack unpack) {
+        std::string bytes;
+        const bool isThere = query.ask(
+            database_, [&] { return sql; }, [&](Query& asked) { asked.bind(0, program.number); },
+            [&](const Query& row) { bytes = row.bytes(0); });
+        auto value = isThere ? unpack(std::string_view(bytes)) : std::nullopt;
         if (!value) {
-            failAsUnreadable(program);
+            failAsDamaged("what it has of \"" + program.program + "\" cannot be read");
         }
         return std::move(*value);
     }
-
-private:
     static std::unique_ptr<StoreLock> lockFor(const NativePath& path, StoreUse use) {
         return use == StoreUse::read ? nullptr : std::make_unique<StoreLock>(path);
     }
@@ -219,6 +219,7 @@ private:
     SharedQuery readProgram_;
     SharedQuery readOutput_;
     SharedQuery readFindings_;
+    SharedQuery readLineMap_;
 };
 
 std::string Store::Tables::text(const ContentHash& hash) {
@@ -260,19 +261,16 @@ std::optional<OutputRecord> Store::Tables::recordOf(const std::string& output) {
 }
 
 std::vector<FindingRow> Store::Tables::findings(const StoredProgram& program) {
-    std::optional<std::string> packed;
-    readFindings_.ask(
-        database_, [] { return "SELECT findings FROM program WHERE number = ?"; },
-        [&](Query& query) { query.bind(0, program.number); },
-        [&](const Query& row) { packed = uncompressed(row.bytes(0)); });
-    std::optional<std::vector<FindingRow>> rows;
-    if (packed) {
-        rows = unpackedFindings(*packed);
-    }
-    if (!rows) {
-        failAsUnreadable(program);
-    }
-    return std::move(*rows);
+    return unpacked(readFindings_, "SELECT findings FROM program WHERE number = ?", program,
+                    [](std::string_view bytes) {
+                        const std::optional<std::string> text = uncompressed(bytes);
+                        return text ? unpackedFindings(*text) : std::nullopt;
+                    });
+}
+
+std::vector<MappedLine> Store::Tables::lineMap(const StoredProgram& program) {
+    return unpacked(readLineMap_, "SELECT line_map FROM program WHERE number = ?", program,
+                    unpackedLineMap);
 }
 
 void Store::Tables::putOutput(const OutputRecord& record) {
@@ -332,6 +330,7 @@ void Store::Tables::close() {
     readProgram_.close();
     readOutput_.close();
     readFindings_.close();
+    readLineMap_.close();
     if (lock_) {
         settleStore(database_);
         lock_.reset();
@@ -487,8 +486,7 @@ std::vector<FindingRow> Store::findings(const StoredProgram& program) const {
 }
 
 std::vector<MappedLine> Store::lineMap(const StoredProgram& program) const {
-    return tables_->unpacked("SELECT line_map FROM program WHERE number = ?", program,
-                             unpackedLineMap);
+    return tables_->lineMap(program);
 }
 
 std::string Store::text(const ContentHash& hash) const {
