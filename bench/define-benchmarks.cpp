@@ -106,8 +106,9 @@ void convertingTenLines(benchmark::State& state, const PredefinedTable& predefin
         StatementText text;
         BlockEffect effect{};
         GrowingArray<Token> room;
-        for (std::size_t line = 0; line < program.list.lines.size(); ++line) {
-            convertStatement(context, tokensOf(program, program.list, line, axes, room), text,
+        for (std::size_t line = 0; line < program.lines.size(); ++line) {
+            convertStatement(context,
+                             tokensOf(program, program.lines.part(0).list, line, axes, room), text,
                              effect);
             benchmark::DoNotOptimize(text.data());
         }

@@ -60,6 +60,7 @@ struct Sample {
     Sample(const std::vector<std::string>& families, std::size_t size) {
         const Folder folder(generateCorpus({size, 1, families}));
         bytes = folder.bytes();
+        program.lines.setPartSize(SIZE_MAX);
         preprocessProgram(program, folder.program(), axes, limits);
         for (const Inclusion& inclusion : program.inclusions) {
             LineSplitter splitter(program, inclusion);
@@ -164,7 +165,7 @@ void preprocessing(benchmark::State& state) {
     for (auto _ : state) {
         Program program;
         preprocessProgram(program, folder.program(), axes, Limits());
-        benchmark::DoNotOptimize(program.list.lines.data());
+        benchmark::DoNotOptimize(program.lines.size());
     }
     countBytes(state, folder.bytes());
 }
@@ -173,7 +174,7 @@ BENCHMARK(preprocessing);
 /// Expressions alone: "$x = ..." is an equality.
 void expressions(benchmark::State& state) {
     Sample sample({"expressions"});
-    const LineList& list = sample.program.list;
+    const LineList& list = sample.program.lines.part(0).list;
     ExpressionText out;
     GrowingArray<Token> room;
     for (auto _ : state) {
@@ -208,7 +209,7 @@ void layout(benchmark::State& state) {
     StatementText text;
     MessageLog log;
     ConversionContext context{sample.program, sample.axes, sample.limits, log, {}};
-    const LineList& list = sample.program.list;
+    const LineList& list = sample.program.lines.part(0).list;
     for (std::size_t line = 0; line < list.lines.size(); ++line) {
         Converted& row = converted.emplace_back();
         if (convertStatement(context, tokensOf(sample.program, list, line, sample.axes, room), text,
@@ -226,7 +227,7 @@ void layout(benchmark::State& state) {
         OutputLayout output;
         for (std::size_t line = 0; line < list.lines.size(); ++line) {
             const Converted& row = converted[line];
-            output.write(sample.program, list.lines[line], row.text, row.effect, file.buffer());
+            output.write(sample.program, list, line, row.text, row.effect, file.buffer());
         }
         file.close();
     }
@@ -237,7 +238,7 @@ BENCHMARK(layout);
 /// From code to Torvel text, lexing and messages included.
 void convertStatements(benchmark::State& state, const std::string& family) {
     Sample sample({family});
-    const LineList& list = sample.program.list;
+    const LineList& list = sample.program.lines.part(0).list;
     GrowingArray<Token> room;
     StatementText text;
     for (auto _ : state) {

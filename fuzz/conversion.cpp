@@ -198,17 +198,20 @@ private:
     void checkSharing(const Result& expected) const {
         const Limits limits = lowLimits();
         const AxisNames axes = axisNames();
-        for (const WorkSharing& sharing : {WorkSharing{1, 0}, WorkSharing{3, 1}}) {
+        for (const unsigned helpers : {0U, 1U}) {
             Program program;
+            program.lines.setPartSize(1 + 2 * helpers);
             CheckRecord record;
-            preprocessProgram(program, Folder::pathOf(program_), axes, limits,
-                              predefinedConstants(), fileSystemSource(), &record);
             MessageLog log;
             ConversionContext context{program, axes, limits, log, {}, 0, &record};
+            ProgramConversion conversion(context, {helpers});
+            preprocessProgram(program, Folder::pathOf(program_), axes, limits,
+                              predefinedConstants(), fileSystemSource(), &record,
+                              [&](const ProgramPart& part) { conversion.add(part); });
             OutputFile output;
             const fs::path path = Folder::root() / "out" / "shared";
             require(output.open(path), "no output");
-            convertProgram(context, output, sharing);
+            conversion.write(output);
             require(output.close(), "no output");
             std::string checks;
             tellFindings(program, record, log, [&](const Finding& finding) {

@@ -85,10 +85,10 @@ bool isOfPreprocessor(std::span<const Token> tokens) {
 void checkExpressions(const Target& /*target*/, std::string_view input) {
     const Limits limits = lowLimits();
     MemoryProgram memory(std::string(prelude) + std::string(input), limits);
-    const LineList& list = memory.program().list;
-    for (std::size_t number = 0; number < list.lines.size(); ++number) {
+    const ProgramLines& lines = memory.program().lines;
+    for (std::size_t number = 0; number < lines.size(); ++number) {
         const std::vector<Token> tokens =
-            test::lexedTokens(memory.program(), list, number, memory.axes());
+            test::lexedTokens(memory.program(), lines, number, memory.axes());
         if (isOfPreprocessor(tokens)) {
             continue;
         }

@@ -26,7 +26,7 @@ bool isInclude(std::string_view code) {
 MemoryProgram::MemoryProgram(std::string_view content, const Limits& limits)
     : text_(content.substr(0, content.find('\0'))),
       run_(text_.program, axes_, limits, predefinedConstants(), source_) {
-    text_.program.list = LineList();
+    text_.program.lines.clear();
     try {
         readLines();
     } catch (const ParseException& error) {

@@ -33,8 +33,8 @@ void checkStatements(const Target& target, std::string_view input) {
     for (std::size_t i = 0; i < conversion.lines().size(); ++i) {
         const test::ConvertedLine& line = conversion.lines()[i];
         require(!line.isConverted ||
-                    bringsOwnBrackets(program,
-                                      test::lexedTokens(program, program.list, i, memory.axes())) ||
+                    bringsOwnBrackets(
+                        program, test::lexedTokens(program, program.lines, i, memory.axes())) ||
                     hasBalancedBrackets(line.text),
                 "unbalanced: " + line.text);
     }

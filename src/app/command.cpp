@@ -78,10 +78,11 @@ void closeWritten(OutputFile& file, const NativePath& path) {
 
 /// Reads the program; what keeps it from being read is a finding.
 void readProgram(Program& program, const CommandLine& commandLine, const AxisNames& axes,
-                 const Limits& limits, CheckRecord* record, const FindingTaker& taker) {
+                 const Limits& limits, CheckRecord* record, const FindingTaker& taker,
+                 const PartTaker& partTaker) {
     try {
         preprocessProgram(program, commandLine.programPath, axes, limits, predefinedConstants(),
-                          fileSystemSource(), record);
+                          fileSystemSource(), record, partTaker);
     } catch (const ParseException& error) {
         if (taker) {
             taker(unreadableFinding(error));
@@ -100,7 +101,11 @@ void convertFile(const CommandLine& commandLine, const Limits& limits, const Fin
         inputs.push_back(fileIdentity(nativePath(*commandLine.parameterFile)));
     }
     Program program;
-    readProgram(program, commandLine, axes, limits, record.get(), taker);
+    MessageLog messages;
+    ConversionContext context{program, axes, limits, messages, {}, 0, record.get()};
+    ProgramConversion conversion(context);
+    readProgram(program, commandLine, axes, limits, record.get(), taker,
+                [&](const ProgramPart& part) { conversion.add(part); });
 
     const OutputPaths paths = outputPaths(commandLine);
     for (const SourceFile& file : program.files) {
@@ -115,9 +120,8 @@ void convertFile(const CommandLine& commandLine, const Limits& limits, const Fin
     checkApart(paths);  // a link can lead to the file that was made just now
     openForWriting(log, paths.log);
 
-    MessageLog messages = messagesOfReading(program);
-    ConversionContext context{program, axes, limits, messages, {}, 0, record.get()};
-    convertProgram(context, output);
+    messages = messagesOfReading(program);
+    conversion.write(output);
     closeWritten(output, paths.output);
     for (const ConversionMessage& message : messages) {
         appendLogLine(message, log.buffer());

@@ -18,13 +18,14 @@ namespace torvel {
 
 namespace {
 
-/// What became of a line.
+/// What became of a line. It waits with those of many other lines to be written, so it is small.
 struct ConvertedLine {
     /// Where its text ends in the part's; it begins where the text before it ends.
-    std::size_t textEnd = 0;
-    bool isConverted = false;
-    BlockEffect effect{};
+    std::uint64_t textEnd : 48;
+    std::uint64_t isConverted : 8;
+    std::uint64_t effect : 8;
 };
+static_assert(sizeof(ConvertedLine) == 8);
 
 /// What the lines of a part became.
 struct PartRoom {
@@ -58,9 +59,9 @@ private:
     std::vector<PartRoom> rooms_;
 };
 
-/// The lines from `first` on, converted but not yet laid out.
+/// The lines of a part, converted but not yet laid out.
 struct ConvertedPart {
-    std::size_t first = 0;
+    const ProgramPart* source = nullptr;
     PartRoom room;
     MessageLog log;
     /// Null: nobody asks for findings.
@@ -74,64 +75,71 @@ constexpr std::size_t linesPerFact = 16;
 constexpr std::size_t linesPerBlock = 4;
 constexpr std::size_t linesPerVariable = 8;
 
-/// Converts the lines from `first` up to `last`. Where nobody asks for findings it is a loop of its own, since what
-/// a line costs beside its conversion counts.
+/// Converts the lines of a part. Where nobody asks for findings it is a loop of its own, since what a line costs beside
+/// its conversion counts.
 template <bool isRecorded>
-void convertLines(ConversionContext& context, std::size_t first, std::size_t last,
-                  ConvertedPart& part) {
-    const LineList& list = context.program.list;
+void convertLines(ConversionContext& context, ConvertedPart& part) {
+    const LineList& list = part.source->list;
+    const std::size_t count = list.lines.size();
     StatementText text;
     GrowingArray<Token> room;
     LinePositions positions(list);
     LineMark mark;
     std::vector<ConvertedLine>& lines = part.room.lines;
     TextBuffer& partText = part.room.text;
-    lines.resize(last - first);
-    for (std::size_t number = first; number < last; ++number) {
-        ConvertedLine& line = lines[number - first];
-        if (list.lines[number].content == 0 &&
-            !(isRecorded && isCommentToNote(context, list.lines[number]))) {
-            line = {partText.size(), true, BlockEffect::None};  // nothing but a comment
+    const auto note = [&](bool isConverted, BlockEffect effect) {
+        ConvertedLine& line = lines.emplace_back();
+        line.textEnd = std::uint64_t{partText.size()} & ((std::uint64_t{1} << 48U) - 1);
+        line.isConverted = isConverted ? 1 : 0;
+        line.effect = static_cast<std::uint8_t>(effect);
+    };
+    lines.reserve(count);
+    for (std::size_t number = 0; number < count; ++number) {
+        const SourceLine& source = list.lines[number];
+        if (source.content == 0 && !(isRecorded && isCommentToNote(context, source))) {
+            note(true, BlockEffect::None);  // nothing but a comment
             continue;
         }
         context.position = positions.of(number);
         if constexpr (isRecorded) {
-            beginLine(context, number);
+            beginLine(context, source, part.source->first + number);
         }
         const std::span<const Token> tokens =
             tokensOf(context.program, list, number, context.axes, room);
-        line.isConverted = convertStatement(context, tokens, text, line.effect);
-        if (line.isConverted) {
+        BlockEffect effect{};
+        const bool isConverted = convertStatement(context, tokens, text, effect);
+        if (isConverted) {
             partText.appendStored(text);
         }
         if constexpr (isRecorded) {
-            recordLine(context, mark, number, tokens, line.isConverted, text, line.effect);
+            recordLine(context, mark, source, tokens, isConverted, text, effect);
         }
-        line.textEnd = partText.size();
+        note(isConverted, effect);
     }
 }
 
-ConvertedPart convertPart(const ConversionContext& run, PartRoom&& room, std::size_t first,
-                          std::size_t last) {
+ConvertedPart convertPart(const ConversionContext& run, PartRoom&& room,
+                          const ProgramPart& source) {
+    const std::size_t count = source.list.lines.size();
     ConvertedPart part;
-    part.first = first;
+    part.source = &source;
     part.room = std::move(room);
-    part.room.text.reserve((last - first) * expectedTextLength);
+    part.room.text.reserve(count * expectedTextLength);
     ConversionContext context{run.program, run.axes, run.limits, part.log, {}};
     context.reference = run.reference;
     if (run.record != nullptr) {
         part.record = std::make_unique<CheckRecord>();
-        part.record->run = run.record;
-        part.record->recordedVariables = run.record->variablesOfParts.take(first);
+        part.record->recordedVariables = run.record->variablesOfParts.take(source.first);
         part.record->places = run.record->places;
-        part.record->facts.reserve((last - first) / linesPerFact);
-        part.record->blocks.reserve((last - first) / linesPerBlock);
-        part.record->variables.reserve((last - first) / linesPerVariable);
+        part.record->facts.reserve(count / linesPerFact);
+        part.record->blocks.reserve(count / linesPerBlock);
+        part.record->variables.reserve(count / linesPerVariable);
         context.record = part.record.get();
-        convertLines<true>(context, first, last, part);
-        run.record->variablesOfParts.giveBack(std::move(part.record->recordedVariables), first);
+        convertLines<true>(context, part);
+        run.record->variablesOfParts.giveBack(std::move(part.record->recordedVariables),
+                                              source.first);
     } else {
-        convertLines<false>(context, first, last, part);
+        convertLines<false>(context, part);
     }
     return part;
 }
@@ -156,53 +164,87 @@ template <typename Target>
 void writePart(const Program& program, const ConvertedPart& part, OutputLayout& layout,
                Target& target) {
     std::size_t textStart = 0;
-    const SourceLine* source = program.list.lines.begin() + part.first;
+    const LineList& list = part.source->list;
+    std::size_t number = 0;
     for (const ConvertedLine& line : part.room.lines) {
+        const auto textEnd = static_cast<std::size_t>(line.textEnd);
         std::optional<std::string_view> text;
-        if (line.isConverted) {
-            text = std::string_view(part.room.text).substr(textStart, line.textEnd - textStart);
+        if (line.isConverted != 0) {
+            text = std::string_view(part.room.text).substr(textStart, textEnd - textStart);
         }
-        layout.write(program, *source++, text, line.effect, target.buffer());
+        layout.write(program, list, number++, text, static_cast<BlockEffect>(line.effect),
+                     target.buffer());
         target.endLine();
-        textStart = line.textEnd;
-    }
-}
-
-template <typename Target>
-void convertInto(ConversionContext& context, Target target, const WorkSharing& sharing) {
-    const std::size_t lineCount = context.program.list.lines.size();
-    const std::size_t partSize = std::max<std::size_t>(sharing.linesPerPart, 1);
-    const std::size_t partCount = (lineCount + partSize - 1) / partSize;
-    SpareRooms rooms;
-    const auto makePart = [&](std::size_t number) {
-        const std::size_t first = number * partSize;
-        return convertPart(context, rooms.take(), first, std::min(first + partSize, lineCount));
-    };
-    PartsInOrder<ConvertedPart> parts(partCount, sharing, makePart);
-    OutputLayout layout;
-    while (std::optional<ConvertedPart> part = parts.next()) {
-        writePart(context.program, *part, layout, target);
-        rooms.giveBack(std::move(part->room));
-        if (context.record != nullptr) {
-            append(*context.record, std::move(*part->record), context.log.size());
-        }
-        context.log.insert(context.log.end(), std::make_move_iterator(part->log.begin()),
-                           std::make_move_iterator(part->log.end()));
-    }
-    if (context.record != nullptr) {
-        finishRecord(context.program, *context.record);
+        textStart = textEnd;
     }
 }
 
 }  // namespace
 
+struct ProgramConversion::Parts {
+    Parts(ConversionContext& run, const WorkSharing& sharing)
+        : context(run), inOrder(sharing, [this](const ProgramPart* part) {
+              return convertPart(context, rooms.take(), *part);
+          }) {}
+
+    template <typename Target>
+    void write(Target target) {
+        OutputLayout layout;
+        while (std::optional<ConvertedPart> part = inOrder.next()) {
+            writePart(context.program, *part, layout, target);
+            rooms.giveBack(std::move(part->room));
+            if (context.record != nullptr) {
+                append(*context.record, std::move(*part->record), context.log.size());
+            }
+            context.log.insert(context.log.end(), std::make_move_iterator(part->log.begin()),
+                               std::make_move_iterator(part->log.end()));
+        }
+        if (context.record != nullptr) {
+            finishRecord(context.program, *context.record);
+        }
+    }
+
+    ConversionContext& context;
+    SpareRooms rooms;
+    PartsInOrder<const ProgramPart*, ConvertedPart> inOrder;
+    std::size_t added = 0;
+};
+
+ProgramConversion::ProgramConversion(ConversionContext& context, const WorkSharing& sharing)
+    : parts_(std::make_unique<Parts>(context, sharing)) {}
+
+ProgramConversion::~ProgramConversion() = default;
+
+void ProgramConversion::add(const ProgramPart& part) {
+    parts_->inOrder.add(&part, false);
+    ++parts_->added;
+}
+
+void ProgramConversion::addRest() {
+    const ProgramLines& lines = parts_->context.program.lines;
+    for (; parts_->added < lines.partCount(); ++parts_->added) {
+        const bool isLast = parts_->added + 1 == lines.partCount();
+        parts_->inOrder.add(&lines.part(parts_->added), isLast);
+    }
+}
+
+void ProgramConversion::write(OutputFile& output) {
+    addRest();
+    parts_->write(FileTarget{output});
+}
+
+void ProgramConversion::write(ProgramOutput& output) {
+    addRest();
+    output.lineEnds.reserve(parts_->context.program.lines.size());
+    parts_->write(MemoryTarget{output});
+}
+
 void convertProgram(ConversionContext& context, OutputFile& output, const WorkSharing& sharing) {
-    convertInto(context, FileTarget{output}, sharing);
+    ProgramConversion(context, sharing).write(output);
 }
 
 void convertProgram(ConversionContext& context, ProgramOutput& output, const WorkSharing& sharing) {
-    output.lineEnds.reserve(context.program.list.lines.size());
-    convertInto(context, MemoryTarget{output}, sharing);
+    ProgramConversion(context, sharing).write(output);
 }
 
 void appendLogLine(const ConversionMessage& message, TextBuffer& log) {

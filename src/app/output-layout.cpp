@@ -9,8 +9,8 @@ namespace torvel {
 
 namespace {
 
-void appendMarker(const Program& program, const SourceLine& line, TextBuffer& out) {
-    const SourcePosition position = program.list.positionOf(line);
+void appendMarker(const Program& program, const SourceLine& line, const SourcePosition& position,
+                  TextBuffer& out) {
     out += unconvertibleMarker;
     out += " (";
     out += position.inclusion->file->name;
@@ -38,9 +38,10 @@ bool appendConverted(const Program& program, const SourceLine& line, std::string
 
 }  // namespace
 
-void OutputLayout::write(const Program& program, const SourceLine& line,
+void OutputLayout::write(const Program& program, const LineList& list, std::size_t number,
                          std::optional<std::string_view> text, BlockEffect effect,
                          TextBuffer& out) {
+    const SourceLine& line = list.lines[number];
     const bool closes = effect == BlockEffect::Closes || effect == BlockEffect::Continues;
     const bool opens = effect == BlockEffect::Opens || effect == BlockEffect::Continues;
     if (closes && level_ > 0) {
@@ -52,7 +53,7 @@ void OutputLayout::write(const Program& program, const SourceLine& line,
         ++level_;
     }
     if (!text) {
-        appendMarker(program, line, out);
+        appendMarker(program, line, list.positionOf(number), out);
     } else if (!appendConverted(program, line, *text, out)) {
         out.truncate(start);  // an empty line has no tabs
     }

@@ -1,91 +1,161 @@
 #pragma once
 
 #include <algorithm>
-#include <chrono>
+#include <condition_variable>
 #include <cstddef>
 #include <deque>
+#include <exception>
 #include <functional>
-#include <future>
+#include <mutex>
 #include <optional>
 #include <system_error>
 #include <thread>
+#include <utility>
+#include <vector>
+
+#include "src/base/processors.h"
 
 namespace torvel {
 
 /// How the conversion of a program's lines is shared out. The result is the same whatever it says.
 struct WorkSharing {
-    /// Lines that are converted in one go. A program that has no more is converted without threads.
-    std::size_t linesPerPart = 8192;
     /// Threads beside the caller's own; none: as many as make all processors busy.
     std::optional<unsigned> helpers;
 
-    unsigned helperCount() const {
-        return helpers.value_or(std::max(std::thread::hardware_concurrency(), 1U) - 1);
-    }
+    unsigned helperCount() const { return helpers.value_or(usableProcessors() - 1); }
 };
 
-/// The parts of some work in order. Helpers make some of them while the caller uses others, and the caller
-/// makes some himself when the one that he waits for is not ready.
-template <typename Part>
+/// The parts of some work in order. Helpers make some of them while the caller finds further work or uses others, and
+/// the caller makes some himself when the one that he waits for is not ready.
+template <typename Task, typename Part>
 class PartsInOrder {
 public:
-    /// `make` makes the part of a number; it may be called by several threads at once.
-    PartsInOrder(std::size_t partCount, const WorkSharing& sharing,
-                 std::function<Part(std::size_t)> make)
-        : partCount_(partCount),
-          helpers_(partCount > 1 ? sharing.helperCount() : 0),
-          make_(std::move(make)) {}
+    /// `make` makes the part of a task; it may be called by several threads at once.
+    PartsInOrder(const WorkSharing& sharing, std::function<Part(const Task&)> make)
+        : helpers_(sharing.helperCount()), make_(std::move(make)) {}
 
-    /// The next part; nothing behind the last. Throws what `make` threw.
-    std::optional<Part> next() {
-        employHelpers();
-        while (!isFrontReady() && mayBeginAnother()) {
-            begin(std::launch::deferred);
-            begun_.back().wait();
+    PartsInOrder(const PartsInOrder&) = delete;
+    PartsInOrder& operator=(const PartsInOrder&) = delete;
+
+    /// Waits for the parts that are being made.
+    ~PartsInOrder() {
+        {
+            const std::lock_guard lock(mutex_);
+            isStopped_ = true;
         }
-        if (begun_.empty()) {
+        changed_.notify_all();
+        for (std::thread& thread : threads_) {
+            thread.join();
+        }
+    }
+
+    /// One more task. Where it is the only one there will be, the caller has as much of it.
+    void add(Task task, bool isLast) {
+        {
+            const std::lock_guard lock(mutex_);
+            slots_.emplace_back(std::move(task));
+            ++added_;
+            if (!isLast && idle_ == 0) {
+                employHelper();
+            }
+        }
+        changed_.notify_all();
+    }
+
+    /// The next part; nothing behind that of the last task. Throws what `make` threw.
+    std::optional<Part> next() {
+        std::unique_lock lock(mutex_);
+        if (slots_.empty()) {
             return std::nullopt;
         }
-        Part part = begun_.front().get();
-        begun_.pop_front();
-        return part;
+        while (!slots_.front().isMade) {
+            if (mayBegin()) {
+                makeNext(lock);
+            } else {
+                changed_.wait(lock);
+            }
+        }
+        Slot slot = std::move(slots_.front());
+        slots_.pop_front();
+        --begun_;
+        lock.unlock();
+        changed_.notify_all();
+        if (slot.fault) {
+            std::rethrow_exception(slot.fault);
+        }
+        return std::move(slot.part);
     }
 
 private:
-    using BegunPart = std::future<Part>;
+    struct Slot {
+        explicit Slot(Task&& given) : task(std::move(given)) {}
 
-    static bool isReady(const BegunPart& part) {
-        return part.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-    }
-    bool isFrontReady() const { return !begun_.empty() && isReady(begun_.front()); }
+        Task task;
+        bool isMade = false;
+        std::optional<Part> part;
+        std::exception_ptr fault;
+    };
 
-    /// Whether a part is left, and those that wait for the caller do not take too much memory.
-    bool mayBeginAnother() const {
-        return nextPart_ < partCount_ && begun_.size() <= 4 * std::size_t{helpers_};
-    }
-
-    void begin(std::launch policy) {
-        begun_.push_back(std::async(policy, make_, nextPart_));
-        ++nextPart_;
+    /// Whether a task is left, and the parts that wait for the caller do not take too much memory: a third of what there
+    /// is, or what keeps all busy.
+    bool mayBegin() const {
+        return begun_ < slots_.size() && begun_ <= std::max(4 * std::size_t{helpers_}, added_ / 3);
     }
 
-    void employHelpers() {
-        auto busy = static_cast<std::size_t>(
-            std::count_if(begun_.begin(), begun_.end(), std::not_fn(isReady)));
-        for (; busy < helpers_ && mayBeginAnother(); ++busy) {
-            try {
-                begin(std::launch::async);
-            } catch (const std::system_error&) {
-                helpers_ = 0;  // the system has no more threads: it goes without
+    /// Makes the next part, without the lock.
+    void makeNext(std::unique_lock<std::mutex>& lock) {
+        Slot& slot = slots_[begun_++];  // which stays where it is
+        lock.unlock();
+        std::optional<Part> part;
+        std::exception_ptr fault;
+        try {
+            part.emplace(make_(slot.task));
+        } catch (...) {
+            fault = std::current_exception();
+        }
+        lock.lock();
+        slot.part = std::move(part);
+        slot.fault = fault;
+        slot.isMade = true;
+    }
+
+    void help() {
+        std::unique_lock lock(mutex_);
+        while (true) {
+            ++idle_;
+            changed_.wait(lock, [&] { return isStopped_ || mayBegin(); });
+            --idle_;
+            if (isStopped_) {
+                return;
             }
+            makeNext(lock);
+            changed_.notify_all();
         }
     }
 
-    std::size_t partCount_;
+    void employHelper() {
+        if (threads_.size() >= helpers_) {
+            return;
+        }
+        try {
+            threads_.emplace_back([this] { help(); });
+        } catch (const std::system_error&) {
+            helpers_ = static_cast<unsigned>(threads_.size());  // the system has no more threads
+        }
+    }
+
     unsigned helpers_;
-    std::function<Part(std::size_t)> make_;
-    std::size_t nextPart_ = 0;
-    std::deque<BegunPart> begun_;
+    std::function<Part(const Task&)> make_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::vector<std::thread> threads_;
+    /// The tasks whose parts were not used yet. The first `begun_` of them are being made or made.
+    std::deque<Slot> slots_;
+    std::size_t begun_ = 0;
+    std::size_t added_ = 0;
+    /// Helpers that wait.
+    std::size_t idle_ = 0;
+    bool isStopped_ = false;
 };
 
 }  // namespace torvel

@@ -19,8 +19,7 @@ bool hasText(TokenType type) {
 }  // namespace
 
 bool mayHaveSeveralValues(const CheckRecord& record, std::string_view name) {
-    const CheckRecord& run = record.run != nullptr ? *record.run : record;
-    return !run.definedAgain.empty() && run.definedAgain.contains(name);
+    return !record.definedAgain.empty() && record.definedAgain.contains(name);
 }
 
 void enterDefined(CheckRecord& record, std::string_view name) {
@@ -57,8 +56,7 @@ void takeOff(CheckRecord& record, const RecordMark& mark) {
 
 void recordDroppedComment(CheckRecord& record, const Program& program,
                           const SourcePosition& position) {
-    record.droppedComments.push_back(
-        {position, static_cast<std::uint32_t>(program.list.lines.size())});
+    record.droppedComments.push_back({position, static_cast<std::uint32_t>(program.lines.size())});
 }
 
 ColumnRange columnsOf(const Program& program, const SourcePosition& position, TextSpan lineText,

@@ -42,7 +42,6 @@ struct Fact {
         opens,        // a line of a macro's body that opens a block
         closes,       // one that closes a block
         continues,    // one that closes a branch and opens the next
-        refused,      // a line that could not be converted
     };
 
     /// Of an argument: a sum that was added up on that side, or an operator there that would take a part of a sum;
@@ -85,6 +84,12 @@ struct VariablePlace {
     TextSpan name{};
 };
 
+/// A define that a line writes as its value, whatever the define.
+struct ValueUse {
+    std::uint32_t programLine = 0;
+    TextSpan name{};
+};
+
 /// Texts that stand nowhere else. They stay where they are, also when another record takes them, and as in every text
 /// store sixteen bytes can be read from each of them on.
 class KeptTexts {
@@ -113,8 +118,9 @@ struct PartFindings {
 
 /// What the converter gathers for who asks for findings. Without one nothing is gathered.
 struct CheckRecord {
-    /// The text of the line being converted, for the columns of findings.
+    /// The text of the line being converted, for the columns of findings, and its number in the program.
     TextSpan lineText{};
+    std::uint32_t programLine = 0;
     /// Those of the lines that are converted just now; in the end those of the passes over the whole program.
     GrowingArray<RecordedFinding> findings;
     /// Those of the files as such, and those of converted lines, some thousand lines after the other. All are in the
@@ -136,6 +142,9 @@ struct CheckRecord {
     /// several times.
     GrowingArray<VariablePlace> variables;
     std::vector<GrowingArray<VariablePlace>> variablesOfLines;
+    /// The same of the defines that are written as their values.
+    GrowingArray<ValueUse> valueUses;
+    std::vector<GrowingArray<ValueUse>> valueUsesOfLines;
     /// The names of the variables that need not be recorded once more; null where nothing is converted.
     std::unique_ptr<NameSet> recordedVariables;
     /// Where the parts of this run have theirs from.
@@ -143,13 +152,11 @@ struct CheckRecord {
     /// Names of the defines that were met, and those that were met again. Only these can have several values.
     NameSet defined;
     NameSet definedAgain;
-    /// The record of the run of which this one has a part; null: it is that.
-    const CheckRecord* run = nullptr;
     /// Takes where names stand, in a conversion of one thread; null: nobody asks.
     NamePlaces* places = nullptr;
 };
 
-/// Whether the ways through the conditionals may have given a name of the program's text different values.
+/// Whether the ways through the conditionals may have given a name different values, as far as the program was read.
 bool mayHaveSeveralValues(const CheckRecord& record, std::string_view name);
 
 /// Notes that a name, which is one of the record's texts, is defined.

@@ -1,6 +1,10 @@
 #include "src/base/program.h"
 
 #include <algorithm>
+#include <mutex>
+
+#include "src/base/large-memory.h"
+#include "src/base/uninitialized-bytes.h"
 
 namespace torvel {
 
@@ -29,42 +33,99 @@ SourcePosition LineList::positionOf(std::size_t line) const {
     return LinePositions(*this).of(line);
 }
 
+void ProgramLines::beginPart() {
+    const std::size_t first = size();
+    ProgramPart& part = parts_.emplace_back();
+    part.first = first;
+    last_ = &part.list;
+    if (first != 0) {
+        last_->lines.use(roomForPart(), partSize_);
+    }
+}
+
+/// Those of a large program stand in large pages: a fault for each small one takes as long as filling it.
+SourceLine* ProgramLines::roomForPart() {
+    if (nextRoom_ == roomsEnd_) {
+        const std::size_t parts = parts_.size() < partsOfLargeRoom ? 1 : partsOfLargeRoom;
+        const std::size_t bytes = parts * partSize_ * sizeof(SourceLine);
+        rooms_.push_back(uninitializedBytes(bytes));
+        if (parts > 1) {
+            preferLargePages(rooms_.back().get(), bytes);
+        }
+        nextRoom_ = reinterpret_cast<SourceLine*>(rooms_.back().get());
+        roomsEnd_ = nextRoom_ + parts * partSize_;
+    }
+    SourceLine* const room = nextRoom_;
+    nextRoom_ += partSize_;
+    return room;
+}
+
+void ProgramLines::clear() {
+    parts_.clear();
+    last_ = nullptr;
+    rooms_.clear();
+    nextRoom_ = roomsEnd_ = nullptr;
+}
+
+const ProgramPart& ProgramLines::partOf(std::size_t line) const {
+    std::size_t found = 0;
+    for (std::size_t count = parts_.size(); count > 1;) {
+        const std::size_t half = count / 2;
+        if (parts_[found + half].first <= line) {
+            found += half;
+            count -= half;
+        } else {
+            count = half;
+        }
+    }
+    return parts_[found];
+}
+
 void LinePositions::findRun(std::size_t line) {
-    const std::size_t next = list_.runBehind(line);
-    const LineRun& run = list_.runs_[next - 1];
-    behindRun_ = next < list_.runs_.size() ? list_.runs_[next].firstLine : SIZE_MAX;
+    std::size_t first = 0;
+    if (lines_ != nullptr) {
+        const ProgramPart& part = lines_->partOf(line);
+        list_ = &part.list;
+        first = part.first;
+    }
+    const std::size_t next = list_->runBehind(line - first);
+    const LineRun& run = list_->runs_[next - 1];
+    behindRun_ =
+        first + (next < list_->runs_.size() ? list_->runs_[next].firstLine : list_->lines.size());
     inclusion_ = run.position.inclusion;
-    lineNumberOfFirst_ = run.position.lineNumber - run.firstLine;
+    lineNumberOfFirst_ =
+        run.position.lineNumber - run.firstLine - static_cast<std::uint32_t>(first);
 }
 
-void enterPredefinedText(Program& program, TextSpan text, bool isComposed) {
-    std::vector<PredefinedText>& texts = program.predefinedTexts;
-    texts.insert(firstBehind(texts, text.offset), {text, isComposed});
+void PredefinedTexts::enter(TextSpan text, bool isComposed) {
+    const std::unique_lock lock(mutex_);
+    texts_.insert(firstBehind(texts_, text.offset), {text, isComposed});
     const std::uint32_t last = pageOf(text.offset + text.length);
-    program.predefinedPages.resize(
-        std::max<std::size_t>(program.predefinedPages.size(), std::size_t{last} + 1));
     for (std::uint32_t page = pageOf(text.offset); page <= last; ++page) {
-        program.predefinedPages[page] = true;
+        pages_[page / bits] |= std::uint64_t{1} << page % bits;
     }
 }
 
-const PredefinedText* findPredefinedText(const Program& program, TextSpan text) {
-    const std::vector<PredefinedText>& texts = program.predefinedTexts;
+std::optional<PredefinedText> PredefinedTexts::find(TextSpan text) const {
     const std::uint32_t page = pageOf(text.offset);
-    if (page >= program.predefinedPages.size() || !program.predefinedPages[page]) {
-        return nullptr;
+    if ((pages_[page / bits].load(std::memory_order_acquire) >> page % bits & 1U) == 0) {
+        return std::nullopt;
     }
-    auto behind = firstBehind(texts, text.offset);
-    if (behind == texts.begin()) {
-        return nullptr;
+    const std::shared_lock lock(mutex_);
+    auto behind = firstBehind(texts_, text.offset);
+    if (behind == texts_.begin()) {
+        return std::nullopt;
     }
     const PredefinedText& found = *--behind;
-    return text.offset + text.length <= found.text.offset + found.text.length ? &found : nullptr;
+    if (text.offset + text.length > found.text.offset + found.text.length) {
+        return std::nullopt;
+    }
+    return found;
 }
 
 Token makeDefineToken(Program& program, TokenType type, const DefineTexts& texts) {
     const auto number = static_cast<std::uint32_t>(program.defineTexts.size());
-    program.defineTexts.push_back(texts);
+    program.defineTexts.emplace_back(texts);
     return makeNumberedToken(type, number);
 }
 

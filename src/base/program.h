@@ -1,13 +1,20 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <atomic>
 #include <cstdint>
 #include <deque>
+#include <memory>
+#include <optional>
+#include <shared_mutex>
 #include <span>
 #include <string_view>
 #include <vector>
 
 #include "src/base/growing-array.h"
 #include "src/base/source-position.h"
+#include "src/base/standing-list.h"
 #include "src/base/text-store.h"
 #include "src/base/token-type.h"
 
@@ -87,9 +94,6 @@ public:
 
     /// Where a line came from. For many lines in their order LinePositions is faster.
     SourcePosition positionOf(std::size_t line) const;
-    SourcePosition positionOf(const SourceLine& line) const {
-        return positionOf(static_cast<std::size_t>(&line - lines.begin()));
-    }
     /// The last line is `length` bytes of code at the front of its text, to be lexed later. False: it is too
     /// long for that.
     bool setCode(std::size_t length) {
@@ -131,10 +135,72 @@ private:
     GrowingArray<std::uint32_t> firstTokens_;
 };
 
+/// Lines of a program that are converted in one go: some thousands of them, from the line `first` on.
+struct ProgramPart {
+    std::size_t first = 0;
+    LineList list;
+};
+
+/// All lines of a program in their order. Another thread may use a part that it was told of when that was complete,
+/// while further ones are filled; everything else is for the thread that fills them.
+class ProgramLines {
+public:
+    static constexpr std::size_t usualPartSize = 8192;
+
+    /// To be said before there are lines.
+    void setPartSize(std::size_t lines) { partSize_ = std::max<std::size_t>(lines, 1); }
+
+    /// The list to which the next line is appended.
+    LineList& last() {
+        if (last_ == nullptr) [[unlikely]] {
+            beginPart();
+        }
+        return *last_;
+    }
+    /// Whether the last part has as many lines as it should have. What a define of several lines makes of one line may
+    /// be more.
+    bool isPartFull() const { return last_ != nullptr && last_->lines.size() >= partSize_; }
+    /// Completes the last part. The next line begins another.
+    void beginPart();
+    void clear();
+
+    std::size_t size() const {
+        return parts_.empty() ? 0 : parts_.back().first + parts_.back().list.lines.size();
+    }
+    std::size_t partCount() const { return parts_.size(); }
+    const ProgramPart& part(std::size_t number) const { return parts_[number]; }
+    /// The part in which a line stands.
+    const ProgramPart& partOf(std::size_t line) const;
+    const SourceLine& operator[](std::size_t line) const {
+        const ProgramPart& part = partOf(line);
+        return part.list.lines[line - part.first];
+    }
+    /// Where a line came from. For many lines in their order LinePositions is faster.
+    SourcePosition positionOf(std::size_t line) const {
+        const ProgramPart& part = partOf(line);
+        return part.list.positionOf(line - part.first);
+    }
+
+private:
+    static constexpr std::size_t partsOfLargeRoom = 16;
+
+    SourceLine* roomForPart();
+
+    StandingList<ProgramPart> parts_;
+    /// The list of the last one.
+    LineList* last_ = nullptr;
+    std::size_t partSize_ = usualPartSize;
+    /// Room for the lines of parts, and what is left of the last one.
+    std::vector<std::unique_ptr<char[]>> rooms_;
+    SourceLine* nextRoom_ = nullptr;
+    SourceLine* roomsEnd_ = nullptr;
+};
+
 /// Where lines came from, which are asked for in their order.
 class LinePositions {
 public:
-    explicit LinePositions(const LineList& list) : list_(list) {}
+    explicit LinePositions(const LineList& list) : list_(&list) {}
+    explicit LinePositions(const ProgramLines& lines) : lines_(&lines) {}
 
     SourcePosition of(std::size_t line) {
         if (line >= behindRun_) {
@@ -146,7 +212,9 @@ public:
 private:
     void findRun(std::size_t line);
 
-    const LineList& list_;
+    /// Null: the lines are those of one list.
+    const ProgramLines* lines_ = nullptr;
+    const LineList* list_ = nullptr;
     /// The first line behind the run that has the last line that was asked for.
     std::size_t behindRun_ = 0;
     const Inclusion* inclusion_ = nullptr;
@@ -172,20 +240,36 @@ struct PredefinedText {
     bool isComposed = false;
 };
 
-/// What the preprocessor hands to the conversion: the whole program as lines of tokens.
+/// The predefined texts of a program. One thread may ask for them while another enters further ones.
+class PredefinedTexts {
+public:
+    void enter(TextSpan text, bool isComposed);
+    /// The predefined text that a text is part of; nothing: the program wrote it.
+    std::optional<PredefinedText> find(TextSpan text) const;
+
+private:
+    static constexpr std::size_t pageCount = std::size_t{1} << 16U;
+    static constexpr unsigned bits = 64;
+
+    mutable std::shared_mutex mutex_;
+    /// By their place in the text.
+    std::vector<PredefinedText> texts_;
+    /// By page of the text: whether one of them stands there. Files have pages of their own.
+    std::array<std::atomic<std::uint64_t>, pageCount / bits> pages_{};
+};
+
+/// What the preprocessor hands to the conversion: the whole program as lines of tokens. Parts of it can be converted
+/// while it reads further lines.
 struct Program {
     TextStore text;
-    LineList list;
-    std::vector<DefineTexts> defineTexts;
-    std::deque<Macro> macros;
+    ProgramLines lines;
+    StandingList<DefineTexts, 64> defineTexts;
+    StandingList<Macro> macros;
     std::deque<SourceFile> files;
     std::deque<Inclusion> inclusions;
     /// Where a file ended early at a NUL character, in the order met.
     std::vector<SourcePosition> nulCharacters;
-    /// By their place in the text.
-    std::vector<PredefinedText> predefinedTexts;
-    /// By page of the text: whether one of them stands there. Files have pages of their own.
-    std::vector<bool> predefinedPages;
+    PredefinedTexts predefinedTexts;
 
     /// The token's source; for a preserved define its first text.
     std::string_view textOf(const Token& token) const {
@@ -198,11 +282,6 @@ struct Program {
                                              : std::string_view();
     }
 };
-
-void enterPredefinedText(Program& program, TextSpan text, bool isComposed);
-
-/// The predefined text that a text is part of; null: the program wrote it.
-const PredefinedText* findPredefinedText(const Program& program, TextSpan text);
 
 /// A token of one of the preserved-define kinds, its texts entered in `program`.
 Token makeDefineToken(Program& program, TokenType type, const DefineTexts& texts);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -30,14 +31,14 @@ struct TextStoreFull : std::length_error {
 };
 
 /// All text of one run: the source files as they were read and what is made on the way. Text stays
-/// where it is until the run ends, so views of it may be kept.
+/// where it is until the run ends, so views of it may be kept. One thread makes text; others may look at what was
+/// complete when they were told of it, and at the bytes that can be read behind it.
 ///
 /// A 32-bit offset names a place in it. Offsets run through pages of 64 KiB; a text that crosses
 /// pages stands in one piece of memory, so an offset turns into an address with one look-up.
 class TextStore {
 public:
-    /// NUL bytes that stand behind a text when it is made. One is always there; the others may become
-    /// the text behind it, but can be read.
+    /// NUL bytes that stand behind each text.
     static constexpr std::size_t nulBytes = 16;
 
     /// Room for `length` bytes that the caller fills, and NUL bytes behind them.
@@ -58,14 +59,20 @@ private:
     static constexpr std::size_t mostPages = std::size_t{1} << (32 - pageBits);
 
     char* address(std::uint32_t offset) const {
-        return pages_[offset >> pageBits] + (offset & (pageSize - 1));
+        return pages_.load(std::memory_order_acquire)[offset >> pageBits] +
+               (offset & (pageSize - 1));
     }
     std::uint32_t addChunk(std::size_t bytes);
+    void makeRoomForPages(std::size_t count);
     std::size_t sharedChunkSize() const;
 
     std::vector<std::unique_ptr<char[]>> chunks_;
-    std::vector<char*> pages_ = {nullptr};  // the first page is never used: offset 0 is "no text"
-    std::uint32_t next_ = 0;                // free space of the chunk that texts share
+    /// Where each page begins. Who looks at a text may still have an earlier list at hand.
+    std::atomic<char**> pages_ = nullptr;
+    std::vector<std::unique_ptr<char*[]>> pageLists_;
+    std::size_t pageRoom_ = 0;
+    std::size_t pageCount_ = 1;  // the first page is never used: offset 0 is "no text"
+    std::uint32_t next_ = 0;     // free space of the chunk that texts share
     std::uint32_t end_ = 0;
 };
 

@@ -37,7 +37,7 @@ public:
         : record_(record),
           log_(log),
           taker_(taker),
-          positions_(program.list),
+          positions_(program.lines),
           ofFiles_(record.ofFiles),
           ofPasses_(record.findings) {}
 

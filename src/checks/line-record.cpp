@@ -21,32 +21,23 @@ FindingTodo todoOf(bool isConverted, std::string_view text) {
     return hasPlaceholder(text) ? FindingTodo::complete : FindingTodo::look;
 }
 
-/// Uses of names with several values in the line are no findings.
-void noteRefused(CheckRecord& record) {
-    if (!(record.run != nullptr ? *record.run : record).definedAgain.empty()) {
-        Fact refused;
-        refused.kind = Fact::Kind::refused;
-        record.facts.push_back(refused);
-    }
-}
-
 /// Whether a variable stands in a macro's head.
 bool isArgument(std::string_view name, std::string_view head) {
     const std::size_t place = head.find(name);
     return place != std::string_view::npos && !isWordCharacter(head[place + name.size()]);
 }
 
-/// The variables of the body of the macro that line `number` defines, but for the macro's arguments.
-void recordBodyVariables(const ConversionContext& context, std::uint32_t number,
-                         const Macro& macro) {
+/// The variables of the body of the macro that the line defines, but for the macro's arguments.
+void recordBodyVariables(const ConversionContext& context, const Macro& macro) {
     const Program& program = context.program;
     const std::string_view head = program.text.view(macro.head);
     GrowingArray<Token> room;
     for (std::size_t line = 0; line < macro.lines.lines.size(); ++line) {
         for (const Token& token : tokensOf(program, macro.lines, line, context.axes, room)) {
             if (token.type == TokenType::VARIABLE && !isArgument(program.textOf(token), head)) {
-                noteVariable(*context.record, program.textOf(token),
-                             {number, macro.lines.lines[line].text, token.text});
+                noteVariable(
+                    *context.record, program.textOf(token),
+                    {context.record->programLine, macro.lines.lines[line].text, token.text});
             }
         }
     }
@@ -186,37 +177,36 @@ void completeLine(CheckRecord& record, const RecordMark& mark, std::uint32_t lin
 
 }  // namespace
 
-void recordWholeLine(ConversionContext& context, LineMark& mark, std::size_t number,
+void recordWholeLine(ConversionContext& context, LineMark& mark, const SourceLine& line,
                      std::span<const Token> tokens, bool isConverted, std::string_view text,
                      BlockEffect effect) {
     CheckRecord& record = *context.record;
-    const auto line = static_cast<std::uint32_t>(number);
+    const std::uint32_t number = record.programLine;
     if (record.places != nullptr) {
-        beginLine(context, number);  // the body of a macro has lines of its own
+        record.lineText = line.text;  // the body of a macro has lines of its own
         notePlaces(context, tokens, effect);
     }
     if (isConverted) {
         noteGluedCode(context, tokens, text);
         if (effect != BlockEffect::None) {
-            record.blocks.push_back({line, effect, effect == BlockEffect::Opens && isIf(text)});
+            record.blocks.push_back({number, effect, effect == BlockEffect::Opens && isIf(text)});
         }
         if (!tokens.empty() && tokens[0].type == macroDefinitionToken) {
-            recordBodyVariables(context, line, context.program.macros[tokens[0].number]);
+            recordBodyVariables(context, context.program.macros[tokens[0].number]);
         } else {
-            recordVariables(context, number, tokens);
+            recordVariables(context, tokens);
         }
     } else {
         takeOff(record, mark.record);
-        noteRefused(record);
     }
-    if (isCommentToNote(context, context.program.list.lines[number])) {
+    if (isCommentToNote(context, line)) {
         record.findings.push_back(recordedFinding(Check::CommentContinues));
     }
     noteLostDefine(context, tokens);
     const LineMark now = markNow(context);
     if (now != mark) {
         noteMessages(context, mark.messages);
-        completeLine(record, mark.record, line, todoOf(isConverted, text));
+        completeLine(record, mark.record, number, todoOf(isConverted, text));
         mark = markNow(context);
     }
 }
@@ -226,6 +216,7 @@ void append(CheckRecord& record, CheckRecord&& further, std::size_t firstMessage
     record.factsOfLines.push_back(std::move(further.facts));
     record.blocksOfLines.push_back(std::move(further.blocks));
     record.variablesOfLines.push_back(std::move(further.variables));
+    record.valueUsesOfLines.push_back(std::move(further.valueUses));
     record.texts.take(std::move(further.texts));
 }
 
@@ -253,8 +244,28 @@ void appendCommentFindings(CheckRecord& record, GrowingArray<Finding>& findings)
     }
 }
 
-/// All facts in the order of the program's lines, those of the preprocessor first.
-Facts factsInOrder(const CheckRecord& record) {
+/// What the lines say of defines that may have several values and are written as one.
+GrowingArray<Fact> factsOfValueUses(const Program& program, const CheckRecord& record) {
+    GrowingArray<Fact> facts;
+    Fact fact;
+    fact.kind = Fact::Kind::valueUse;
+    if (!record.definedAgain.empty()) {
+        for (const GrowingArray<ValueUse>& part : record.valueUsesOfLines) {
+            for (const ValueUse& use : part) {
+                fact.programLine = use.programLine;
+                fact.name = program.text.view(use.name);
+                if (mayHaveSeveralValues(record, fact.name)) {
+                    facts.push_back(fact);
+                }
+            }
+        }
+    }
+    return facts;
+}
+
+/// All facts in the order of the program's lines, those of the preprocessor first. Uses of values stand behind the other
+/// facts of their line, but in front of the macro in whose body they are.
+Facts factsInOrder(const CheckRecord& record, const GrowingArray<Fact>& valueUses) {
     Facts facts;
     auto next = record.directives.begin();
     const auto takePreprocessed = [&](std::uint32_t last) {
@@ -262,12 +273,21 @@ Facts factsInOrder(const CheckRecord& record) {
             facts.add(*next++);
         }
     };
+    const Fact* nextUse = valueUses.begin();
+    const auto takeUses = [&](std::uint32_t behind) {
+        for (; nextUse != valueUses.end() && nextUse->programLine < behind; ++nextUse) {
+            takePreprocessed(nextUse->programLine);
+            facts.add(*nextUse);
+        }
+    };
     for (const GrowingArray<Fact>& part : record.factsOfLines) {
         for (const Fact& fact : part) {
+            takeUses(fact.programLine + (fact.kind == Fact::Kind::macro ? 1 : 0));
             takePreprocessed(fact.programLine);
             facts.add(fact);
         }
     }
+    takeUses(UINT32_MAX);
     takePreprocessed(UINT32_MAX);
     return facts;
 }
@@ -288,7 +308,8 @@ GrowingArray<Finding> fileFindings(const Program& program, CheckRecord& record) 
 
 void finishRecord(const Program& program, CheckRecord& record) {
     record.ofFiles = fileFindings(program, record);
-    const Facts facts = factsInOrder(record);
+    const GrowingArray<Fact> valueUses = factsOfValueUses(program, record);
+    const Facts facts = factsInOrder(record, valueUses);
     checkDefines(facts, record);
     checkArguments(facts, record);
     checkJumps(facts, record);

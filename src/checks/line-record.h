@@ -17,8 +17,10 @@ struct LineMark {
 };
 
 /// Begins the line `number` of the program.
-inline void beginLine(const ConversionContext& context, std::size_t number) {
-    context.record->lineText = context.program.list.lines[number].text;
+inline void beginLine(const ConversionContext& context, const SourceLine& line,
+                      std::size_t number) {
+    context.record->lineText = line.text;
+    context.record->programLine = static_cast<std::uint32_t>(number);
 }
 
 /// Whether there is something to say of a line's comment: it is kept, and ends in a backslash.
@@ -37,14 +39,13 @@ inline void noteVariable(CheckRecord& record, std::string_view name, const Varia
     }
 }
 
-/// Notes the variables of the line `number` of the program.
-inline void recordVariables(const ConversionContext& context, std::size_t number,
-                            std::span<const Token> tokens) {
+/// Notes the variables of the line that was begun.
+inline void recordVariables(const ConversionContext& context, std::span<const Token> tokens) {
     CheckRecord& record = *context.record;
     for (const Token& token : tokens) {
         if (token.type == TokenType::VARIABLE) {
             noteVariable(record, context.program.text.view(token.text),
-                         {static_cast<std::uint32_t>(number), record.lineText, token.text});
+                         {record.programLine, record.lineText, token.text});
         }
     }
 }
@@ -52,28 +53,28 @@ inline void recordVariables(const ConversionContext& context, std::size_t number
 /// Whether there is nothing to record of a converted line but its variables, as with most lines. `mark` is what there
 /// was in front of it.
 inline bool hasVariablesAtMost(const ConversionContext& context, const LineMark& mark,
-                               std::size_t number, std::span<const Token> tokens,
+                               const SourceLine& line, std::span<const Token> tokens,
                                std::string_view text, BlockEffect effect) {
     return effect == BlockEffect::None && tokens.size() > 1 &&
            tokens[0].type != macroDefinitionToken && !mayBeginWithCode(text) &&
-           !isCommentToNote(context, context.program.list.lines[number]) &&
-           context.record->places == nullptr && markNow(context) == mark;
+           !isCommentToNote(context, line) && context.record->places == nullptr &&
+           markNow(context) == mark;
 }
 
 /// What recordLine() does for every other line.
-void recordWholeLine(ConversionContext& context, LineMark& mark, std::size_t number,
+void recordWholeLine(ConversionContext& context, LineMark& mark, const SourceLine& line,
                      std::span<const Token> tokens, bool isConverted, std::string_view text,
                      BlockEffect effect);
 
-/// Completes the findings of the line `number` of the program, which was converted from `tokens` just now. `mark` was
-/// what there was in front of it, and becomes what there is behind it.
-inline void recordLine(ConversionContext& context, LineMark& mark, std::size_t number,
+/// Completes the findings of the line that was begun, which was converted from `tokens` just now. `mark` was what there
+/// was in front of it, and becomes what there is behind it.
+inline void recordLine(ConversionContext& context, LineMark& mark, const SourceLine& line,
                        std::span<const Token> tokens, bool isConverted, std::string_view text,
                        BlockEffect effect) {
-    if (isConverted && hasVariablesAtMost(context, mark, number, tokens, text, effect)) {
-        recordVariables(context, number, tokens);
+    if (isConverted && hasVariablesAtMost(context, mark, line, tokens, text, effect)) {
+        recordVariables(context, tokens);
     } else {
-        recordWholeLine(context, mark, number, tokens, isConverted, text, effect);
+        recordWholeLine(context, mark, line, tokens, isConverted, text, effect);
     }
 }
 

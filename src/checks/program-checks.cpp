@@ -1,6 +1,7 @@
 #include "src/checks/program-checks.h"
 
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -107,17 +108,35 @@ bool asksForPredefined(const Facts& facts) {
     return false;
 }
 
-/// The lines that stand behind a marker.
-std::unordered_set<std::uint32_t> markedLines(const Facts& facts) {
-    std::unordered_set<std::uint32_t> lines;
-    for (std::size_t number = 0; number < facts.size(); ++number) {
-        const Fact& fact = facts[number];
-        if (fact.kind == Kind::refused || fact.kind == Kind::lostMacro) {
-            lines.insert(fact.programLine);
+/// The lines that are asked for in their order: whether they stand behind a marker. Such a line has a message that says
+/// why, or is a macro that is not kept.
+class MarkedLines {
+public:
+    explicit MarkedLines(const CheckRecord& record) : parts_(record.ofLines) {}
+
+    bool contains(std::uint32_t line) {
+        for (; part_ < parts_.size(); ++part_, place_ = 0) {
+            const GrowingArray<RecordedFinding>& findings = parts_[part_].findings;
+            for (; place_ < findings.size() && findings[place_].programLine <= line; ++place_) {
+                if (findings[place_].origin == FindingOrigin::message &&
+                    findings[place_].todo == FindingTodo::rewrite) {
+                    last_ = findings[place_].programLine;
+                }
+            }
+            if (place_ < findings.size()) {
+                break;
+            }
         }
+        return last_ == line;
     }
-    return lines;
-}
+
+private:
+    const std::vector<PartFindings>& parts_;
+    std::size_t part_ = 0;
+    std::size_t place_ = 0;
+    /// The last marked line that was met.
+    std::optional<std::uint32_t> last_;
+};
 
 /// The uses of names in a line of which the columns are not known: those of one name are one finding.
 class UsesWithoutPlace {
@@ -142,7 +161,7 @@ void checkDefines(const Facts& facts, CheckRecord& record) {
         !asksForPredefined(facts)) {
         return;
     }
-    const std::unordered_set<std::uint32_t> marked = markedLines(facts);
+    MarkedLines marked(record);
     UsesWithoutPlace uses;
     Ways ways;
     for (std::size_t number = 0; number < facts.size(); ++number) {
@@ -296,7 +315,7 @@ Fact factOf(const Program& program, const VariablePlace& variable) {
     Fact fact;
     fact.kind = Kind::variable;
     fact.programLine = variable.programLine;
-    fact.columns = columnsOf(program, program.list.positionOf(variable.programLine),
+    fact.columns = columnsOf(program, program.lines.positionOf(variable.programLine),
                              variable.lineText, variable.name);
     fact.name = program.text.view(variable.name);
     return fact;

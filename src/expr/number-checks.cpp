@@ -22,7 +22,7 @@ TextSpan writtenText(const Program& program, const Token& token) {
 
 bool isPredefined(const Program& program, const Token& token) {
     return isNumber(token.type) &&
-           findPredefinedText(program, writtenText(program, token)) != nullptr;
+           program.predefinedTexts.find(writtenText(program, token)).has_value();
 }
 
 bool isWrittenInProgram(const Program& program, std::span<const Token> tokens) {
@@ -135,8 +135,9 @@ void checkItemNumber(Statement& statement, ItemTable table, std::string_view tex
 void checkPrintedNumber(Statement& statement) {
     const Program& program = statement.context.program;
     const Token* const token = statement.cursor.place();
-    const PredefinedText* const text = findPredefinedText(program, writtenText(program, *token));
-    if (text == nullptr || !text->isComposed) {
+    const std::optional<PredefinedText> text =
+        program.predefinedTexts.find(writtenText(program, *token));
+    if (!text || !text->isComposed) {
         return;
     }
     // The numbers of one constant are one finding.

@@ -88,9 +88,6 @@ std::optional<NamePlace> namePlaceOf(const Fact& fact) {
 void recordFact(const Statement& statement, Fact::Kind kind, std::string_view name,
                 const Token* first) {
     const ConversionContext& context = statement.context;
-    if (kind == Fact::Kind::valueUse && !mayHaveSeveralValues(*context.record, name)) {
-        return;
-    }
     Fact fact;
     fact.kind = kind;
     const TextSpan lineText = context.record->lineText;

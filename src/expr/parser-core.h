@@ -175,6 +175,16 @@ inline void noteFact(const Statement& statement, Fact::Kind kind, std::string_vi
     }
 }
 
+/// Records that the line writes the define at the cursor as its value.
+inline void noteValueUse(const Statement& statement) {
+    CheckRecord* const record = statement.context.record;
+    if (record != nullptr) [[unlikely]] {
+        const std::uint32_t define = statement.cursor.token().number;
+        record->valueUses.push_back(
+            {record->programLine, statement.context.program.defineTexts[define].text});
+    }
+}
+
 /// Tells where a name stands, the tokens from `first` up to the cursor, if somebody asks. There is a record.
 void recordPlace(const Statement& statement, NamePlace::Kind kind, NamePlace::Role role,
                  const Token* first, std::string_view value = {});
@@ -191,11 +201,14 @@ public:
     explicit UnwrittenOperand(Statement& statement, Value value = Value::counts)
         : record_(statement.context.record),
           mark_(record_ == nullptr ? RecordMark() : markOf(*record_)),
+          valueUses_(record_ == nullptr ? 0 : record_->valueUses.size()),
           value_(value) {}
     ~UnwrittenOperand() {
-        if (record_ != nullptr) {
-            takeOff(*record_, {mark_.findings,
-                               value_ == Value::isDropped ? mark_.facts : record_->facts.size()});
+        if (record_ != nullptr && value_ == Value::isDropped) {
+            takeOff(*record_, mark_);
+            record_->valueUses.truncate(valueUses_);
+        } else if (record_ != nullptr) {
+            takeOff(*record_, {mark_.findings, record_->facts.size()});
         }
     }
     UnwrittenOperand(const UnwrittenOperand&) = delete;
@@ -204,6 +217,7 @@ public:
 private:
     CheckRecord* record_;
     RecordMark mark_;
+    std::size_t valueUses_;
     Value value_;
 };
 

@@ -47,7 +47,7 @@ Precedence translateParenthesised(Statement& statement, ExpressionText& out) {
 void recordNumber(Statement& statement) {
     const TokenCursor& cursor = statement.cursor;
     if (cursor.is(TokenType::NUMBER_DEFINE)) {
-        noteFact(statement, Fact::Kind::valueUse, cursor.text(), cursor.place());
+        noteValueUse(statement);
     }
     checkPrintedNumber(statement);
 }

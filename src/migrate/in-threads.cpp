@@ -8,10 +8,12 @@
 #include <thread>
 #include <vector>
 
+#include "src/base/processors.h"
+
 namespace torvel::migrate {
 
 unsigned threadCount(unsigned asked) {
-    return asked != 0 ? asked : std::max(std::thread::hardware_concurrency(), 1U);
+    return asked != 0 ? asked : usableProcessors();
 }
 
 namespace {

@@ -69,7 +69,7 @@ std::uint32_t depthOf(const Inclusion* inclusion) {
 
 /// The line map, and the distinct lines of source behind markers.
 void mapLines(const Conversion& conversion, ProgramResult& result) {
-    const LineList& list = conversion.program.list;
+    const ProgramLines& lines = conversion.program.lines;
     std::unordered_map<const SourceFile*, std::uint32_t> numbers;
     for (const SourceFile& file : conversion.program.files) {
         numbers.emplace(&file, static_cast<std::uint32_t>(numbers.size()));
@@ -79,9 +79,9 @@ void mapLines(const Conversion& conversion, ProgramResult& result) {
     std::size_t begin = 0;
     const Inclusion* inclusion = nullptr;
     MappedLine mapped;
-    result.lineMap.reserve(list.lines.size());
-    LinePositions positions(list);
-    for (std::size_t i = 0; i < list.lines.size(); ++i) {
+    result.lineMap.reserve(lines.size());
+    LinePositions positions(lines);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
         const SourcePosition position = positions.of(i);
         if (position.inclusion != inclusion) {
             inclusion = position.inclusion;
@@ -125,7 +125,7 @@ FindingRow rowOf(Conversion& conversion, const Finding& finding) {
     }
     const std::size_t number = finding.programLine;
     if (number < conversion.output.lineEnds.size() &&
-        conversion.program.list.positionOf(number) == finding.position) {
+        conversion.program.lines.positionOf(number) == finding.position) {
         row.outputLine = conversion.firstOutputLines[number];
         row.outputLineCount = conversion.firstOutputLines[number + 1] - row.outputLine;
     }

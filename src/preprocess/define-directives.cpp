@@ -70,9 +70,10 @@ std::optional<Classification> classifyValue(const PreprocessorRun& run, TextSpan
     return classifyDefine(trimBlanks(text), run.axes);
 }
 
-/// The predefined text that a value is made of; null: the program wrote some of it itself.
-const PredefinedText* predefinedTextOf(const PreprocessorRun& run, const SubstitutedText& value) {
-    const PredefinedText* found = nullptr;
+/// The predefined text that a value is made of; nothing: the program wrote some of it itself.
+std::optional<PredefinedText> predefinedTextOf(const PreprocessorRun& run,
+                                               const SubstitutedText& value) {
+    std::optional<PredefinedText> found;
     bool isAllPredefined = true;
     run.defines.visitPieces(value.pieces, [&](const Piece& piece) {
         const TextSpan text = piece.kind != Piece::Kind::token ? piece.text
@@ -80,11 +81,11 @@ const PredefinedText* predefinedTextOf(const PreprocessorRun& run, const Substit
                                   ? run.program.defineTexts[piece.token.number].value
                                   : piece.token.text;
         if (!trimBlanks(run.program.text.view(text)).empty()) {
-            found = findPredefinedText(run.program, text);
-            isAllPredefined = isAllPredefined && found != nullptr;
+            found = run.program.predefinedTexts.find(text);
+            isAllPredefined = isAllPredefined && found;
         }
     });
-    return isAllPredefined ? found : nullptr;
+    return isAllPredefined ? found : std::nullopt;
 }
 
 }  // namespace
@@ -112,8 +113,8 @@ void runDefine(PreprocessorRun& run, DirectiveLine& directive) {
         noteFact(run, Fact::Kind::define, directive.position(), name, preserved->value);
         const TextSpan valueText = run.program.text.add(preserved->value);
         if (run.record != nullptr && hasNames) {
-            if (const PredefinedText* const text = predefinedTextOf(run, value)) {
-                enterPredefinedText(run.program, valueText, text->isComposed);
+            if (const auto text = predefinedTextOf(run, value)) {
+                run.program.predefinedTexts.enter(valueText, text->isComposed);
             }
         }
         expansion = run.defines.storePreserved(preserved->type, {nameText, valueText});

@@ -322,7 +322,7 @@ const Expansion& Defines::predefinedExpansion(std::size_t row) {
     if (!predefinedExpansions_[row].made) {
         const PredefinedConstant& constant = predefined_.rows[row];
         const TextSpan value = program_.text.add(constant.value);
-        enterPredefinedText(program_, value, predefined_.isComposed(row));
+        program_.predefinedTexts.enter(value, predefined_.isComposed(row));
         Expansion expansion;
         if (constant.replacement != nullptr) {
             expansion = storePreserved(TokenType::NUMBER_DEFINE,

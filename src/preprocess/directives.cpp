@@ -38,10 +38,11 @@ void runInclude(PreprocessorRun& run, DirectiveLine& directive) {
     const std::string path(directive.readQuoted());
     directive.expectEnd();
     if (!directive.comment().empty()) {
-        run.program.list.append(directive.position(), directive.source(), directive.comment());
+        run.program.lines.last().append(directive.position(), directive.source(),
+                                        directive.comment());
     }
-    run.program.list.append(directive.position(), directive.source(),
-                            run.program.text.add("#include \"" + path + "\" // start"));
+    run.program.lines.last().append(directive.position(), directive.source(),
+                                    run.program.text.add("#include \"" + path + "\" // start"));
     preprocessFile(run, path, directive.position());
 }
 

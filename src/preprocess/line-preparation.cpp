@@ -150,7 +150,7 @@ bool substitute(PreprocessorRun& run, TextSpan text, SubstitutedText& out) {
 }
 
 void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosition& position) {
-    LineList& list = run.program.list;
+    LineList& list = run.program.lines.last();
     list.append(position, line.text, line.comment);
     const TextSpan code = line.code;
     if (code.empty()) {

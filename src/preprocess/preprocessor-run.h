@@ -13,6 +13,7 @@
 #include "src/preprocess/defines.h"
 #include "src/preprocess/line-splitter.h"
 #include "src/preprocess/macro-arguments.h"
+#include "src/preprocess/preprocessor.h"
 #include "src/preprocess/source-files.h"
 
 namespace torvel {
@@ -49,6 +50,8 @@ struct PreprocessorRun {
     SubstitutedText substitutedValue;
     /// Takes what needs a look; null: nobody asks.
     CheckRecord* record = nullptr;
+    /// Takes parts of the program that are complete; none: nobody asks.
+    PartTaker taker;
 };
 
 /// Reads a file and appends its lines, with those of the files it includes. `path` is as written.

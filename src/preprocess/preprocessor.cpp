@@ -10,12 +10,25 @@ namespace torvel {
 
 namespace {
 
+/// Completes the last part of the program if it is full, and lets others have it.
+void handOverFullPart(PreprocessorRun& run) {
+    ProgramLines& lines = run.program.lines;
+    if (lines.isPartFull()) {
+        const ProgramPart& part = lines.part(lines.partCount() - 1);
+        lines.beginPart();
+        if (run.taker) {
+            run.taker(part);
+        }
+    }
+}
+
 /// The lines of one file, which are counted. The position of the last line is returned.
 SourcePosition preprocessLines(PreprocessorRun& run, const Inclusion& inclusion, SourceFile& file) {
     LineSplitter splitter(run.program, inclusion, run.record);
     ScannedLine line;
     try {
         while (splitter.next(line)) {
+            handOverFullPart(run);
             const std::string_view code = run.program.text.view(line.code);
             if (!code.starts_with('#') || !runDirective(run, splitter, inclusion, line)) {
                 prepareLine(run, line, {&inclusion, line.lineNumber});
@@ -61,7 +74,7 @@ void preprocessFile(PreprocessorRun& run, std::string_view path,
     if (includedFrom.inclusion != nullptr) {
         const TextSpan marker =
             run.program.text.add("#include \"" + std::string(path) + "\" // end");
-        run.program.list.append(last, {}, marker);
+        run.program.lines.last().append(last, {}, marker);
     }
 }
 
@@ -143,7 +156,7 @@ void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& posit
     DirectiveFact fact;
     fact.kind = kind;
     fact.isDirective = true;
-    fact.programLine = static_cast<std::uint32_t>(run.program.list.lines.size());
+    fact.programLine = static_cast<std::uint32_t>(run.program.lines.size());
     fact.position = position;
     fact.name = run.record->texts.keep(name);
     fact.value = run.record->texts.keep(value);
@@ -158,16 +171,18 @@ void noteFact(PreprocessorRun& run, Fact::Kind kind, const SourcePosition& posit
 
 void appendDirectiveLine(PreprocessorRun& run, const SourcePosition& position, TextSpan source,
                          TextSpan comment, const Token& token) {
-    run.program.list.append(position, source, comment);
-    run.program.list.beginTokens();
-    run.program.list.tokens.push_back(token);
+    LineList& list = run.program.lines.last();
+    list.append(position, source, comment);
+    list.beginTokens();
+    list.tokens.push_back(token);
 }
 
 void preprocessProgram(Program& program, std::string_view path, const AxisNames& axes,
                        const Limits& limits, const PredefinedTable& predefined,
-                       const FileSource& source, CheckRecord* record) {
+                       const FileSource& source, CheckRecord* record, const PartTaker& taker) {
     PreprocessorRun run(program, axes, limits, predefined, source);
     run.record = record;
+    run.taker = taker;
     if (record != nullptr) {
         run.defines.gatherUses();
     }

@@ -34,7 +34,7 @@ void convertNames(Statement& statement, bool withSizes, std::string_view suffix)
         const bool isDefine = cursor.is(TokenType::PROGRAM_VARIABLE_DEFINE);
         const std::string_view value = isDefine ? cursor.value() : std::string_view();
         if (isDefine) {
-            noteFact(statement, Fact::Kind::valueUse, cursor.text(), cursor.place());
+            noteValueUse(statement);
         }
         const Token* const place = cursor.place();
         const std::string_view name = expectToken(statement, declarable);

@@ -298,7 +298,7 @@ void writeLineWord(Statement& statement, bool& expectsDwell) {
             const std::string_view axis =
                 type == TokenType::AXIS_DEFINE ? cursor.value() : cursor.text();
             if (type == TokenType::AXIS_DEFINE) {
-                noteFact(statement, Fact::Kind::valueUse, cursor.text(), cursor.place());
+                noteValueUse(statement);
             }
             cursor.advance();
             writeAxisWord(statement, axis);

@@ -78,9 +78,11 @@ std::vector<GoldenLine> readGoldenLines() {
             commandLine.parameterFile ? loadParameterFile(*commandLine.parameterFile) : AxisNames();
         Program program;
         preprocessProgram(program, commandLine.programPath, axes, limits);
-        addLines(lines, program, axes, limits, program.list);
-        for (const Macro& macro : program.macros) {
-            addLines(lines, program, axes, limits, macro.lines);
+        for (std::size_t part = 0; part < program.lines.partCount(); ++part) {
+            addLines(lines, program, axes, limits, program.lines.part(part).list);
+        }
+        for (std::size_t macro = 0; macro < program.macros.size(); ++macro) {
+            addLines(lines, program, axes, limits, program.macros[macro].lines);
         }
         return CommandResult();
     };

@@ -39,8 +39,8 @@ public:
     std::size_t lineCount() const {
         Program program;
         CheckRecord record;
-        read(program, record);
-        return program.list.lines.size();
+        read(program, record, {});
+        return program.lines.size();
     }
 
     struct Conversion {
@@ -51,16 +51,22 @@ public:
         std::string findings;
     };
 
-    Conversion convert(const WorkSharing& sharing) const {
+    /// In parts of so many lines, which are converted while further ones are read or when all are.
+    enum class Begin : std::uint8_t { whileReading, afterReading };
+    Conversion convert(std::size_t partSize, const WorkSharing& sharing, Begin begin) const {
         Program program;
+        program.lines.setPartSize(partSize);
         CheckRecord record;
-        read(program, record);
         MessageLog log;
         ConversionContext context{program, axes_, limits_, log, {}, 0, &record};
+        ProgramConversion converting(context, sharing);
+        read(program, record,
+             begin == Begin::whileReading ? [&](const ProgramPart& part) { converting.add(part); }
+                                          : PartTaker());
         OutputFile output;
         const fs::path path = directory_.path() / "output";
         EXPECT_TRUE(output.open(path));
-        convertProgram(context, output, sharing);
+        converting.write(output);
         EXPECT_TRUE(output.close());
         Conversion conversion{readFile(path), {}, {}};
         tellFindings(program, record, log,
@@ -72,9 +78,9 @@ public:
     }
 
 private:
-    void read(Program& program, CheckRecord& record) const {
+    void read(Program& program, CheckRecord& record, const PartTaker& taker) const {
         preprocessProgram(program, path_, axes_, limits_, predefinedConstants(), fileSystemSource(),
-                          &record);
+                          &record, taker);
     }
 
     TemporaryDirectory directory_;
@@ -89,7 +95,8 @@ TEST(WorkSharing, ChangesNothing) {
     const GeneratedProgram program;
     const std::size_t lines = program.lineCount();
     ASSERT_GT(lines, 1'000U);
-    const GeneratedProgram::Conversion whole = program.convert({lines, 0U});
+    using Begin = GeneratedProgram::Begin;
+    const GeneratedProgram::Conversion whole = program.convert(lines, {0U}, Begin::afterReading);
     EXPECT_NE(whole.output.find("\n\t"), std::string::npos) << "no line stands in a block";
     EXPECT_GT(std::count(whole.log.begin(), whole.log.end(), '\n'), 100);
     EXPECT_GT(std::count(whole.findings.begin(), whole.findings.end(), '\n'), 100);
@@ -98,20 +105,26 @@ TEST(WorkSharing, ChangesNothing) {
          {std::size_t{0}, std::size_t{1}, std::size_t{2}, std::size_t{7}, std::size_t{64},
           lines / 2, lines - 1, lines + 1}) {
         for (const unsigned helpers : {0U, 1U, 3U}) {
-            SCOPED_TRACE(std::to_string(linesPerPart) + " lines in a part, " +
-                         std::to_string(helpers) + " helpers");
-            const GeneratedProgram::Conversion shared = program.convert({linesPerPart, helpers});
-            EXPECT_EQ(textDifference(whole.output, shared.output), "");
-            EXPECT_EQ(textDifference(whole.log, shared.log), "");
-            EXPECT_EQ(textDifference(whole.findings, shared.findings), "");
+            for (const Begin begin : {Begin::whileReading, Begin::afterReading}) {
+                SCOPED_TRACE(std::to_string(linesPerPart) + " lines in a part, " +
+                             std::to_string(helpers) + " helpers" +
+                             (begin == Begin::whileReading ? ", while reading" : ""));
+                const GeneratedProgram::Conversion shared =
+                    program.convert(linesPerPart, {helpers}, begin);
+                EXPECT_EQ(textDifference(whole.output, shared.output), "");
+                EXPECT_EQ(textDifference(whole.log, shared.log), "");
+                EXPECT_EQ(textDifference(whole.findings, shared.findings), "");
+            }
         }
     }
 }
 
 TEST(WorkSharing, ByTheProcessorsThatThereAre) {
     const GeneratedProgram program;
-    const GeneratedProgram::Conversion whole = program.convert({program.lineCount(), 0U});
-    const GeneratedProgram::Conversion shared = program.convert({16, {}});
+    using Begin = GeneratedProgram::Begin;
+    const GeneratedProgram::Conversion whole =
+        program.convert(program.lineCount(), {0U}, Begin::afterReading);
+    const GeneratedProgram::Conversion shared = program.convert(16, {}, Begin::whileReading);
     EXPECT_EQ(textDifference(whole.output, shared.output), "");
     EXPECT_EQ(textDifference(whole.log, shared.log), "");
     EXPECT_EQ(textDifference(whole.findings, shared.findings), "");

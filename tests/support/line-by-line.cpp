@@ -29,7 +29,7 @@ std::string at(const SourcePosition& position, const std::string& fault) {
 
 /// The kind of the token that a line begins with; END_OF_FILE for a line without tokens.
 TokenType leadOf(const Program& program, std::size_t line, const AxisNames& axes) {
-    const std::vector<Token> tokens = lexedTokens(program, program.list, line, axes);
+    const std::vector<Token> tokens = lexedTokens(program, program.lines, line, axes);
     return tokens.empty() ? TokenType::END_OF_FILE : tokens.front().type;
 }
 
@@ -49,22 +49,22 @@ LineByLine::LineByLine(const Program& program, const AxisNames& axes, const Limi
 bool LineByLine::step() {
     const Program& program = context_.program;
     const std::size_t number = lines_.size();
-    if (number == program.list.lines.size()) {
+    if (number == program.lines.size()) {
         return false;
     }
-    const SourceLine& source = program.list.lines[number];
     ConvertedLine& line = lines_.emplace_back();
-    line.position = program.list.positionOf(source);
+    line.position = program.lines.positionOf(number);
     context_.position = line.position;
     line.messagesBefore = log_.size();
     BlockEffect effect{};
     StatementText text;
     line.isConverted = convertStatement(
-        context_, lexedTokens(program, program.list, number, context_.axes), text, effect);
+        context_, lexedTokens(program, program.lines, number, context_.axes), text, effect);
     line.text = text.toString();
     line.messagesAfter = log_.size();
     TextBuffer output;
-    layout_.write(program, source,
+    const ProgramPart& part = program.lines.partOf(number);
+    layout_.write(program, part.list, number - part.first,
                   line.isConverted ? std::optional<std::string_view>(text) : std::nullopt, effect,
                   output);
     output_ += output;
@@ -162,7 +162,7 @@ std::size_t mostLines(const LineByLine& conversion, std::size_t line) {
     const TokenType lead = leadOf(program, line, conversion.axes());
     const bool isDirective = lead == macroDefinitionToken || lead == TokenType::CONVERSION_TEXT;
     return isDirective ? SIZE_MAX
-                       : 1 + lexedTokens(program, program.list, line, conversion.axes()).size();
+                       : 1 + lexedTokens(program, program.lines, line, conversion.axes()).size();
 }
 
 }  // namespace
@@ -296,9 +296,9 @@ private:
 
 std::string sourceLineFault(Program& program) {
     std::unordered_map<const Inclusion*, LinesOfInclusion> lines;
-    for (std::size_t number = 0; number < program.list.lines.size(); ++number) {
-        const SourcePosition position = program.list.positionOf(number);
-        lines[position.inclusion][position.lineNumber].push_back(&program.list.lines[number]);
+    for (std::size_t number = 0; number < program.lines.size(); ++number) {
+        const SourcePosition position = program.lines.positionOf(number);
+        lines[position.inclusion][position.lineNumber].push_back(&program.lines[number]);
     }
     for (const Inclusion& inclusion : program.inclusions) {
         std::string fault = InclusionCheck(program, inclusion, lines[&inclusion]).fault();

@@ -14,8 +14,9 @@ ProgramText::ProgramText(std::string_view content) {
     file.text = program.text.add(content);
     program.files.push_back(file);
     inclusion = &program.inclusions.emplace_back(Inclusion{&program.files.back(), {}});
-    program.list.append(position(), text(), {});
-    program.list.setCode(text().length);
+    LineList& list = program.lines.last();
+    list.append(position(), text(), {});
+    list.setCode(text().length);
 }
 
 std::vector<Token> lexedTokens(const Program& program, const LineList& list, std::size_t line,
@@ -23,6 +24,12 @@ std::vector<Token> lexedTokens(const Program& program, const LineList& list, std
     GrowingArray<Token> room;
     const std::span<const Token> tokens = tokensOf(program, list, line, axes, room);
     return {tokens.begin(), tokens.end()};
+}
+
+std::vector<Token> lexedTokens(const Program& program, const ProgramLines& lines, std::size_t line,
+                               const AxisNames& axes) {
+    const ProgramPart& part = lines.partOf(line);
+    return lexedTokens(program, part.list, line - part.first, axes);
 }
 
 std::vector<Token> lexText(const Program& program, const AxisNames& axes, TextSpan code,

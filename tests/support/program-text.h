@@ -27,6 +27,8 @@ public:
 /// The tokens of a line, lexed where it was not yet.
 std::vector<Token> lexedTokens(const Program& program, const LineList& list, std::size_t line,
                                const AxisNames& axes);
+std::vector<Token> lexedTokens(const Program& program, const ProgramLines& lines, std::size_t line,
+                               const AxisNames& axes);
 
 /// The tokens of a piece of text. Throws what the lexer throws.
 std::vector<Token> lexText(const Program& program, const AxisNames& axes, TextSpan code,

@@ -49,8 +49,8 @@ std::vector<std::string> linesOf(MemoryFiles& files, const Limits& limits = {}) 
     preprocessProgram(program, "shelf/main.pgm", AxisNames(), limits, predefinedConstants(),
                       files.source());
     std::vector<std::string> texts;
-    for (const SourceLine& line : program.list.lines) {
-        texts.emplace_back(program.text.view(line.text));
+    for (std::size_t line = 0; line < program.lines.size(); ++line) {
+        texts.emplace_back(program.text.view(program.lines[line].text));
     }
     return texts;
 }

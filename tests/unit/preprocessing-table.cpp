@@ -26,9 +26,9 @@ std::string preprocess(const std::string& content) {
         return "! " + diagnostic.substr(0, diagnostic.find('\n'));
     }
     std::string printed;
-    for (std::size_t line = 0; line < program.list.lines.size(); ++line) {
+    for (std::size_t line = 0; line < program.lines.size(); ++line) {
         printed += line == 0 ? "" : " || ";
-        printed += printTokens(program, lexedTokens(program, program.list, line, AxisNames()));
+        printed += printTokens(program, lexedTokens(program, program.lines, line, AxisNames()));
     }
     return printed;
 }
