@@ -25,6 +25,8 @@ public:
     explicit ProgramConversion(ConversionContext& context, const WorkSharing& sharing = {});
     /// Waits for the lines that are being converted.
     ~ProgramConversion();
+    ProgramConversion(const ProgramConversion&) = delete;
+    ProgramConversion& operator=(const ProgramConversion&) = delete;
 
     /// Has a part of the program converted, the first one first. Others are being read, one at least.
     void add(const ProgramPart& part);

@@ -35,9 +35,9 @@ SourcePosition LineList::positionOf(std::size_t line) const {
 
 void ProgramLines::beginPart() {
     const std::size_t first = size();
-    ProgramPart& part = parts_.emplace_back();
-    part.first = first;
-    last_ = &part.list;
+    ProgramPart& begun = parts_.append();
+    begun.first = first;
+    last_ = &begun.list;
     if (first != 0) {
         last_->lines.use(roomForPart(), partSize_);
     }
@@ -125,7 +125,7 @@ std::optional<PredefinedText> PredefinedTexts::find(TextSpan text) const {
 
 Token makeDefineToken(Program& program, TokenType type, const DefineTexts& texts) {
     const auto number = static_cast<std::uint32_t>(program.defineTexts.size());
-    program.defineTexts.emplace_back(texts);
+    program.defineTexts.append(texts);
     return makeNumberedToken(type, number);
 }
 

@@ -172,13 +172,13 @@ public:
     /// The part in which a line stands.
     const ProgramPart& partOf(std::size_t line) const;
     const SourceLine& operator[](std::size_t line) const {
-        const ProgramPart& part = partOf(line);
-        return part.list.lines[line - part.first];
+        const ProgramPart& around = partOf(line);
+        return around.list.lines[line - around.first];
     }
     /// Where a line came from. For many lines in their order LinePositions is faster.
     SourcePosition positionOf(std::size_t line) const {
-        const ProgramPart& part = partOf(line);
-        return part.list.positionOf(line - part.first);
+        const ProgramPart& around = partOf(line);
+        return around.list.positionOf(line - around.first);
     }
 
 private:

@@ -28,7 +28,7 @@ public:
 
     /// Throws std::bad_alloc.
     template <typename... Arguments>
-    Element& emplace_back(Arguments&&... arguments) {
+    Element& append(Arguments&&... arguments) {
         const Chunk chunk = chunkOf(size_);
         if (chunks_[chunk.number] == nullptr) {
             chunks_[chunk.number] = std::allocator<Element>().allocate(chunk.length);
@@ -67,7 +67,7 @@ private:
     }
     Element* address(std::size_t number) const {
         const Chunk chunk = chunkOf(number);
-        return chunks_[chunk.number] + (number - chunk.begin);
+        return &chunks_[chunk.number][number - chunk.begin];
     }
 
     std::array<Element*, 32> chunks_{};

@@ -78,7 +78,11 @@ public:
     void append(std::size_t count, char c) {
         if (count != 0) {
             makeRoom(count);
-            std::memset(end_, c, count);
+            // A fixed number of bytes needs no call.
+            std::memset(end_, c, spareSize);
+            if (count > spareSize) {
+                std::memset(end_, c, count);
+            }
             end_ += count;
         }
     }

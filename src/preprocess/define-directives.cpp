@@ -194,7 +194,7 @@ void runMacro(PreprocessorRun& run, DirectiveLine& directive) {
 
     const auto number = static_cast<std::uint32_t>(run.program.macros.size());
     const std::string_view text = run.program.text.view(body.text);
-    Macro& macro = run.program.macros.emplace_back();
+    Macro& macro = run.program.macros.append();
     macro.head = run.program.text.add(head);
     macro.unconverted = run.program.text.add(unconvertedText(joinWords(head, text)));
 

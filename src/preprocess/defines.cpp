@@ -329,7 +329,7 @@ const Expansion& Defines::predefinedExpansion(std::size_t row) {
                                        {value, program_.text.add(constant.replacement)});
         } else {
             SubstitutedText substituted;
-            if (!substituteText(value, row, false, substituted)) {
+            if (!substituteText(value, program_.text.view(value), row, false, substituted)) {
                 substituted.addPlain(value);
             }
             expansion =
@@ -340,21 +340,9 @@ const Expansion& Defines::predefinedExpansion(std::size_t row) {
     return predefinedExpansions_[row].expansion;
 }
 
-const NameLengths& Defines::lengths(bool withProgramNames) const {
-    return withProgramNames ? table_.lengths() : *predefined_.lengths;
-}
-
-bool Defines::substituteText(TextSpan text, std::size_t rowLimit, bool withProgramNames,
-                             SubstitutedText& out) {
-    const std::string_view all = program_.text.view(text);
-    const NameLengths& known = lengths(withProgramNames);
-    NameStarts starts(all, known);
-    // Most texts without names are told here.
-    if (starts.find() == all.data() + all.size() && !known.hasOddNames &&
-        table_.longNames().empty()) {
-        return false;
-    }
-    NameFinder names(*this, all, starts, rowLimit, withProgramNames);
+bool Defines::replaceNames(TextSpan text, std::string_view bytes, const NameStarts& starts,
+                           std::size_t rowLimit, bool withProgramNames, SubstitutedText& out) {
+    NameFinder names(*this, bytes, starts, rowLimit, withProgramNames);
     std::size_t at = 0;
     std::size_t plainStart = 0;
     bool isFound = false;
@@ -381,7 +369,7 @@ bool Defines::substituteText(TextSpan text, std::size_t rowLimit, bool withProgr
         plainStart = at;
     }
     if (isFound) {
-        out.addPlain(text.subspan(plainStart, all.size() - plainStart));
+        out.addPlain(text.subspan(plainStart, text.length - plainStart));
     }
     return isFound;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "src/base/program.h"
+#include "src/preprocess/cut-search.h"
 #include "src/preprocess/define-table.h"
 #include "src/preprocess/predefined-constants.h"
 
@@ -67,7 +68,11 @@ public:
     /// text. A name is looked for at every boundary between letters, digits and other characters; the
     /// longest wins. False, and nothing is appended: there is no name in it.
     bool substitute(TextSpan text, SubstitutedText& out) {
-        return substituteText(text, predefined_.rows.size(), true, out);
+        return substitute(text, program_.text.view(text), out);
+    }
+    /// The same where the bytes of the text are at hand.
+    bool substitute(TextSpan text, std::string_view bytes, SubstitutedText& out) {
+        return substituteText(text, bytes, predefined_.rows.size(), true, out);
     }
 
     /// Stores substituted text as what a name stands for. `bytes` is its size in a line.
@@ -99,19 +104,31 @@ public:
     bool isMacro(std::string_view name);
 
 private:
-    const NameLengths& lengths(bool withProgramNames) const;
+    class NameFinder;
+
+    const NameLengths& lengths(bool withProgramNames) const {
+        return withProgramNames ? table_.lengths() : *predefined_.lengths;
+    }
     const DefineTable::Entry* findInProgram(std::string_view name, std::uint64_t hash);
     const Expansion* find(std::string_view name, std::uint64_t hash, std::size_t rowLimit,
                           bool withProgramNames);
     const Expansion& predefinedExpansion(std::size_t row);
-    bool substituteText(TextSpan text, std::size_t rowLimit, bool withProgramNames,
-                        SubstitutedText& out);
+    bool substituteText(TextSpan text, std::string_view bytes, std::size_t rowLimit,
+                        bool withProgramNames, SubstitutedText& out) {
+        const NameLengths& known = lengths(withProgramNames);
+        NameStarts starts(bytes, known);
+        // Most texts without names are told here.
+        return (starts.find() != bytes.data() + bytes.size() || known.hasOddNames ||
+                !table_.longNames().empty()) &&
+               replaceNames(text, bytes, starts, rowLimit, withProgramNames, out);
+    }
+    bool replaceNames(TextSpan text, std::string_view bytes, const NameStarts& starts,
+                      std::size_t rowLimit, bool withProgramNames, SubstitutedText& out);
 
     struct Match {
         std::size_t length = 0;
         const Expansion* expansion = nullptr;
     };
-    class NameFinder;
 
     Program& program_;
     const PredefinedTable& predefined_;

@@ -158,14 +158,14 @@ void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosi
     }
     SubstitutedText& substituted = run.substitutedLine;
     substituted.clear();
-    const CallPlace call = findMacroCall(run, run.program.text.view(code));
+    const CallPlace call = findMacroCall(run, line.codeText);
     if (call.length != 0) {
         addText(run, code.subspan(0, call.start), substituted);
         substituted.addToken({macroCallToken, {code.subspan(call.start, call.length)}});
         const std::size_t end = call.start + call.length;
         addText(run, code.subspan(end, code.length - end), substituted);
-    } else if (!run.substitutes || !run.defines.substitute(code, substituted)) {
-        if (mayBeRefused(run.program.text.view(code)) || !list.setCode(code.length)) {
+    } else if (!run.substitutes || !run.defines.substitute(code, line.codeText, substituted)) {
+        if (line.hasOddBytes || !list.setCode(code.length)) {
             list.beginTokens();
             lexLine(run.program.text, run.axes, code, position, list.tokens);
         }
@@ -175,7 +175,7 @@ void prepareLine(PreprocessorRun& run, const ScannedLine& line, const SourcePosi
         noteUses(run, position, line.text);
     }
     // Strings stand in one piece, and end there, unless the name of a macro is taken out.
-    const bool isUnsuspicious = call.length == 0 && !mayBeRefused(run.program.text.view(code));
+    const bool isUnsuspicious = call.length == 0 && !line.hasOddBytes;
     appendTokens(run, list, substituted, call.length != 0, isUnsuspicious ? code : TextSpan(), line,
                  position);
 }
@@ -208,7 +208,8 @@ void prepareBodyLine(PreprocessorRun& run, LineList& list, TextSpan code,
     if (run.record != nullptr) [[unlikely]] {
         noteUses(run, position, code);
     }
-    appendTokens(run, list, substituted, call.length != 0, {}, {code, code, {}, 0}, position);
+    appendTokens(run, list, substituted, call.length != 0, {}, {code, code, {}, text, 0, false},
+                 position);
 }
 
 }  // namespace torvel

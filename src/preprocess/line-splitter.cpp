@@ -18,14 +18,17 @@ namespace torvel {
 namespace {
 
 /// The first byte from `from` on that ends a line, begins a comment or is a quote; or a control character or a byte
-/// above 127, which are no more than stepped over.
-const char* findSign(const char* from) {
+/// above 127, which are no more than stepped over. Tells whether another byte in front of it begins no token.
+const char* findSign(const char* from, bool& hasOddBytes) {
     while (true) {
         const ByteBlock bytes(from);
         const std::uint32_t hits = bytes.controls() | bytes.oneOf<'"', ';', '\'', '/'>();
+        const std::uint32_t oddBytes = bytes.oneOf<'\x7F', '?', '\\', '`', '{', '}'>();
         if (hits != 0) {
+            hasOddBytes = hasOddBytes || (oddBytes & (hits - 1) & ~hits) != 0;
             return from + std::countr_zero(hits);
         }
+        hasOddBytes = hasOddBytes || oddBytes != 0;
         from += ByteBlock::size;
     }
 }
@@ -68,6 +71,7 @@ void cutLine(ScannedLine& line, TextSpan store, const char* begin, LineParts par
     const char* code = skipBlanks(parts.code, parts.commentMarker);
     const char* codeEnd = dropBlanks(code, parts.commentMarker);
     line.code = span(code, codeEnd);
+    line.codeText = {code, static_cast<std::size_t>(codeEnd - code)};
     if (markerLength == 0) {
         line.text = line.code;
         line.comment = {};
@@ -99,42 +103,47 @@ bool LineSplitter::next(ScannedLine& line) {
         return false;
     }
     const char* lineStart = next_;
+    const char* at = next_;
+    bool hasOddBytes = false;
     isJoined_ = false;
+    // Where there is no fault, what ends the code ends the loop: a comment, or the line's end.
+    std::size_t markerLength = 0;
     while (true) {
-        next_ = findSign(next_);
-        switch (*next_) {
-            case '"':
-                next_ = findByte<'\0', '\n', '\r', '"'>(next_ + 1);
-                if (*next_ != '"') {
-                    ended_ = true;
-                    throw ParseException(Message::StringNotTerminated, {}, position());
-                }
-                ++next_;
-                break;
-            case '/':
-                if (next_[1] == '*') {
-                    if (!isJoined_) {
-                        joined_.clear();
-                    }
-                    joined_.append(lineStart, next_);
-                    isJoined_ = true;
-                    skipBlockComment();
-                    lineStart = next_;
-                } else if (next_[1] == '/') {
-                    finishLine(line, lineStart, next_, 2);
-                    return true;
-                } else {
-                    ++next_;
-                }
-                break;
-            case ';':
-            case '\'': finishLine(line, lineStart, next_, 1); return true;
-            case '\0':
-            case '\n':
-            case '\r': finishLine(line, lineStart, next_, 0); return true;
-            default: ++next_; break;
+        at = findSign(at, hasOddBytes);
+        if (*at == '\n' || *at == '\r' || *at == '\0') {
+            break;
         }
+        if (*at == ';' || *at == '\'') {
+            markerLength = 1;
+            break;
+        }
+        if (*at == '"') {
+            at = findByte<'\0', '\n', '\r', '"'>(at + 1);
+            if (*at != '"') {
+                ended_ = true;
+                throw ParseException(Message::StringNotTerminated, {}, position());
+            }
+        } else if (*at != '/') {
+            hasOddBytes = true;
+        } else if (at[1] == '/') {
+            markerLength = 2;
+            break;
+        } else if (at[1] == '*') {
+            if (!isJoined_) {
+                joined_.clear();
+            }
+            joined_.append(lineStart, at);
+            isJoined_ = true;
+            next_ = at;
+            skipBlockComment();
+            lineStart = at = next_;
+            continue;
+        }
+        ++at;
     }
+    finishLine(line, lineStart, at, markerLength);
+    line.hasOddBytes = hasOddBytes;
+    return true;
 }
 
 void LineSplitter::skipBlockComment() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "src/base/check-record.h"
 #include "src/base/program.h"
@@ -15,8 +16,12 @@ struct ScannedLine {
     TextSpan code;
     /// The comment behind its marker, trimmed; empty if there is none.
     TextSpan comment;
+    /// The bytes of the code.
+    std::string_view codeText;
     /// The line on which the logical line ends, from 1.
     std::uint32_t lineNumber = 0;
+    /// Whether a byte that begins no token stands in the code outside strings.
+    bool hasOddBytes = false;
 };
 
 /// Cuts the bytes of one file into logical lines, one at a call.

@@ -29,8 +29,7 @@ SourcePosition preprocessLines(PreprocessorRun& run, const Inclusion& inclusion,
     try {
         while (splitter.next(line)) {
             handOverFullPart(run);
-            const std::string_view code = run.program.text.view(line.code);
-            if (!code.starts_with('#') || !runDirective(run, splitter, inclusion, line)) {
+            if (!line.codeText.starts_with('#') || !runDirective(run, splitter, inclusion, line)) {
                 prepareLine(run, line, {&inclusion, line.lineNumber});
             }
         }

@@ -9,7 +9,7 @@ namespace torvel::test {
 TEST(Program, OnlyAPreservedDefineHasAValue) {
     Program program;
     const TextSpan name = program.text.add("COUNT");
-    program.defineTexts.emplace_back(name, program.text.add("5"));
+    program.defineTexts.append(DefineTexts{name, program.text.add("5")});
     const Token define = makeNumberedToken(TokenType::NUMBER_DEFINE, 0);
     EXPECT_EQ(program.textOf(define), "COUNT");
     EXPECT_EQ(program.valueOf(define), "5");

@@ -6,6 +6,7 @@
 
 #include "src/base/parse-exception.h"
 #include "src/lex/lexer.h"
+#include "src/preprocess/line-splitter.h"
 #include "tests/support/program-text.h"
 
 namespace torvel::test {
@@ -39,6 +40,36 @@ TEST(RefusedBytes, AreSuspectedWhereverTheyStand) {
             }
         }
     }
+}
+
+/// What the splitter tells of a line is what the lexer would make of its code.
+TEST(RefusedBytes, AreToldWhereTheLineIsSplit) {
+    for (int byte = 1; byte < 256; ++byte) {
+        for (const std::size_t length : {1U, 2U, 15U, 16U, 17U, 33U}) {
+            for (std::size_t at = 0; at < length && byte != '"'; ++at) {
+                std::string code(length, 'x');
+                code[at] = static_cast<char>(byte);
+                ProgramText source(code);
+                LineSplitter splitter(source.program, *source.inclusion);
+                ScannedLine line;
+                ASSERT_TRUE(splitter.next(line));
+                ASSERT_EQ(line.codeText, source.program.text.view(line.code));
+                ASSERT_EQ(line.hasOddBytes, mayBeRefused(line.codeText))
+                    << "byte " << byte << " at " << at << " of " << length;
+            }
+        }
+    }
+}
+
+TEST(RefusedBytes, OfStringsAndCommentsAndOtherLinesDoNotCount) {
+    ProgramText source(
+        "$a = \"{\\?`\x01\" ; {\n{\nHOME X // ?\nHOME /* { */ Y\n? /* x */ HOME X\nHOME");
+    LineSplitter splitter(source.program, *source.inclusion);
+    std::string odd;
+    for (ScannedLine line; splitter.next(line);) {
+        odd += line.hasOddBytes ? '1' : '0';
+    }
+    EXPECT_EQ(odd, "010010");
 }
 
 TEST(RefusedBytes, BehindTheCodeDoNotCount) {
