@@ -79,7 +79,7 @@ TEST(PartsInOrder, AreNotAllMadeBeforeTheyAreTaken) {
             parts.add(task, false);
         }
     }
-    EXPECT_LE(made, 99 / 3 + 1);
+    EXPECT_LE(made, 99 / 4 + 1);
 }
 
 TEST(UsableProcessors, AreThoseThatTheProcessIsBoundTo) {
