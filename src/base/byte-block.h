@@ -15,7 +15,7 @@
 namespace torvel {
 
 // Sixteen bytes of a text that are looked at together. Each function tells which of them are of a kind: bit n for
-// byte n. Bytes behind a text can be read with it if it stands in a TextStore, behind the last of which are so many.
+// byte n. Bytes behind a text can be read with it if it stands in a TextStore, where so many stand behind each.
 
 /// The bytes one by one, for processors that cannot compare them at once.
 class PlainByteBlock {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <new>
 
 #include "src/base/large-memory.h"
 #include "src/base/uninitialized-bytes.h"
@@ -15,6 +16,9 @@ auto firstBehind(const std::vector<PredefinedText>& texts, std::uint32_t offset)
         texts.begin(), texts.end(), offset,
         [](std::uint32_t place, const PredefinedText& each) { return place < each.text.offset; });
 }
+
+/// Where no further part begins: one has some more lines than it should at most.
+constexpr std::size_t mostLines = UINT32_MAX - (std::size_t{1} << 24U);
 
 constexpr std::uint32_t pageOf(std::uint32_t offset) {
     return offset >> 16U;
@@ -33,8 +37,12 @@ SourcePosition LineList::positionOf(std::size_t line) const {
     return LinePositions(*this).of(line);
 }
 
+/// Throws std::bad_alloc where the numbers of lines might not fit into 32 bits.
 void ProgramLines::beginPart() {
     const std::size_t first = size();
+    if (first > mostLines) {
+        throw std::bad_alloc();
+    }
     ProgramPart& begun = parts_.append();
     begun.first = first;
     last_ = &begun.list;
