@@ -85,7 +85,7 @@ int main(int argc, char** argv) {
         for (; next + 2 < argc; next += 2) {
             readOption(argv[next], argv[next + 1], options);
         }
-        if (next + 1 != argc) {
+        if (next + 1 != argc || argv[next][0] == '-') {
             throw std::invalid_argument(
                 "usage: generate-corpus [--bytes N] [--seed N] [--families A,B,...|include-tree] "
                 "[--text FILE] FOLDER");
