@@ -207,7 +207,6 @@ struct ProgramConversion::Parts {
     ConversionContext& context;
     SpareRooms rooms;
     PartsInOrder<const ProgramPart*, ConvertedPart> inOrder;
-    std::size_t added = 0;
 };
 
 ProgramConversion::ProgramConversion(ConversionContext& context, const WorkSharing& sharing)
@@ -217,14 +216,12 @@ ProgramConversion::~ProgramConversion() = default;
 
 void ProgramConversion::add(const ProgramPart& part) {
     parts_->inOrder.add(&part, false);
-    ++parts_->added;
 }
 
 void ProgramConversion::addRest() {
     const ProgramLines& lines = parts_->context.program.lines;
-    for (; parts_->added < lines.partCount(); ++parts_->added) {
-        const bool isLast = parts_->added + 1 == lines.partCount();
-        parts_->inOrder.add(&lines.part(parts_->added), isLast);
+    for (std::size_t part = parts_->inOrder.added(); part < lines.partCount(); ++part) {
+        parts_->inOrder.add(&lines.part(part), part + 1 == lines.partCount());
     }
 }
 

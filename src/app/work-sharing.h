@@ -49,7 +49,7 @@ public:
         }
     }
 
-    /// One more task. Where it is the only one there will be, the caller has as much of it.
+    /// One more task. `isLast`: there will be none behind it, so it is no reason to employ a helper.
     void add(Task task, bool isLast) {
         {
             const std::lock_guard lock(mutex_);
@@ -61,6 +61,9 @@ public:
         }
         changed_.notify_all();
     }
+
+    /// How many tasks there were so far. For who adds them.
+    std::size_t added() const { return added_; }
 
     /// The next part; nothing behind that of the last task. Throws what `make` threw.
     std::optional<Part> next() {

@@ -28,17 +28,12 @@ public:
     }
     GrowingArray(const GrowingArray&) = delete;
     GrowingArray& operator=(const GrowingArray&) = delete;
-    ~GrowingArray() {
-        if (isOwn_) {
-            std::free(rows_);
-        }
-    }
+    ~GrowingArray() { std::free(rows_); }
 
     void swap(GrowingArray& other) noexcept {
         std::swap(rows_, other.rows_);
         std::swap(size_, other.size_);
         std::swap(capacity_, other.capacity_);
-        std::swap(isOwn_, other.isOwn_);
     }
 
     std::size_t size() const { return size_; }
@@ -59,13 +54,6 @@ public:
         if (rows > capacity_) {
             grow(rows);
         }
-    }
-
-    /// Has the first rows of an empty list stand in room that belongs to others.
-    void use(Row* room, std::size_t rows) {
-        rows_ = room;
-        capacity_ = rows;
-        isOwn_ = false;
     }
 
     /// Throws std::bad_alloc.
@@ -102,13 +90,9 @@ private:
             // With the allocator's words a whole number of pages.
             bytes = (bytes + largeBlock - 1) / largeBlock * largeBlock - 32;
         }
-        void* block = std::realloc(isOwn_ ? rows_ : nullptr, bytes);
+        void* block = std::realloc(rows_, bytes);
         if (block == nullptr) {
             throw std::bad_alloc();
-        }
-        if (!isOwn_) {
-            std::copy_n(rows_, size_, static_cast<Row*>(block));
-            isOwn_ = true;
         }
         rows_ = static_cast<Row*>(block);
         capacity_ = bytes / sizeof(Row);
@@ -122,7 +106,6 @@ private:
     Row* rows_ = nullptr;
     std::size_t size_ = 0;
     std::size_t capacity_ = 0;
-    bool isOwn_ = true;
 };
 
 }  // namespace torvel

@@ -4,9 +4,6 @@
 #include <mutex>
 #include <new>
 
-#include "src/base/large-memory.h"
-#include "src/base/uninitialized-bytes.h"
-
 namespace torvel {
 
 namespace {
@@ -47,32 +44,13 @@ void ProgramLines::beginPart() {
     begun.first = first;
     last_ = &begun.list;
     if (first != 0) {
-        last_->lines.use(roomForPart(), partSize_);
+        last_->lines.reserve(partSize_);
     }
-}
-
-/// Those of a large program stand in large pages: a fault for each small one takes as long as filling it.
-SourceLine* ProgramLines::roomForPart() {
-    if (nextRoom_ == roomsEnd_) {
-        const std::size_t parts = parts_.size() < partsOfLargeRoom ? 1 : partsOfLargeRoom;
-        const std::size_t bytes = parts * partSize_ * sizeof(SourceLine);
-        rooms_.push_back(uninitializedBytes(bytes));
-        if (parts > 1) {
-            preferLargePages(rooms_.back().get(), bytes);
-        }
-        nextRoom_ = reinterpret_cast<SourceLine*>(rooms_.back().get());
-        roomsEnd_ = nextRoom_ + parts * partSize_;
-    }
-    SourceLine* const room = nextRoom_;
-    nextRoom_ += partSize_;
-    return room;
 }
 
 void ProgramLines::clear() {
     parts_.clear();
     last_ = nullptr;
-    rooms_.clear();
-    nextRoom_ = roomsEnd_ = nullptr;
 }
 
 const ProgramPart& ProgramLines::partOf(std::size_t line) const {

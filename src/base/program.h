@@ -5,7 +5,6 @@
 #include <atomic>
 #include <cstdint>
 #include <deque>
-#include <memory>
 #include <optional>
 #include <shared_mutex>
 #include <span>
@@ -182,18 +181,10 @@ public:
     }
 
 private:
-    static constexpr std::size_t partsOfLargeRoom = 16;
-
-    SourceLine* roomForPart();
-
     StandingList<ProgramPart> parts_;
     /// The list of the last one.
     LineList* last_ = nullptr;
     std::size_t partSize_ = usualPartSize;
-    /// Room for the lines of parts, and what is left of the last one.
-    std::vector<std::unique_ptr<char[]>> rooms_;
-    SourceLine* nextRoom_ = nullptr;
-    SourceLine* roomsEnd_ = nullptr;
 };
 
 /// Where lines came from, which are asked for in their order.

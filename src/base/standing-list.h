@@ -31,7 +31,7 @@ public:
     Element& append(Arguments&&... arguments) {
         const Chunk chunk = chunkOf(size_);
         if (chunks_[chunk.number] == nullptr) {
-            chunks_[chunk.number] = std::allocator<Element>().allocate(chunk.length);
+            chunks_[chunk.number] = std::allocator<Element>().allocate(lengthOf(chunk.number));
         }
         Element* const element =
             std::construct_at(address(size_), std::forward<Arguments>(arguments)...);
@@ -45,8 +45,7 @@ public:
         }
         for (std::size_t number = 0; number < chunks_.size() && chunks_[number] != nullptr;
              ++number) {
-            const std::size_t length = number == 0 ? firstChunk : firstChunk << (number - 1);
-            std::allocator<Element>().deallocate(chunks_[number], length);
+            std::allocator<Element>().deallocate(chunks_[number], lengthOf(number));
             chunks_[number] = nullptr;
         }
     }
@@ -56,14 +55,16 @@ private:
     struct Chunk {
         std::size_t number;
         std::size_t begin;
-        std::size_t length;
     };
+    static constexpr std::size_t lengthOf(std::size_t chunk) {
+        return chunk == 0 ? firstChunk : firstChunk << (chunk - 1);
+    }
     static constexpr Chunk chunkOf(std::size_t number) {
         if (number < firstChunk) {
-            return {0, 0, firstChunk};
+            return {0, 0};
         }
-        const std::size_t begin = std::bit_floor(number);
-        return {static_cast<std::size_t>(std::bit_width(number / firstChunk)), begin, begin};
+        return {static_cast<std::size_t>(std::bit_width(number / firstChunk)),
+                std::bit_floor(number)};
     }
     Element* address(std::size_t number) const {
         const Chunk chunk = chunkOf(number);

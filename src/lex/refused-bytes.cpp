@@ -1,7 +1,8 @@
 // Which lines have to be lexed before anything is written: those with a byte that begins no token. A byte of
 // the kind in a string does no harm, but the line is lexed early all the same.
 
-#include "src/base/byte-block.h"
+#include "src/lex/refused-bytes.h"
+
 #include "src/lex/lexer.h"
 
 namespace torvel {
@@ -11,8 +12,7 @@ bool mayBeRefused(std::string_view code) {
     for (const char* at = code.data(); at < end; at += ByteBlock::size) {
         const ByteBlock bytes(at);
         // Bytes that begin no token, wherever they stand, and those that begin a comment.
-        std::uint32_t refused =
-            bytes.controls() | bytes.oneOf<'\x7F', '?', '\\', '`', '{', '}', ';', '\''>();
+        std::uint32_t refused = bytes.controls() | bytesOfNoToken(bytes) | bytes.oneOf<';', '\''>();
         if (end - at < static_cast<std::ptrdiff_t>(ByteBlock::size)) {
             refused &= (1U << (end - at)) - 1U;
         }

@@ -11,6 +11,7 @@
 #include "src/base/characters.h"
 #include "src/base/messages.h"
 #include "src/base/parse-exception.h"
+#include "src/lex/refused-bytes.h"
 #include "src/preprocess/byte-search.h"
 
 namespace torvel {
@@ -23,7 +24,7 @@ const char* findSign(const char* from, bool& hasOddBytes) {
     while (true) {
         const ByteBlock bytes(from);
         const std::uint32_t hits = bytes.controls() | bytes.oneOf<'"', ';', '\'', '/'>();
-        const std::uint32_t oddBytes = bytes.oneOf<'\x7F', '?', '\\', '`', '{', '}'>();
+        const std::uint32_t oddBytes = bytesOfNoToken(bytes);
         if (hits != 0) {
             hasOddBytes = hasOddBytes || (oddBytes & (hits - 1) & ~hits) != 0;
             return from + std::countr_zero(hits);
