@@ -15,6 +15,7 @@
 #include "src/app/parameter-file.h"
 #include "src/base/characters.h"
 #include "src/base/file-system.h"
+#include "src/base/known-folders.h"
 #include "src/base/messages.h"
 #include "src/base/parse-exception.h"
 #include "src/checks/finding-telling.h"
@@ -80,9 +81,10 @@ void closeWritten(OutputFile& file, const NativePath& path) {
 void readProgram(Program& program, const CommandLine& commandLine, const AxisNames& axes,
                  const Limits& limits, CheckRecord* record, const FindingTaker& taker,
                  const PartTaker& partTaker) {
+    KnownFolders folders;
     try {
         preprocessProgram(program, commandLine.programPath, axes, limits, predefinedConstants(),
-                          fileSystemSource(), record, partTaker);
+                          withKnownFolders(fileSystemSource(), folders), record, partTaker);
     } catch (const ParseException& error) {
         if (taker) {
             taker(unreadableFinding(error));

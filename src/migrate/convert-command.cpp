@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <chrono>
 
+#include "src/base/known-folders.h"
 #include "src/migrate/any-case-source.h"
 #include "src/migrate/command-project.h"
 #include "src/migrate/gate.h"
 #include "src/migrate/interruption.h"
-#include "src/migrate/known-folders.h"
 #include "src/migrate/machine-settings.h"
 #include "src/migrate/new-file.h"
 #include "src/migrate/output-owners.h"

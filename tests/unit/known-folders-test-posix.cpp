@@ -1,19 +1,19 @@
 // Folders whose links are resolved once: the paths are those that the system gives.
 
-#include "src/migrate/known-folders.h"
+#include "src/base/known-folders.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/support/temporary-directory.h"
 
-namespace torvel::migrate::test {
+namespace torvel::test {
 
 TEST(KnownFolders, PathsAreThoseOfTheSystem) {
     namespace fs = std::filesystem;
-    const torvel::test::TemporaryDirectory directory;
+    const TemporaryDirectory directory;
     const fs::path& root = directory.path();
-    torvel::test::writeFile(root / "real/sub/a.pgm", "");
-    torvel::test::writeFile(root / "other/b.pgm", "");
+    writeFile(root / "real/sub/a.pgm", "");
+    writeFile(root / "other/b.pgm", "");
     fs::create_directory_symlink(root / "real", root / "link");
     fs::create_symlink(root / "other/b.pgm", root / "real/sub/b.pgm");
     fs::create_symlink("nowhere", root / "real/sub/lost.pgm");
@@ -46,4 +46,4 @@ TEST(KnownFolders, PathsAreThoseOfTheSystem) {
     EXPECT_EQ(known.canonicalPath(root / "link/sub/a.pgm"), root / "other/b.pgm");
 }
 
-}  // namespace torvel::migrate::test
+}  // namespace torvel::test

@@ -5,7 +5,7 @@
 
 #include "src/base/file-source.h"
 
-namespace torvel::migrate {
+namespace torvel {
 
 /// Folders with the links on the way to them resolved, each once. Used by several threads.
 class KnownFolders {
@@ -24,4 +24,4 @@ private:
 /// they are meanwhile.
 FileSource withKnownFolders(const FileSource& source, KnownFolders& folders);
 
-}  // namespace torvel::migrate
+}  // namespace torvel

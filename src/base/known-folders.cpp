@@ -1,8 +1,8 @@
-#include "src/migrate/known-folders.h"
+#include "src/base/known-folders.h"
 
 #include <system_error>
 
-namespace torvel::migrate {
+namespace torvel {
 
 NativePath KnownFolders::canonicalFolder(const NativePath::string_type& folder,
                                          const FileSource& source) {
@@ -47,4 +47,4 @@ FileSource withKnownFolders(const FileSource& source, KnownFolders& folders) {
     return known;
 }
 
-}  // namespace torvel::migrate
+}  // namespace torvel
