@@ -31,9 +31,11 @@ public:
     std::uint32_t digits() const { return bytesFor(isDigit); }
     /// What goes on with a word.
     std::uint32_t wordCharacters() const { return bytesFor(isWordCharacter); }
-    /// Control characters but the tab, and bytes above 127.
-    std::uint32_t controls() const {
-        return bytesFor([](char c) { return static_cast<signed char>(c) < ' ' && c != '\t'; });
+    /// Bytes that are no tab and not between the blank and `last`, those above 127 among them; and those of a set.
+    template <char last, char... set>
+    std::uint32_t outsideOr() const {
+        return bytesFor([](char c) { return (c < ' ' || c > last) && c != '\t'; }) |
+               oneOf<set...>();
     }
     /// Letters, and those of a set.
     template <char... set>
@@ -73,9 +75,15 @@ public:
     std::uint32_t wordCharacters() const {
         return bitsOf(_mm_or_si128(_mm_or_si128(areLetters(), areDigits()), are('_')));
     }
-    std::uint32_t controls() const {
-        // Bytes above 127 are negative.
-        return bitsOf(_mm_andnot_si128(are('\t'), _mm_cmplt_epi8(bytes_, _mm_set1_epi8(' '))));
+    template <char last, char... set>
+    std::uint32_t outsideOr() const {
+        // Moved so that the blank is the lowest number that there is.
+        const __m128i moved = _mm_add_epi8(bytes_, _mm_set1_epi8(static_cast<char>(-128 - ' ')));
+        const __m128i outside =
+            _mm_cmpgt_epi8(moved, _mm_set1_epi8(static_cast<char>(-128 + (last - ' '))));
+        __m128i hits = _mm_andnot_si128(are('\t'), outside);
+        ((hits = _mm_or_si128(hits, are(set))), ...);
+        return bitsOf(hits);
     }
     template <char... set>
     std::uint32_t lettersOr() const {

@@ -39,7 +39,7 @@ struct TextStoreFull : std::length_error {
 class TextStore {
 public:
     /// NUL bytes that stand behind each text.
-    static constexpr std::size_t nulBytes = 16;
+    static constexpr std::size_t nulBytes = 32;
 
     /// Room for `length` bytes that the caller fills, and NUL bytes behind them.
     /// Throws TextStoreFull when the offsets are used up.

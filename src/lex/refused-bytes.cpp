@@ -12,7 +12,7 @@ bool mayBeRefused(std::string_view code) {
     for (const char* at = code.data(); at < end; at += ByteBlock::size) {
         const ByteBlock bytes(at);
         // Bytes that begin no token, wherever they stand, and those that begin a comment.
-        std::uint32_t refused = bytes.controls() | bytesOfNoToken(bytes) | bytes.oneOf<';', '\''>();
+        std::uint32_t refused = bytesOfNoToken<';', '\''>(bytes);
         if (end - at < static_cast<std::ptrdiff_t>(ByteBlock::size)) {
             refused &= (1U << (end - at)) - 1U;
         }

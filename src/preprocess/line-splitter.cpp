@@ -11,28 +11,11 @@
 #include "src/base/characters.h"
 #include "src/base/messages.h"
 #include "src/base/parse-exception.h"
-#include "src/lex/refused-bytes.h"
 #include "src/preprocess/byte-search.h"
 
 namespace torvel {
 
 namespace {
-
-/// The first byte from `from` on that ends a line, begins a comment or is a quote; or a control character or a byte
-/// above 127, which are no more than stepped over. Tells whether another byte in front of it begins no token.
-const char* findSign(const char* from, bool& hasOddBytes) {
-    while (true) {
-        const ByteBlock bytes(from);
-        const std::uint32_t hits = bytes.controls() | bytes.oneOf<'"', ';', '\'', '/'>();
-        const std::uint32_t oddBytes = bytesOfNoToken(bytes);
-        if (hits != 0) {
-            hasOddBytes = hasOddBytes || (oddBytes & (hits - 1) & ~hits) != 0;
-            return from + std::countr_zero(hits);
-        }
-        hasOddBytes = hasOddBytes || oddBytes != 0;
-        from += ByteBlock::size;
-    }
-}
 
 /// The first byte from `from` on that is no blank, or `end`.
 const char* skipBlanks(const char* from, const char* end) {
@@ -97,20 +80,21 @@ LineSplitter::LineSplitter(Program& program, const Inclusion& inclusion, CheckRe
       record_(record),
       file_(inclusion.file->text),
       begin_(program.text.view(file_).data()),
-      next_(begin_) {}
+      next_(begin_),
+      signs_(begin_) {}
 
 bool LineSplitter::next(ScannedLine& line) {
     if (ended_) {
         return false;
     }
     const char* lineStart = next_;
-    const char* at = next_;
+    const char* at = nullptr;
     bool hasOddBytes = false;
     isJoined_ = false;
     // Where there is no fault, what ends the code ends the loop: a comment, or the line's end.
     std::size_t markerLength = 0;
     while (true) {
-        at = findSign(at, hasOddBytes);
+        at = signs_.next();
         if (*at == '\n' || *at == '\r' || *at == '\0') {
             break;
         }
@@ -119,11 +103,7 @@ bool LineSplitter::next(ScannedLine& line) {
             break;
         }
         if (*at == '"') {
-            at = findByte<'\0', '\n', '\r', '"'>(at + 1);
-            if (*at != '"') {
-                ended_ = true;
-                throw ParseException(Message::StringNotTerminated, {}, position());
-            }
+            skipString();
         } else if (*at != '/') {
             hasOddBytes = true;
         } else if (at[1] == '/') {
@@ -137,14 +117,26 @@ bool LineSplitter::next(ScannedLine& line) {
             isJoined_ = true;
             next_ = at;
             skipBlockComment();
-            lineStart = at = next_;
-            continue;
+            lineStart = next_;
         }
-        ++at;
     }
-    finishLine(line, lineStart, at, markerLength);
     line.hasOddBytes = hasOddBytes;
+    finishLine(line, lineStart, at, markerLength);
     return true;
+}
+
+/// To the quote that ends the string whose first quote is the last sign.
+void LineSplitter::skipString() {
+    while (true) {
+        const char* const at = signs_.next();
+        if (*at == '"') {
+            break;
+        }
+        if (*at == '\n' || *at == '\r' || *at == '\0') {
+            ended_ = true;
+            throw ParseException(Message::StringNotTerminated, {}, position());
+        }
+    }
 }
 
 void LineSplitter::skipBlockComment() {
@@ -173,17 +165,20 @@ void LineSplitter::skipBlockComment() {
         }
     }
     next_ += 2;
+    signs_.moveTo(next_);
 }
 
 void LineSplitter::finishLine(ScannedLine& line, const char* lineStart, const char* commentMarker,
                               std::size_t markerLength) {
-    const char* lineEnd =
-        markerLength == 0 ? commentMarker : findByte<'\0', '\n', '\r'>(commentMarker);
+    const char* lineEnd = markerLength == 0 ? commentMarker : signs_.nextLineEnd();
     line.lineNumber = lineNumber_;
     if (*lineEnd == '\0') {
         ended_ = true;
     } else {
         next_ = skipLineEnd(lineEnd);
+        if (next_ != lineEnd + 1) {
+            signs_.next();  // the line feed
+        }
         ++lineNumber_;
     }
     TextSpan store = file_;

@@ -5,6 +5,7 @@
 
 #include "src/base/check-record.h"
 #include "src/base/program.h"
+#include "src/preprocess/sign-search.h"
 
 namespace torvel {
 
@@ -46,6 +47,7 @@ public:
     std::uint32_t codeLines() const { return codeLines_; }
 
 private:
+    void skipString();
     void skipBlockComment();
     void finishLine(ScannedLine& line, const char* lineStart, const char* commentMarker,
                     std::size_t markerLength);
@@ -57,6 +59,7 @@ private:
     TextSpan file_;
     const char* begin_;
     const char* next_;
+    SignSearch signs_;
     std::uint32_t lineNumber_ = 1;
     std::uint32_t codeLines_ = 0;
     bool ended_ = false;

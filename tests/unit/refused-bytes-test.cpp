@@ -33,8 +33,10 @@ TEST(RefusedBytes, AreSuspectedWhereverTheyStand) {
                 code[at] = static_cast<char>(byte);
                 const ProgramText source(code);
                 const bool isSuspected = mayBeRefused(source.program.text.view(source.text()));
+                // Two that are rare are looked at together with their neighbours.
+                const bool isSuspectedInVain = byte == '|' || byte == '~';
                 if (!beginsAString) {
-                    ASSERT_EQ(isSuspected, isRefusedByLexer(source))
+                    ASSERT_EQ(isSuspected, isSuspectedInVain || isRefusedByLexer(source))
                         << "byte " << byte << " at " << at << " of " << length;
                 }
             }
