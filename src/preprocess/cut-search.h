@@ -73,7 +73,7 @@ private:
             dollars |= second.equal('$') << ByteBlock::size;
             quotes |= second.equal('"') << ByteBlock::size;
         }
-        starts_ = (words & ~(words << 1U)) | (dollars & dollars_) | quotes;
+        starts_ = (words & ~(words << 1U) & ~dollars) | (dollars & dollars_) | quotes;
         if (left < size) {
             starts_ &= (std::uint32_t{1} << left) - 1;
         }

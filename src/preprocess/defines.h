@@ -102,6 +102,11 @@ public:
     bool isDefined(std::string_view name);
     /// Whether `name` is a macro that can be called here.
     bool isMacro(std::string_view name);
+    /// Whether `text`, of a TextStore, may begin with a name: most texts are told by their first bytes.
+    bool mayBeginWithName(std::string_view text) {
+        return !text.empty() &&
+               (table_.lengths().mayBegin(text.data()) || !table_.longNames().empty());
+    }
 
 private:
     class NameFinder;

@@ -4,9 +4,7 @@
 #include "src/preprocess/macro-calls.h"
 
 #include <algorithm>
-#include <bit>
 
-#include "src/base/byte-block.h"
 #include "src/base/characters.h"
 
 namespace torvel {
@@ -15,6 +13,9 @@ namespace {
 
 /// The length of the word that `code` begins with if it is a macro's name and "(" follows.
 std::size_t callLength(PreprocessorRun& run, std::string_view code) {
+    if (!run.defines.mayBeginWithName(code)) {
+        return 0;
+    }
     std::size_t length = 0;
     while (length < code.size() && !isWhiteSpace(code[length]) && code[length] != '(') {
         ++length;
@@ -69,31 +70,9 @@ bool mayHaveNumberInFront(std::string_view code) {
     return code.starts_with('/') || code.starts_with('N') || code.starts_with('n');
 }
 
-/// The first "(" or ":" of `code`, a text of a TextStore, or its end: most lines have none.
-std::size_t findParenthesisOrColon(std::string_view code) {
-    const char* const begin = code.data();
-    const char* const end = begin + code.size();
-    const char* at = begin;
-    for (; at < end; at += ByteBlock::size) {
-        const std::uint32_t hits = ByteBlock(at).oneOf<'(', ':'>();
-        if (hits != 0) {
-            at += std::countr_zero(hits);
-            break;
-        }
-    }
-    return static_cast<std::size_t>(std::min(at, end) - begin);
-}
-
 }  // namespace
 
-CallPlace findMacroCall(PreprocessorRun& run, std::string_view code) {
-    if (!run.substitutes || run.program.macros.empty()) {
-        return {};
-    }
-    const std::size_t sign = findParenthesisOrColon(code);
-    if (sign == code.size()) {
-        return {};
-    }
+CallPlace findCallOfMacro(PreprocessorRun& run, std::string_view code, std::size_t sign) {
     const bool hasColon = code[sign] == ':';
     if (hasColon && code.find('(', sign) == std::string_view::npos) {
         return {};
