@@ -1,6 +1,5 @@
 #include "src/lex/keywords.h"
 
-#include <array>
 #include <iterator>
 
 #include "src/lex/word-table.h"
@@ -66,22 +65,6 @@ constexpr WordRow variableNames[] = {
 
 constexpr WordTable variables(variableNames);
 
-/// By first letter, which second letters follow it: most names of users are told by these.
-constexpr auto variableLetters = [] {
-    std::array<std::uint32_t, 32> letters{};
-    for (const WordRow& row : variableNames) {
-        letters[static_cast<unsigned char>(row.word[0]) % 32U] |= std::uint32_t{1}
-                                                                  << row.word[1] % 32;
-    }
-    return letters;
-}();
-
-bool mayBeginVariableName(char first, char second) {
-    return (variableLetters[static_cast<unsigned char>(first) % 32U] >>
-                (static_cast<unsigned char>(second) % 32U) &
-            1U) != 0;
-}
-
 /// Whether a name of the table is compared whole.
 bool isWhole(TokenType kind) {
     using enum TokenType;
@@ -103,10 +86,16 @@ TokenType keywordKind(std::string_view word) {
     return keywords.find(word);
 }
 
-TokenType variableKind(std::string_view word) {
-    if (word.size() < 3 || !mayBeginVariableName(word[1], word[2])) {
-        return TokenType::VARIABLE;
+constexpr std::array<std::uint32_t, 32> variableLetters = [] {
+    std::array<std::uint32_t, 32> letters{};
+    for (const WordRow& row : variableNames) {
+        letters[static_cast<unsigned char>(row.word[0]) % 32U] |= std::uint32_t{1}
+                                                                  << row.word[1] % 32;
     }
+    return letters;
+}();
+
+TokenType systemVariableKind(std::string_view word) {
     const std::string_view digits = trailingDigits(word);
     const std::string_view name = word.substr(1, word.size() - digits.size() - 1);
     const TokenType kind = variables.find(name);

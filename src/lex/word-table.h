@@ -89,22 +89,34 @@ private:
         if (upper.size() != size) {
             return false;
         }
+        if (size >= 8) {
+            return areBlocksUpperCaseOf<std::uint64_t>(upper, word);
+        }
+        if (size >= 4) {
+            return areBlocksUpperCaseOf<std::uint32_t>(upper, word);
+        }
         std::size_t i = 0;
-        for (; i + 8 <= size; i += 8) {
-            if (upperCaseOf(bytesAt<std::uint64_t>(word, i)) != bytesAt<std::uint64_t>(upper, i)) {
-                return false;
-            }
-        }
-        if (i + 4 <= size) {
-            if (upperCaseOf(bytesAt<std::uint32_t>(word, i)) != bytesAt<std::uint32_t>(upper, i)) {
-                return false;
-            }
-            i += 4;
-        }
         while (i < size && upper[i] == upperCase(word[i])) {
             ++i;
         }
         return i == size;
+    }
+
+    /// The same for words that are at least as long as a number; the last one may overlap the one before.
+    template <typename Number>
+    static bool areBlocksUpperCaseOf(std::string_view upper, std::string_view word) {
+        const auto isBlockUpperCaseOf = [&](std::size_t at) {
+            const Number wanted = bytesAt<Number>(upper, at);
+            const Number bytes = bytesAt<Number>(word, at);
+            return bytes == wanted || upperCaseOf(bytes) == wanted;
+        };
+        const std::size_t last = word.size() - sizeof(Number);
+        for (std::size_t i = 0; i < last; i += sizeof(Number)) {
+            if (!isBlockUpperCaseOf(i)) {
+                return false;
+            }
+        }
+        return isBlockUpperCaseOf(last);
     }
 
     template <typename Number>
