@@ -26,7 +26,7 @@ struct Translated {
 };
 
 template <typename Translate>
-Translated translate(MemoryProgram& memory, const Limits& limits, std::span<const Token> tokens,
+Translated translate(MemoryProgram& memory, const Limits& limits, const LineTokens& tokens,
                      Translate translator) {
     Translated result;
     ConversionContext context{memory.program(), memory.axes(), limits, result.log, {}};
@@ -63,12 +63,13 @@ void checkInParentheses(MemoryProgram& memory, const Limits& limits,
     std::vector<Token> enclosed = {{TokenType::LEFT_PAREN, {memory.program().text.add("(")}}};
     enclosed.insert(enclosed.end(), tokens.begin(), tokens.end());
     enclosed.push_back({TokenType::RIGHT_PAREN, {memory.program().text.add(")")}});
-    const Translated result = translate(memory, limits, enclosed, translateExpression);
+    const Translated result =
+        translate(memory, limits, test::LexedTokens(enclosed), translateExpression);
     if (result.succeeded) {
         require(result.tookAll, "what stands in parentheses is read in part: " + result.text);
     } else {
         require(result.log.back().text == messageText(Message::NestedTooDeeply),
-                "not translated in parentheses: " + result.log.back().text);
+                "not translated in parentheses: " + std::string(result.log.back().text));
     }
 }
 
@@ -87,8 +88,9 @@ void checkExpressions(const Target& /*target*/, std::string_view input) {
     MemoryProgram memory(std::string(prelude) + std::string(input), limits);
     const ProgramLines& lines = memory.program().lines;
     for (std::size_t number = 0; number < lines.size(); ++number) {
-        const std::vector<Token> tokens =
+        const test::LexedTokens lexed =
             test::lexedTokens(memory.program(), lines, number, memory.axes());
+        const LineTokens tokens = lexed.line();
         if (isOfPreprocessor(tokens)) {
             continue;
         }

@@ -4,7 +4,6 @@
 
 #include "src/app/conversion.h"
 
-#include <iterator>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -104,8 +103,7 @@ void convertLines(ConversionContext& context, ConvertedPart& part) {
         if constexpr (isRecorded) {
             beginLine(context, source, part.source->first + number);
         }
-        const std::span<const Token> tokens =
-            tokensOf(context.program, list, number, context.axes, room);
+        const LineTokens tokens = tokensOf(context.program, list, number, context.axes, room);
         BlockEffect effect{};
         const bool isConverted = convertStatement(context, tokens, text, effect);
         if (isConverted) {
@@ -163,19 +161,20 @@ struct MemoryTarget {
 template <typename Target>
 void writePart(const Program& program, const ConvertedPart& part, OutputLayout& layout,
                Target& target) {
-    std::size_t textStart = 0;
     const LineList& list = part.source->list;
+    const char* const texts = part.room.text.data();
+    std::size_t start = 0;
     std::size_t number = 0;
     for (const ConvertedLine& line : part.room.lines) {
-        const auto textEnd = static_cast<std::size_t>(line.textEnd);
+        const auto end = static_cast<std::size_t>(line.textEnd);
         std::optional<std::string_view> text;
         if (line.isConverted != 0) {
-            text = std::string_view(part.room.text).substr(textStart, textEnd - textStart);
+            text = std::string_view(texts + start, end - start);
         }
         layout.write(program, list, number++, text, static_cast<BlockEffect>(line.effect),
                      target.buffer());
         target.endLine();
-        textStart = textEnd;
+        start = end;
     }
 }
 
@@ -196,8 +195,7 @@ struct ProgramConversion::Parts {
             if (context.record != nullptr) {
                 append(*context.record, std::move(*part->record), context.log.size());
             }
-            context.log.insert(context.log.end(), std::make_move_iterator(part->log.begin()),
-                               std::make_move_iterator(part->log.end()));
+            context.log.take(std::move(part->log));
         }
         if (context.record != nullptr) {
             finishRecord(context.program, *context.record);
@@ -252,7 +250,7 @@ void appendLogLine(const ConversionMessage& message, TextBuffer& log) {
 MessageLog messagesOfReading(const Program& program) {
     MessageLog messages;
     for (const SourcePosition& position : program.nulCharacters) {
-        messages.push_back({messageText(Message::NulCharacter), position, Message::NulCharacter});
+        messages.add(Message::NulCharacter, {}, position);
     }
     return messages;
 }

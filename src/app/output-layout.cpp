@@ -20,20 +20,31 @@ void appendMarker(const Program& program, const SourceLine& line, const SourcePo
     out.appendStored(program.text.view(line.text));
 }
 
-/// The text, trimmed, and the comment behind it. False: nothing but white space came of it.
-bool appendConverted(const Program& program, const SourceLine& line, std::string_view text,
+bool isBlankLine(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), isWhiteSpace);
+}
+
+/// Tabs, the text and the comment behind it.
+void appendConverted(std::string_view text, std::string_view comment, unsigned level,
                      TextBuffer& out) {
-    const std::string_view trimmed = trimBlanks(text);
-    const bool isBlankLine = std::all_of(trimmed.begin(), trimmed.end(), isWhiteSpace);
-    out.appendStored(trimmed);
-    if (!line.comment.empty()) {
-        if (!isBlankLine) {
-            out += ' ';
-        }
-        out += "// ";
-        out.appendStored(program.text.view(line.comment));
+    constexpr std::size_t markerSize = 4;
+    TextBuffer::Tail line = out.tail(level + text.size() + markerSize + comment.size() + 1);
+    const bool isEmpty = isBlankLine(text);
+    if (!isEmpty || !comment.empty()) {  // an empty line has no tabs
+        line.append(level, '\t');
+        line.appendStored(text);
     }
-    return !isBlankLine || !line.comment.empty();
+    if (!comment.empty()) {
+        if (!isEmpty) {
+            line.append(' ');
+        }
+        line.append('/');
+        line.append('/');
+        line.append(' ');
+        line.appendStored(comment);
+    }
+    line.append('\n');
+    out.endAt(line);
 }
 
 }  // namespace
@@ -47,17 +58,17 @@ void OutputLayout::write(const Program& program, const LineList& list, std::size
     if (closes && level_ > 0) {
         --level_;
     }
-    const std::size_t start = out.size();
-    out.append(level_, '\t');
+    const unsigned level = level_;
     if (opens) {
         ++level_;
     }
-    if (!text) {
+    if (text) {
+        appendConverted(trimBlanks(*text), program.text.view(line.comment), level, out);
+    } else {
+        out.append(level, '\t');
         appendMarker(program, line, list.positionOf(number), out);
-    } else if (!appendConverted(program, line, *text, out)) {
-        out.truncate(start);  // an empty line has no tabs
+        out += '\n';
     }
-    out += '\n';
 }
 
 }  // namespace torvel

@@ -1,9 +1,6 @@
 #include "src/base/check-record.h"
 
 #include <algorithm>
-#include <iterator>
-
-#include "src/base/uninitialized-bytes.h"
 
 namespace torvel {
 
@@ -26,27 +23,6 @@ void enterDefined(CheckRecord& record, std::string_view name) {
     if (!record.defined.insert(name)) {
         record.definedAgain.insert(name);
     }
-}
-
-std::string_view KeptTexts::keep(std::string_view text) {
-    constexpr std::size_t chunkBytes = 4096;
-    constexpr std::size_t readBehind = 16;
-    if (text.size() > left_) {
-        left_ = std::max(chunkBytes, text.size());
-        chunks_.push_back(uninitializedBytes(left_ + readBehind));
-        next_ = chunks_.back().get();
-    }
-    const std::string_view kept(next_, text.size());
-    next_ = std::copy(text.begin(), text.end(), next_);
-    left_ -= text.size();
-    return kept;
-}
-
-void KeptTexts::take(KeptTexts&& further) {
-    // What is free in the last chunk of its own is used further on.
-    chunks_.insert(chunks_.begin(), std::make_move_iterator(further.chunks_.begin()),
-                   std::make_move_iterator(further.chunks_.end()));
-    further = {};
 }
 
 void takeOff(CheckRecord& record, const RecordMark& mark) {

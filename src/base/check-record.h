@@ -9,6 +9,7 @@
 #include "src/base/block-effect.h"
 #include "src/base/findings.h"
 #include "src/base/growing-array.h"
+#include "src/base/kept-texts.h"
 #include "src/base/name-places.h"
 #include "src/base/name-set.h"
 #include "src/base/names-of-parts.h"
@@ -88,19 +89,6 @@ struct VariablePlace {
 struct ValueUse {
     std::uint32_t programLine = 0;
     TextSpan name{};
-};
-
-/// Texts that stand nowhere else. They stay where they are, also when another record takes them, and as in every text
-/// store sixteen bytes can be read from each of them on.
-class KeptTexts {
-public:
-    std::string_view keep(std::string_view text);
-    void take(KeptTexts&& further);
-
-private:
-    std::vector<std::unique_ptr<char[]>> chunks_;
-    char* next_ = nullptr;
-    std::size_t left_ = 0;
 };
 
 /// A comment that the output does not have.

@@ -5,9 +5,11 @@
 #include <cstdint>
 #include <cstdlib>
 #include <new>
+#include <span>
 #include <type_traits>
 #include <utility>
 
+#include "src/base/cold.h"
 #include "src/base/large-memory.h"
 
 namespace torvel {
@@ -64,6 +66,14 @@ public:
         rows_[size_++] = row;
     }
 
+    /// The same for rows of another list.
+    void append(std::span<const Row> rows) {
+        reserve(size_ + rows.size() > capacity_ ? std::max(size_ + size_ / 2, size_ + rows.size())
+                                                : 0);
+        std::copy(rows.begin(), rows.end(), rows_ + size_);
+        size_ += rows.size();
+    }
+
     /// For who appends many rows: where the next one belongs, and behind the last that there is room for. Where there
     /// is none, room is made. The rows count when they are told by endAt().
     struct Room {
@@ -80,7 +90,7 @@ public:
 
 private:
     /// Half as much again: what is never touched costs no memory.
-    void grow(std::size_t least = 0) {
+    TORVEL_COLD void grow(std::size_t least = 0) {
         const std::size_t rows = std::max(size_ + size_ / 2 + 64, least);
         if (rows > UINT32_MAX) {
             throw std::bad_alloc();  // rows are counted with 32 bits

@@ -20,17 +20,22 @@ std::string_view messageCode(Message message) {
     return codes[static_cast<std::size_t>(message)];
 }
 
-std::string messageText(Message message, std::initializer_list<std::string_view> holes) {
+void appendMessageText(Message message, std::initializer_list<std::string_view> holes,
+                       TextBuffer& out) {
     std::string_view text = texts[static_cast<std::size_t>(message)];
-    std::string result;
     for (std::string_view hole : holes) {
         const std::size_t at = text.find("{}");
-        result += text.substr(0, at);
-        result += hole;
+        out += text.substr(0, at);
+        out += hole;
         text.remove_prefix(at + 2);
     }
-    result += text;
-    return result;
+    out += text;
+}
+
+std::string messageText(Message message, std::initializer_list<std::string_view> holes) {
+    TextBuffer text;
+    appendMessageText(message, holes, text);
+    return text.toString();
 }
 
 }  // namespace torvel

@@ -40,6 +40,12 @@ inline Token makeNumberedToken(TokenType type, std::uint32_t number) {
     return token;
 }
 
+/// The tokens of a line that is converted. Two of kind TokenType::END_OF_FILE stand behind the last one and do not count:
+/// who looks at what follows need not ask whether anything does.
+struct LineTokens : std::span<const Token> {
+    static constexpr std::size_t endTokens = 2;
+};
+
 // Two kinds that the preprocessor makes beside those of token-kinds.def. They lead a statement that is
 // converted as a whole, so no message ever names them.
 

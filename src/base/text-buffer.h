@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "src/base/cold.h"
+
 namespace torvel {
 
 /// Text that grows at its end, a few bytes at a time: what Torvel text is put together in. It does what a
@@ -68,16 +70,18 @@ public:
     /// sixteen bytes at a time, the last ones with what follows.
     void appendStored(std::string_view text) {
         makeRoom(text.size());
-        char* to = end_;
-        const char* from = text.data();
-        end_ += text.size();
-        for (; to < end_; to += spareSize, from += spareSize) {
-            std::memcpy(to, from, spareSize);
-        }
+        Tail behind(end_);
+        behind.appendStored(text);
+        endAt(behind);
     }
-    void append(std::size_t count, char c) {
-        if (count != 0) {
-            makeRoom(count);
+
+    /// Writes behind a text for which there is room.
+    class Tail {
+    public:
+        explicit Tail(char* end) : end_(end) {}
+        char* end() const { return end_; }
+        void append(char c) { *end_++ = c; }
+        void append(std::size_t count, char c) {
             // A fixed number of bytes needs no call.
             std::memset(end_, c, spareSize);
             if (count > spareSize) {
@@ -85,6 +89,29 @@ public:
             }
             end_ += count;
         }
+        void appendStored(std::string_view text) {
+            const char* from = text.data();
+            char* const last = end_ + text.size();
+            for (char* to = end_; to < last; to += spareSize, from += spareSize) {
+                std::memcpy(to, from, spareSize);
+            }
+            end_ = last;
+        }
+
+    private:
+        char* end_;
+    };
+    /// For who appends several pieces, of `most` bytes altogether at most. They count when they are told by endAt().
+    Tail tail(std::size_t most) {
+        makeRoom(most);
+        return Tail(end_);
+    }
+    void endAt(const Tail& tail) { end_ = tail.end(); }
+
+    void append(std::size_t count, char c) {
+        Tail behind = tail(count);
+        behind.append(count, c);
+        endAt(behind);
     }
     TextBuffer& operator+=(std::string_view text) {
         append(text);
@@ -155,7 +182,7 @@ private:
         std::memcpy(to + count - sizeof last, &last, sizeof last);
     }
 
-    void grow(std::size_t size);
+    TORVEL_COLD void grow(std::size_t size);
     bool isInside() const { return begin_ == inside_.data(); }
     void release() {
         if (!isInside()) {

@@ -108,8 +108,7 @@ void notePlaceOfEffect(const ConversionContext& context, BlockEffect effect) {
 }
 
 /// Tells where the line's statement begins, and what stands in it.
-void notePlaces(const ConversionContext& context, std::span<const Token> tokens,
-                BlockEffect effect) {
+void notePlaces(const ConversionContext& context, const LineTokens& tokens, BlockEffect effect) {
     notePlaceOfEffect(context, effect);
     if (tokens.empty()) {
         return;
@@ -178,7 +177,7 @@ void completeLine(CheckRecord& record, const RecordMark& mark, std::uint32_t lin
 }  // namespace
 
 void recordWholeLine(ConversionContext& context, LineMark& mark, const SourceLine& line,
-                     std::span<const Token> tokens, bool isConverted, std::string_view text,
+                     const LineTokens& tokens, bool isConverted, std::string_view text,
                      BlockEffect effect) {
     CheckRecord& record = *context.record;
     const std::uint32_t number = record.programLine;

@@ -63,13 +63,13 @@ inline bool hasVariablesAtMost(const ConversionContext& context, const LineMark&
 
 /// What recordLine() does for every other line.
 void recordWholeLine(ConversionContext& context, LineMark& mark, const SourceLine& line,
-                     std::span<const Token> tokens, bool isConverted, std::string_view text,
+                     const LineTokens& tokens, bool isConverted, std::string_view text,
                      BlockEffect effect);
 
 /// Completes the findings of the line that was begun, which was converted from `tokens` just now. `mark` was what there
 /// was in front of it, and becomes what there is behind it.
 inline void recordLine(ConversionContext& context, LineMark& mark, const SourceLine& line,
-                       std::span<const Token> tokens, bool isConverted, std::string_view text,
+                       const LineTokens& tokens, bool isConverted, std::string_view text,
                        BlockEffect effect) {
     if (isConverted && hasVariablesAtMost(context, mark, line, tokens, text, effect)) {
         recordVariables(context, tokens);

@@ -28,14 +28,14 @@ void translateAxisAtRunTime(Statement& statement,
 
 }  // namespace
 
-std::vector<ExpressionText> translateAxisList(Statement& statement) {
-    std::vector<ExpressionText> axes;
+TextList translateAxisList(Statement& statement) {
+    TextList axes;
     while (!statement.isRefused) {
         if (isAxis(statement.cursor.type())) {
-            axes.emplace_back(statement.cursor.text());
+            axes.add(statement.cursor.text());
             statement.cursor.advance();
         } else if (statement.cursor.is(TokenType::AT)) {
-            translateAxisAtRunTime(statement, translateExpression, axes.emplace_back());
+            translateAxisAtRunTime(statement, translateExpression, axes.begin());
         } else if (statement.cursor.is(TokenType::PERCENT)) {
             refuse(statement, Message::AxisMaskUnsupported);
         } else {
@@ -45,10 +45,10 @@ std::vector<ExpressionText> translateAxisList(Statement& statement) {
     return axes;
 }
 
-std::vector<ExpressionText> translateAxes(Statement& statement) {
+TextList translateAxes(Statement& statement) {
     static constexpr TokenType accepted[] = {TokenType::AXIS_NAME, TokenType::AXIS_DEFINE,
                                              TokenType::AT};
-    std::vector<ExpressionText> axes = translateAxisList(statement);
+    TextList axes = translateAxisList(statement);
     if (axes.empty()) {
         reportUnexpectedToken(statement, accepted);
     }
@@ -64,7 +64,7 @@ void translateSingleAxis(Statement& statement, ExpressionText& out) {
         cursor.advance();
         return;
     }
-    const std::vector<ExpressionText> axes = translateAxisList(statement);
+    const TextList axes = translateAxisList(statement);
     if (axes.size() != 1) {
         refuse(statement, Message::SingleAxisExpected);
         return;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
+#include "src/base/text-list.h"
 #include "src/expr/parser-core.h"
 
 namespace torvel {
@@ -14,10 +12,10 @@ constexpr bool isAxis(TokenType type) {
 
 /// Reads axes that stand next to each other: names, preserved axis defines, "@" expressions. The list
 /// ends at any other token; it may be empty.
-std::vector<ExpressionText> translateAxisList(Statement& statement);
+TextList translateAxisList(Statement& statement);
 
 /// Reads axes, at least one: for statements and terms that Torvel has one of per axis.
-std::vector<ExpressionText> translateAxes(Statement& statement);
+TextList translateAxes(Statement& statement);
 
 /// Reads axes, of which there must be exactly one.
 void translateSingleAxis(Statement& statement, ExpressionText& out);

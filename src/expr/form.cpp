@@ -14,7 +14,7 @@ namespace {
 
 void translateAxisOperands(Statement& statement, bool isBracketed, ExpressionText& out) {
     const Token* const before = statement.cursor.place() - 1;
-    const std::vector<ExpressionText> axes = translateAxisList(statement);
+    const TextList axes = translateAxisList(statement);
     // No axes behind SYNCAXES is what NONE is.
     if (axes.empty() && before->type != TokenType::SYNCAXES) {
         noteCheck(statement, Check::EmptyAxes, before);

@@ -82,12 +82,13 @@ Precedence translateStrfind(Statement& statement, ExpressionText& out) {
 /// (StatusGetAxisItem(axis, ...) != 0) for each axis, joined by &&
 Precedence translateIsDone(Statement& statement, ExpressionText& out) {
     expectToken(statement, TokenType::LEFT_PAREN);
-    const std::vector<ExpressionText> axes = translateAxes(statement);
+    const TextList axes = translateAxes(statement);
     expectToken(statement, TokenType::RIGHT_PAREN);
     for (std::size_t i = 0; i < axes.size(); ++i) {
         out += i == 0 ? "" : " && ";
-        out += "(StatusGetAxisItem(" + axes[i] +
-               ", AxisStatusItem.AxisStatus, AxisStatus.WaitDone) != 0)";
+        out += "(StatusGetAxisItem(";
+        out += axes[i];
+        out += ", AxisStatusItem.AxisStatus, AxisStatus.WaitDone) != 0)";
     }
     return axes.size() > 1 ? Precedence::logicalAnd : Precedence::primary;
 }

@@ -64,7 +64,7 @@ void noteItemPlace(const Statement& statement, ItemTable table, std::int32_t num
     Statement item{context, statement.cursor, text};
     translateItem(item, table, number, first, text);
     recordPlace(statement, NamePlace::Kind::item, NamePlace::Role::use, first,
-                log.empty() ? std::string_view(text) : std::string_view(log.front().text));
+                log.empty() ? std::string_view(text) : log[0].text);
 }
 
 }  // namespace

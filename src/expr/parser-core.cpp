@@ -44,7 +44,7 @@ void logConversionMessage(Statement& statement, Message message,
                           std::initializer_list<std::string_view> holes) {
     if (!statement.isRefused) {
         ConversionContext& context = statement.context;
-        context.log.push_back({messageText(message, holes), context.position, message});
+        context.log.add(message, holes, context.position);
     }
 }
 
@@ -140,14 +140,14 @@ OpenConstruct::OpenConstruct(Statement& statement) : context_(statement.context)
     }
 }
 
-void joinItems(std::span<const ExpressionText> items, ExpressionText& out) {
+void joinItems(const TextList& items, ExpressionText& out) {
     for (std::size_t i = 0; i < items.size(); ++i) {
         out += i == 0 ? "" : ", ";
         out += items[i];
     }
 }
 
-void formatList(std::span<const ExpressionText> items, bool collapseSingle, ExpressionText& out) {
+void formatList(const TextList& items, bool collapseSingle, ExpressionText& out) {
     const bool isBare = collapseSingle && items.size() == 1;
     out += isBare ? "" : "[";
     joinItems(items, out);

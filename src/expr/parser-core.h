@@ -9,9 +9,12 @@
 
 #include "src/base/block-effect.h"
 #include "src/base/check-record.h"
+#include "src/base/cold.h"
+#include "src/base/message-log.h"
 #include "src/base/messages.h"
 #include "src/base/program.h"
 #include "src/base/text-buffer.h"
+#include "src/base/text-list.h"
 #include "src/expr/reference-rows.h"
 #include "src/lex/axis-names.h"
 #include "src/limits.h"
@@ -33,16 +36,6 @@ using ExpressionText = TextBuffer;
 /// Torvel text of a statement, under construction: one line, or several joined by line feeds.
 using StatementText = TextBuffer;
 
-/// A problem that the conversion met, and the line where it met it.
-struct ConversionMessage {
-    std::string text;
-    SourcePosition position;
-    Message message{};
-};
-
-/// The messages of a run, in the order in which they were met.
-using MessageLog = std::vector<ConversionMessage>;
-
 /// What a line is converted with.
 struct ConversionContext {
     const Program& program;
@@ -62,12 +55,12 @@ struct ConversionContext {
 /// A place in a line's tokens.
 class TokenCursor {
 public:
-    TokenCursor(const Program& program, std::span<const Token> tokens)
+    TokenCursor(const Program& program, const LineTokens& tokens)
         : program_(program), begin_(tokens.data()), next_(begin_), end_(begin_ + tokens.size()) {}
 
     bool atEnd() const { return next_ == end_; }
     /// The kind of the current token; TokenType::END_OF_FILE behind the last.
-    TokenType type() const { return atEnd() ? TokenType::END_OF_FILE : next_->type; }
+    TokenType type() const { return next_->type; }
     bool is(TokenType type) const { return this->type() == type; }
     /// Where the current token stands, or the end of the tokens.
     const Token* place() const { return next_; }
@@ -78,9 +71,7 @@ public:
     /// The Torvel text of the current token, a preserved define.
     std::string_view value() const { return program_.valueOf(*next_); }
     /// The kind of the token behind the current one.
-    TokenType following() const {
-        return end_ - next_ > 1 ? next_[1].type : TokenType::END_OF_FILE;
-    }
+    TokenType following() const { return next_[1].type; }
     /// The kind of the token in front of the current one.
     TokenType previous() const { return next_ == begin_ ? TokenType::END_OF_FILE : next_[-1].type; }
     /// Steps over the current token; at the end nothing happens.
@@ -140,19 +131,20 @@ inline bool acceptToken(Statement& statement, TokenType type) {
 }
 
 /// Refuses the statement because of the current token, or the end of the line.
-void reportUnexpectedToken(Statement& statement, TokenTypes types = {});
+TORVEL_COLD void reportUnexpectedToken(Statement& statement, TokenTypes types = {});
 
 /// Logs a message at the statement's line, beside which it is converted.
-void logConversionMessage(Statement& statement, Message message,
-                          std::initializer_list<std::string_view> holes = {});
+TORVEL_COLD void logConversionMessage(Statement& statement, Message message,
+                                      std::initializer_list<std::string_view> holes = {});
 
 /// Logs a message and refuses the statement.
-void refuse(Statement& statement, Message message,
-            std::initializer_list<std::string_view> holes = {});
+TORVEL_COLD void refuse(Statement& statement, Message message,
+                        std::initializer_list<std::string_view> holes = {});
 
 /// Records a check at the tokens from `first` up to `last`, if somebody asks for checks. That of a line that is
 /// refused is forgotten.
-void recordCheck(const Statement& statement, Check check, const Token* first, const Token* last);
+TORVEL_COLD void recordCheck(const Statement& statement, Check check, const Token* first,
+                             const Token* last);
 inline void noteCheck(const Statement& statement, Check check, const Token* first,
                       const Token* last) {
     if (statement.context.record != nullptr) [[unlikely]] {
@@ -166,8 +158,8 @@ inline void noteCheck(const Statement& statement, Check check, const Token* firs
 
 /// Records what the line says for a pass over the whole program; its place is that of the tokens from `first` up
 /// to the cursor.
-void recordFact(const Statement& statement, Fact::Kind kind, std::string_view name,
-                const Token* first);
+TORVEL_COLD void recordFact(const Statement& statement, Fact::Kind kind, std::string_view name,
+                            const Token* first);
 inline void noteFact(const Statement& statement, Fact::Kind kind, std::string_view name,
                      const Token* first) {
     if (statement.context.record != nullptr) [[unlikely]] {
@@ -235,9 +227,9 @@ private:
 };
 
 /// The items separated by ", ".
-void joinItems(std::span<const ExpressionText> items, ExpressionText& out);
+void joinItems(const TextList& items, ExpressionText& out);
 
 /// "[" and the items separated by ", " and "]". With `collapseSingle` one item stands alone.
-void formatList(std::span<const ExpressionText> items, bool collapseSingle, ExpressionText& out);
+void formatList(const TextList& items, bool collapseSingle, ExpressionText& out);
 
 }  // namespace torvel

@@ -79,7 +79,7 @@ WordStart startOfWord(std::string_view word, const AxisNames& axes) {
 }
 
 /// What a byte begins.
-enum class Start : std::uint8_t { punctuation, single, blank, word, number };
+enum class Start : std::uint8_t { punctuation, single, blank, word, number, string };
 
 /// The kinds of token that a single character is whatever follows.
 constexpr std::array<TokenType, 256> singles = []() {
@@ -108,6 +108,8 @@ constexpr std::array<Start, 256> starts = []() {
             table[c] = Start::word;
         } else if (isBlank(character)) {
             table[c] = Start::blank;
+        } else if (character == '"') {
+            table[c] = Start::string;
         } else if (singles[c] != TokenType::INVALID) {
             table[c] = Start::single;
         }
@@ -115,7 +117,7 @@ constexpr std::array<Start, 256> starts = []() {
     return table;
 }();
 
-/// A token that was read: its kind and the place behind it. TokenType::INVALID: its reader has appended it.
+/// A token that was read: its kind and the place behind it.
 struct Lexeme {
     TokenType type;
     const char* last;
@@ -140,10 +142,16 @@ public:
 
     void lex(TextSpan code) {
         const char* next = text_.view(code).data();
-        bias_ = code.offset - addressOf(next);
-        end_ = next + code.length;
+        const char* const end = next + code.length;
+        // A place in the text is as far everywhere in a code from the lower half of the place in memory.
+        const std::uint32_t bias = code.offset - addressOf(next);
+        const auto place = [bias](const char* first, const char* last) {
+            return TextSpan{addressOf(first) + bias, static_cast<std::uint32_t>(last - first)};
+        };
+        Room room = room_;
+        end_ = end;
         wordEnd_ = next;
-        while (next != end_) {
+        while (next < end) {
             const auto byte = static_cast<unsigned char>(*next);
             Lexeme lexeme{};
             switch (starts[byte]) {
@@ -152,20 +160,32 @@ public:
                 case Start::word: lexeme = readWord(next); break;
                 case Start::number: lexeme = readNumber(next); break;
                 case Start::punctuation: lexeme = readPunctuation(next); break;
+                case Start::string: {
+                    const char* const quote = findQuote(next + 1);
+                    append(room, {TokenType::STRING_LITERAL, {place(next + 1, quote)}});
+                    next = quote + 1;
+                    continue;
+                }
             }
-            if (lexeme.type != TokenType::INVALID) {
-                append(lexeme.type, next, lexeme.last);
-            }
+            append(room, {lexeme.type, {place(next, lexeme.last)}});
             next = lexeme.last;
+            if (*next == ' ') {
+                ++next;
+            }
         }
+        room_ = room;
     }
 
-    void append(const Token& token) {
-        if (room_.next == room_.limit) [[unlikely]] {
-            finish();
-            room_ = tokens_.makeRoom();
+    void append(const Token& token) { append(room_, token); }
+
+    /// The tokens count from now on, and are those of a line.
+    LineTokens finishLine() {
+        constexpr Token end{TokenType::END_OF_FILE, {}};
+        for (std::size_t i = 0; i < LineTokens::endTokens; ++i) {
+            append(end);
         }
-        *room_.next++ = token;
+        tokens_.endAt(room_.next - LineTokens::endTokens);
+        return {{tokens_.data(), tokens_.size()}};
     }
 
     /// The tokens count from now on.
@@ -177,11 +197,16 @@ private:
         return end_ - at > distance ? at[distance] : '\0';
     }
 
-    void append(TokenType type, const char* first, const char* last) {
-        append({type, {{addressOf(first) + bias_, static_cast<std::uint32_t>(last - first)}}});
+    using Room = GrowingArray<Token>::Room;
+
+    void append(Room& room, const Token& token) {
+        if (room.next == room.limit) [[unlikely]] {
+            tokens_.endAt(room.next);
+            room = tokens_.makeRoom();
+        }
+        *room.next++ = token;
     }
 
-    /// The lower half of a place in memory, from which a place in the text is as far everywhere in a code.
     static std::uint32_t addressOf(const char* at) {
         return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(at));
     }
@@ -258,13 +283,13 @@ private:
         return {TokenType::HEX_LITERAL, last};
     }
 
-    Lexeme readString(const char* first) {
-        const char* quote = std::find(first + 1, end_, '"');
+    /// The quote that ends a string.
+    const char* findQuote(const char* from) const {
+        const char* const quote = std::find(from, end_, '"');
         if (quote == end_) {
             throw ParseException(Message::StringNotTerminated, {}, place_.position());
         }
-        append(TokenType::STRING_LITERAL, first + 1, quote);
-        return {TokenType::INVALID, quote + 1};
+        return quote;
     }
 
     Lexeme readVariable(const char* first) {
@@ -281,7 +306,6 @@ private:
         using enum TokenType;
         const char following = peek(first);
         switch (*first) {
-            case '"': return readString(first);
             case '$': return readVariable(first);
             case '!': return takeOneOrTwo(EXCLAMATION, first, '=', NOT_EQUAL);
             // "%=" is a "%" with another text, on purpose: there is no such assignment.
@@ -348,8 +372,7 @@ private:
     const AxisNames& axes_;
     const LinePlace& place_;
     GrowingArray<Token>& tokens_;
-    GrowingArray<Token>::Room room_;
-    std::uint32_t bias_ = 0;
+    Room room_;
     const char* end_ = nullptr;
     const char* wordEnd_ = nullptr;
 };
@@ -364,8 +387,8 @@ void lexLine(const TextStore& text, const AxisNames& axes, TextSpan code,
     lexer.finish();
 }
 
-std::span<const Token> tokensOf(const Program& program, const LineList& list, std::size_t line,
-                                const AxisNames& axes, GrowingArray<Token>& room) {
+LineTokens tokensOf(const Program& program, const LineList& list, std::size_t line,
+                    const AxisNames& axes, GrowingArray<Token>& room) {
     const LinePlace place = {{}, &list, line};
     room.clear();
     Lexer lexer(program.text, axes, place, room);
@@ -380,8 +403,7 @@ std::span<const Token> tokensOf(const Program& program, const LineList& list, st
             }
         }
     }
-    lexer.finish();
-    return {room.data(), room.size()};
+    return lexer.finishLine();
 }
 
 void appendTokenText(TokenType type, std::string_view source, TextBuffer& out) {

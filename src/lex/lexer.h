@@ -19,9 +19,9 @@ void lexLine(const TextStore& text, const AxisNames& axes, TextSpan code,
 /// in blocks of sixteen bytes.
 bool mayBeRefused(std::string_view code);
 
-/// The tokens of a line: those that it has already, or else lexed into `room`.
-std::span<const Token> tokensOf(const Program& program, const LineList& list, std::size_t line,
-                                const AxisNames& axes, GrowingArray<Token>& room);
+/// The tokens of a line, in `room`: those that it has already, or else lexed.
+LineTokens tokensOf(const Program& program, const LineList& list, std::size_t line,
+                    const AxisNames& axes, GrowingArray<Token>& room);
 
 /// Appends a token's text: its source, but "0x" in front of every hexadecimal literal's digits, and an
 /// upper-case F behind an axis feedrate specifier.

@@ -7,14 +7,14 @@ namespace torvel {
 /// AutofocusOn(axis) | AutofocusOff(axis), a call for each axis
 void convertAutofocus(Statement& statement) {
     statement.cursor.advance();
-    const std::vector<ExpressionText> axes = translateAxes(statement);
+    const TextList axes = translateAxes(statement);
     acceptToken(statement, TokenType::COMMA);
     const bool isOn = statement.cursor.is(TokenType::ON);
     expectToken(statement, {TokenType::ON, TokenType::OFF});
-    for (const ExpressionText& axis : axes) {
-        statement.text += &axis == &axes.front() ? "" : "\n";
+    for (std::size_t i = 0; i < axes.size(); ++i) {
+        statement.text += i == 0 ? "" : "\n";
         statement.text += isOn ? "AutofocusOn(" : "AutofocusOff(";
-        statement.text += axis;
+        statement.text += axes[i];
         statement.text += ')';
     }
 }

@@ -36,12 +36,4 @@ AxisWord readAxisWord(Statement& statement) {
     return word;
 }
 
-std::vector<AxisWord> readAxisPoints(Statement& statement) {
-    std::vector<AxisWord> words;
-    while (!statement.cursor.atEnd()) {
-        words.push_back(readAxisWord(statement));
-    }
-    return words;
-}
-
 }  // namespace torvel

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <string>
-#include <vector>
+#include <string_view>
 
 #include "src/expr/parser-core.h"
 
@@ -18,7 +17,19 @@ struct AxisWord {
 /// Reads an axis or an address letter (not G, M or N), an optional "=", and a value.
 AxisWord readAxisWord(Statement& statement);
 
-/// Reads words up to the end of the line.
-std::vector<AxisWord> readAxisPoints(Statement& statement);
+/// Reads axes and values up to the end of the line and calls visit(axis, value) for each. If one of them is no axis, the
+/// statement is refused behind the last.
+template <typename Visit>
+void visitAxisPoints(Statement& statement, Visit visit) {
+    bool areAxes = true;
+    while (!statement.cursor.atEnd()) {
+        const AxisWord point = readAxisWord(statement);
+        areAxes = areAxes && point.isAxis;
+        visit(std::string_view(point.name), std::string_view(point.value));
+    }
+    if (!areAxes) {
+        refuse(statement, Message::AxisPointExpected);
+    }
+}
 
 }  // namespace torvel

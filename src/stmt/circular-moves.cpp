@@ -7,7 +7,9 @@ namespace {
 
 /// Three words, and two more where the line goes on. Commas between them may be left out.
 std::vector<AxisWord> readWords(Statement& statement) {
-    std::vector<AxisWord> words = {readAxisWord(statement)};
+    std::vector<AxisWord> words;
+    words.reserve(5);
+    words.push_back(readAxisWord(statement));
     while (words.size() < 3 || (words.size() < 5 && !statement.cursor.atEnd())) {
         if (statement.isRefused) {
             break;

@@ -174,8 +174,8 @@ void convert(Statement& statement) {
 
 }  // namespace
 
-bool convertStatement(ConversionContext& context, std::span<const Token> tokens,
-                      StatementText& text, BlockEffect& effect) {
+bool convertStatement(ConversionContext& context, const LineTokens& tokens, StatementText& text,
+                      BlockEffect& effect) {
     text.clear();
     Statement statement{context, TokenCursor(context.program, tokens), text};
     convert(statement);
@@ -183,7 +183,7 @@ bool convertStatement(ConversionContext& context, std::span<const Token> tokens,
     return !statement.isRefused;
 }
 
-std::size_t prologueLength(const ConversionContext& context, std::span<const Token> tokens) {
+std::size_t prologueLength(const ConversionContext& context, const LineTokens& tokens) {
     MessageLog log;
     ConversionContext unrecorded = {context.program, context.axes, context.limits, log,
                                     context.position};

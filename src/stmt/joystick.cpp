@@ -5,9 +5,8 @@ namespace torvel {
 
 namespace {
 
-const ExpressionText joystickInputs[] = {ExpressionText("JoystickInput.Input0"),
-                                         ExpressionText("JoystickInput.Input1"),
-                                         ExpressionText("JoystickInput.Input2")};
+constexpr std::string_view joystickInputs[] = {"JoystickInput.Input0", "JoystickInput.Input1",
+                                               "JoystickInput.Input2"};
 
 /// AXISGROUP NONE | axes
 /// JoystickAxisGroupRemoveAll() | JoystickAxisGroupAdd([axes], [inputs])
@@ -16,15 +15,19 @@ void writeJoystickAxes(Statement& statement) {
         statement.text += "JoystickAxisGroupRemoveAll()";
         return;
     }
-    const std::vector<ExpressionText> axes = translateAxisList(statement);
+    const TextList axes = translateAxisList(statement);
     if (axes.empty() || axes.size() > std::size(joystickInputs)) {
         refuse(statement, Message::OneToThreeAxesExpected);
         return;
     }
+    TextList inputs;
+    while (inputs.size() < axes.size()) {
+        inputs.add(joystickInputs[inputs.size()]);
+    }
     statement.text += "JoystickAxisGroupAdd(";
     formatList(axes, false, statement.text);
     statement.text += ", ";
-    formatList(std::span(joystickInputs).first(axes.size()), false, statement.text);
+    formatList(inputs, false, statement.text);
     statement.text += ')';
 }
 

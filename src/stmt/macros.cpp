@@ -44,7 +44,7 @@ void convertMacroDefinition(Statement& statement, const Macro& macro) {
         if (record != nullptr) {
             record->lineText = macro.lines.lines[line].text;
         }
-        const std::span<const Token> tokens =
+        const LineTokens tokens =
             tokensOf(program, macro.lines, line, statement.context.axes, room);
         isConverted = convertStatement(statement.context, tokens, text, effect) && isConverted;
         if (record != nullptr) {

@@ -39,19 +39,19 @@ void convertConditionWait(Statement& statement, std::string_view) {
 void convertPvt(Statement& statement) {
     const bool hasVelocities = statement.cursor.is(TokenType::PVT);
     statement.cursor.advance();
-    std::vector<ExpressionText> axes;
-    std::vector<ExpressionText> positions;
-    std::vector<ExpressionText> velocities;
+    TextList axes;
+    TextList positions;
+    TextList velocities;
     do {
-        translateSingleAxis(statement, axes.emplace_back());
+        translateSingleAxis(statement, axes.begin());
         acceptToken(statement, TokenType::COMMA);
         const Token* const position = statement.cursor.place();
-        translateExpression(statement, positions.emplace_back());
+        translateExpression(statement, positions.begin());
         checkJoinedBySign(statement, position);
         acceptToken(statement, TokenType::COMMA);
         if (hasVelocities) {
             const Token* const velocity = statement.cursor.place();
-            translateExpression(statement, velocities.emplace_back());
+            translateExpression(statement, velocities.begin());
             checkJoinedBySign(statement, velocity);
             acceptToken(statement, TokenType::COMMA);
         }

@@ -6,7 +6,7 @@ namespace torvel {
 /// NORMALCY AXES axis axis
 /// NormalcySetAxes(axis, axis)
 void convertNormalcyAxes(Statement& statement, std::string_view) {
-    const std::vector<ExpressionText> axes = translateAxisList(statement);
+    const TextList axes = translateAxisList(statement);
     if (axes.size() != 2) {
         refuse(statement, Message::TwoAxesExpected);
     }

@@ -9,15 +9,12 @@ void convertPositionOffset(Statement& statement, std::string_view) {
     if (statement.cursor.atEnd()) {
         refuse(statement, Message::AxisPointOrWordExpected);
     }
-    std::vector<ExpressionText> axes;
-    std::vector<ExpressionText> values;
-    for (AxisWord& point : readAxisPoints(statement)) {
-        if (!point.isAxis) {
-            refuse(statement, Message::AxisPointExpected);
-        }
-        axes.push_back(std::move(point.name));
-        values.push_back(std::move(point.value));
-    }
+    TextList axes;
+    TextList values;
+    visitAxisPoints(statement, [&](std::string_view axis, std::string_view value) {
+        axes.add(axis);
+        values.add(value);
+    });
     statement.text += "PositionOffsetSet(";
     formatList(axes, false, statement.text);
     statement.text += ", ";

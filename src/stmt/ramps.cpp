@@ -27,7 +27,7 @@ RampSide readSide(Statement& statement) {
 
 /// [axes], in brackets if there are several; empty if there are none.
 ExpressionText readRampAxes(Statement& statement) {
-    const std::vector<ExpressionText> list = translateAxisList(statement);
+    const TextList list = translateAxisList(statement);
     ExpressionText axes;
     if (!list.empty()) {
         formatList(list, true, axes);
@@ -108,14 +108,11 @@ ExpressionText rampArguments(RampSide side, std::string_view mode, std::string_v
 /// {axis value}: a call for each axis, one a line
 void writeAxisRamps(Statement& statement, RampSide side, std::string_view mode) {
     std::string_view separator;
-    for (const AxisWord& point : readAxisPoints(statement)) {
-        if (!point.isAxis) {
-            refuse(statement, Message::AxisPointExpected);
-        }
+    visitAxisPoints(statement, [&](std::string_view axis, std::string_view value) {
         statement.text += separator;
         separator = "\n";
-        writeCall(statement, rampValue, point.name, rampArguments(side, mode, point.value, true));
-    }
+        writeCall(statement, rampValue, axis, rampArguments(side, mode, value, true));
+    });
 }
 
 /// RAMP TIME | RATE [ACCEL | DECEL] value

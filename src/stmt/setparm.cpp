@@ -30,7 +30,7 @@ void translateParameterName(Statement& statement, ExpressionText& name) {
 /// ParameterSetAxisValue(axis, parameter, value), a call for each axis
 void convertSetparm(Statement& statement) {
     statement.cursor.advance();
-    const std::vector<ExpressionText> axes = translateAxes(statement);
+    const TextList axes = translateAxes(statement);
     acceptToken(statement, TokenType::COMMA);
     ExpressionText arguments(", ");
     translateParameterName(statement, arguments);
@@ -39,10 +39,10 @@ void convertSetparm(Statement& statement) {
     const Token* const value = statement.cursor.place();
     translateExpression(statement, arguments);
     checkJoinedBySign(statement, value);
-    for (const ExpressionText& axis : axes) {
-        statement.text += &axis == &axes.front() ? "" : "\n";
+    for (std::size_t i = 0; i < axes.size(); ++i) {
+        statement.text += i == 0 ? "" : "\n";
         statement.text += "ParameterSetAxisValue(";
-        statement.text += axis;
+        statement.text += axes[i];
         statement.text += arguments;
         statement.text += ')';
     }

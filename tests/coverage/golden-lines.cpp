@@ -50,8 +50,8 @@ void addLines(std::vector<GoldenLine>& lines, const Program& program, const Axis
     for (std::size_t number = 0; number < list.lines.size(); ++number) {
         GoldenLine line;
         line.source = sourceOf(program, list.lines[number]);
-        const std::vector<Token> tokens = lexedTokens(program, list, number, axes);
-        for (const Token& token : tokens) {
+        const LexedTokens tokens = lexedTokens(program, list, number, axes);
+        for (const Token& token : tokens.line()) {
             line.tokens.push_back(token.type);
         }
         line.statement.assign(
@@ -64,7 +64,7 @@ void addLines(std::vector<GoldenLine>& lines, const Program& program, const Axis
         line.isConverted = convertStatement(context, tokens, text, effect);
         line.text = text.toString();
         for (const ConversionMessage& message : log) {
-            line.messages.push_back(message.text);
+            line.messages.emplace_back(message.text);
         }
         lines.push_back(std::move(line));
     }

@@ -29,8 +29,7 @@ std::string at(const SourcePosition& position, const std::string& fault) {
 
 /// The kind of the token that a line begins with; END_OF_FILE for a line without tokens.
 TokenType leadOf(const Program& program, std::size_t line, const AxisNames& axes) {
-    const std::vector<Token> tokens = lexedTokens(program, program.lines, line, axes);
-    return tokens.empty() ? TokenType::END_OF_FILE : tokens.front().type;
+    return lexedTokens(program, program.lines, line, axes).line().data()->type;
 }
 
 }  // namespace
@@ -42,7 +41,7 @@ std::size_t ConvertedLine::linesOfText() const {
 LineByLine::LineByLine(const Program& program, const AxisNames& axes, const Limits& limits)
     : context_{program, axes, limits, log_, {}} {
     for (const SourcePosition& position : program.nulCharacters) {
-        log_.push_back({messageText(Message::NulCharacter), position, Message::NulCharacter});
+        log_.add(Message::NulCharacter, {}, position);
     }
 }
 
@@ -121,16 +120,17 @@ std::string messageFaultOf(const LineByLine& conversion, std::size_t number) {
     for (std::size_t i = line.messagesBefore; i < line.messagesAfter; ++i) {
         const ConversionMessage& message = conversion.log()[i];
         if (!isAt(message.position, line.position)) {
-            return at(line.position, "a message of another line: " + message.text);
+            return at(line.position, "a message of another line: " + std::string(message.text));
         }
         if (isMacro) {
             continue;
         }
         if (line.isConverted && !mayStandBesideText(message.text)) {
-            return at(line.position, "converted and refused: " + message.text);
+            return at(line.position, "converted and refused: " + std::string(message.text));
         }
         if (refusal != nullptr && !followsRefusal(message.text)) {
-            return at(line.position, "refused twice: " + refusal->text + " / " + message.text);
+            return at(line.position, "refused twice: " + std::string(refusal->text) + " / " +
+                                         std::string(message.text));
         }
         refusal = mayStandBesideText(message.text) ? nullptr : &message;
     }
@@ -161,8 +161,9 @@ std::size_t mostLines(const LineByLine& conversion, std::size_t line) {
     const Program& program = conversion.program();
     const TokenType lead = leadOf(program, line, conversion.axes());
     const bool isDirective = lead == macroDefinitionToken || lead == TokenType::CONVERSION_TEXT;
-    return isDirective ? SIZE_MAX
-                       : 1 + lexedTokens(program, program.lines, line, conversion.axes()).size();
+    return isDirective
+               ? SIZE_MAX
+               : 1 + lexedTokens(program, program.lines, line, conversion.axes()).line().size();
 }
 
 }  // namespace

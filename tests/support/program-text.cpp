@@ -19,15 +19,18 @@ ProgramText::ProgramText(std::string_view content) {
     list.setCode(text().length);
 }
 
-std::vector<Token> lexedTokens(const Program& program, const LineList& list, std::size_t line,
-                               const AxisNames& axes) {
-    GrowingArray<Token> room;
-    const std::span<const Token> tokens = tokensOf(program, list, line, axes, room);
-    return {tokens.begin(), tokens.end()};
+LexedTokens::LexedTokens(std::span<const Token> tokens) : tokens_(tokens.begin(), tokens.end()) {
+    tokens_.resize(tokens_.size() + LineTokens::endTokens, Token{TokenType::END_OF_FILE, {}});
 }
 
-std::vector<Token> lexedTokens(const Program& program, const ProgramLines& lines, std::size_t line,
-                               const AxisNames& axes) {
+LexedTokens lexedTokens(const Program& program, const LineList& list, std::size_t line,
+                        const AxisNames& axes) {
+    GrowingArray<Token> room;
+    return LexedTokens(tokensOf(program, list, line, axes, room));
+}
+
+LexedTokens lexedTokens(const Program& program, const ProgramLines& lines, std::size_t line,
+                        const AxisNames& axes) {
     const ProgramPart& part = lines.partOf(line);
     return lexedTokens(program, part.list, line - part.first, axes);
 }

@@ -24,11 +24,22 @@ public:
     SourcePosition position() const { return {inclusion, 1}; }
 };
 
+/// The tokens of a line, and the two that end them.
+class LexedTokens {
+public:
+    explicit LexedTokens(std::span<const Token> tokens);
+    operator LineTokens() const { return line(); }
+    LineTokens line() const { return {{tokens_.data(), tokens_.size() - LineTokens::endTokens}}; }
+
+private:
+    std::vector<Token> tokens_;
+};
+
 /// The tokens of a line, lexed where it was not yet.
-std::vector<Token> lexedTokens(const Program& program, const LineList& list, std::size_t line,
-                               const AxisNames& axes);
-std::vector<Token> lexedTokens(const Program& program, const ProgramLines& lines, std::size_t line,
-                               const AxisNames& axes);
+LexedTokens lexedTokens(const Program& program, const LineList& list, std::size_t line,
+                        const AxisNames& axes);
+LexedTokens lexedTokens(const Program& program, const ProgramLines& lines, std::size_t line,
+                        const AxisNames& axes);
 
 /// The tokens of a piece of text. Throws what the lexer throws.
 std::vector<Token> lexText(const Program& program, const AxisNames& axes, TextSpan code,

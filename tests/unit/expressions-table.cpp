@@ -22,8 +22,7 @@ std::string translateCode(const std::string& code, Translator translator) {
     ProgramText source(code);
     const AxisNames axes;
     const Limits limits;
-    const std::vector<Token> tokens =
-        lexText(source.program, axes, source.text(), source.position());
+    const LexedTokens tokens(lexText(source.program, axes, source.text(), source.position()));
     MessageLog log;
     ConversionContext context{source.program, axes, limits, log, source.position()};
     StatementText text;
@@ -71,10 +70,10 @@ std::string unexpectedToken(const std::string& input) {
 
 std::string list(const std::string& input) {
     const auto [flag, itemText] = splitInput(input);
-    std::vector<ExpressionText> items;
+    TextList items;
     std::istringstream words(itemText);
     for (std::string item; words >> item;) {
-        items.emplace_back(item);
+        items.add(item);
     }
     ExpressionText text;
     formatList(items, flag == "single", text);

@@ -23,8 +23,8 @@ struct Written {
 /// What a form makes of `code`; "LEAD" is the text of its lead.
 Written write(const Form& form, const std::string& code) {
     ProgramText source(code);
-    const std::vector<Token> tokens =
-        lexText(source.program, AxisNames(), source.text(), source.position());
+    const LexedTokens tokens(
+        lexText(source.program, AxisNames(), source.text(), source.position()));
     const AxisNames axes;
     const Limits limits;
     MessageLog log;
@@ -35,7 +35,7 @@ Written write(const Form& form, const std::string& code) {
     statement.operandTokens = &operandTokens;
     writeForm(statement, form, written.text, "LEAD");
     for (const ConversionMessage& message : log) {
-        written.messages.push_back(message.text);
+        written.messages.emplace_back(message.text);
     }
     for (const std::span<const Token> operand : operandTokens) {
         std::string& text = written.operands.emplace_back();

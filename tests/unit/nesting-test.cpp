@@ -36,8 +36,7 @@ enum class Reading { expression, string, statement };
 Outcome convert(const std::string& code, Reading reading, const Limits& limits = {}) {
     ProgramText source(code);
     const AxisNames axes;
-    const std::vector<Token> tokens =
-        lexText(source.program, axes, source.text(), source.position());
+    const LexedTokens tokens(lexText(source.program, axes, source.text(), source.position()));
     MessageLog log;
     ConversionContext context{source.program, axes, limits, log, source.position()};
 
@@ -55,7 +54,7 @@ Outcome convert(const std::string& code, Reading reading, const Limits& limits =
         outcome.isConverted = !statement.isRefused;
     }
     for (const ConversionMessage& message : log) {
-        outcome.messages.push_back(message.text);
+        outcome.messages.emplace_back(message.text);
     }
     return outcome;
 }
