@@ -99,10 +99,10 @@ private:
         std::exception_ptr fault;
     };
 
-    /// Whether a task is left, and the parts that wait for the caller do not take too much memory: a quarter of what there
+    /// Whether a task is left, and the parts that wait for the caller do not take too much memory: half of what there
     /// is, or what keeps all busy.
     bool mayBegin() const {
-        return begun_ < slots_.size() && begun_ <= std::max(4 * std::size_t{helpers_}, added_ / 4);
+        return begun_ < slots_.size() && begun_ <= std::max(4 * std::size_t{helpers_}, added_ / 2);
     }
 
     /// Makes the next part, without the lock.
