@@ -3,18 +3,25 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdlib>
+#include <new>
 
 namespace torvel {
 
 void TextBuffer::grow(std::size_t size) {
     const std::size_t count = this->size();
     const std::size_t room = std::max(size, 2 * static_cast<std::size_t>(limit_ - begin_));
-    char* const grown = new char[room + spareSize];
-    std::memcpy(grown, begin_, count);
-    release();
-    begin_ = grown;
-    end_ = grown + count;
-    limit_ = grown + room;
+    // A large block is moved by changing the page table where the system can.
+    void* const grown = std::realloc(isInside() ? nullptr : begin_, room + spareSize);
+    if (grown == nullptr) {
+        throw std::bad_alloc();
+    }
+    if (isInside()) {
+        std::memcpy(grown, begin_, count);
+    }
+    begin_ = static_cast<char*>(grown);
+    end_ = begin_ + count;
+    limit_ = begin_ + room;
 }
 
 void TextBuffer::take(TextBuffer& other) noexcept {

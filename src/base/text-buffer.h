@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -186,7 +187,7 @@ private:
     bool isInside() const { return begin_ == inside_.data(); }
     void release() {
         if (!isInside()) {
-            delete[] begin_;
+            std::free(begin_);
         }
     }
     /// Takes the text over into an object that holds none.
