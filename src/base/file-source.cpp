@@ -20,7 +20,7 @@ FileReading readFile(const NativePath& path, const MakeRoom& makeRoom) {
 }  // namespace
 
 FileSource fileSystemSource() {
-    return {includedPath, canonicalPath, fileKind, readFile};
+    return {includedPath, findFile, readFile};
 }
 
 }  // namespace torvel

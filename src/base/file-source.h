@@ -27,10 +27,8 @@ using MakeRoom = std::function<char*(std::uint64_t size)>;
 struct FileSource {
     /// The path of an `#include` written as `text` in a file of `directory`.
     std::function<NativePath(const NativePath& directory, std::string_view text)> includedPath;
-    /// One path for all the paths that lead to a file.
-    std::function<NativePath(const NativePath& path)> canonicalPath;
-    /// What stands at a canonical path.
-    std::function<FileKind(const NativePath& path)> kind;
+    /// What a path leads to.
+    std::function<FoundFile(const NativePath& path)> find;
     /// Reads the regular file at a canonical path.
     std::function<FileReading(const NativePath& path, const MakeRoom& makeRoom)> read;
 };

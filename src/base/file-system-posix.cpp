@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 #include "src/base/file-descriptor.h"
 #include "src/base/file-system.h"
@@ -95,6 +96,12 @@ NativePath canonicalPath(const NativePath& path) {
     }
     NativePath canonical = std::filesystem::weakly_canonical(absolute, error);
     return error ? absolute.lexically_normal() : canonical;
+}
+
+FoundFile findFile(const NativePath& path) {
+    NativePath canonical = canonicalPath(path);
+    const FileKind kind = fileKind(canonical);
+    return {std::move(canonical), kind};
 }
 
 FileIdentity fileIdentity(const NativePath& path) {

@@ -96,16 +96,21 @@ FileIdentity identityOf(HANDLE handle) {
 }
 
 /// The final path of something that exists; empty if it does not.
-NativePath finalPath(const NativePath& path) {
-    const PathHandle handle(path);
+NativePath finalPath(const PathHandle& handle) {
     if (!handle.isOpen()) {
         return {};
     }
-    const DWORD size = GetFinalPathNameByHandleW(handle.get(), nullptr, 0, FILE_NAME_NORMALIZED);
-    std::wstring text(size, L'\0');
-    const DWORD length =
-        GetFinalPathNameByHandleW(handle.get(), text.data(), size, FILE_NAME_NORMALIZED);
-    if (length == 0 || length >= size) {
+    std::wstring text(MAX_PATH, L'\0');
+    const auto ask = [&] {
+        return GetFinalPathNameByHandleW(handle.get(), text.data(), static_cast<DWORD>(text.size()),
+                                         FILE_NAME_NORMALIZED);
+    };
+    DWORD length = ask();
+    if (length >= text.size()) {
+        text.resize(length);  // which is with the end of the text
+        length = ask();
+    }
+    if (length == 0 || length >= text.size()) {
         return {};
     }
     text.resize(length);
@@ -115,6 +120,19 @@ NativePath finalPath(const NativePath& path) {
         return LR"(\\)" + text.substr(share.size());
     }
     return text.starts_with(unbounded) ? text.substr(unbounded.size()) : text;
+}
+
+FileKind kindOf(const PathHandle& handle) {
+    if (!handle.isOpen()) {
+        return FileKind::missing;
+    }
+    BY_HANDLE_FILE_INFORMATION information;
+    if (GetFileType(handle.get()) != FILE_TYPE_DISK ||
+        GetFileInformationByHandle(handle.get(), &information) == 0) {
+        return FileKind::other;
+    }
+    return (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? FileKind::directory
+                                                                          : FileKind::regular;
 }
 
 }  // namespace
@@ -183,34 +201,30 @@ std::size_t characterLength(char first) {
 }
 
 FileKind fileKind(const NativePath& path) {
-    const PathHandle handle(path);
-    if (!handle.isOpen()) {
-        return FileKind::missing;
-    }
-    BY_HANDLE_FILE_INFORMATION information;
-    if (GetFileType(handle.get()) != FILE_TYPE_DISK ||
-        GetFileInformationByHandle(handle.get(), &information) == 0) {
-        return FileKind::other;
-    }
-    return (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? FileKind::directory
-                                                                          : FileKind::regular;
+    return kindOf(PathHandle(path));
 }
 
-NativePath canonicalPath(const NativePath& path) {
+FoundFile findFile(const NativePath& path) {
     const NativePath full = fullPath(path);
     NativePath existing = full;
     NativePath rest;
     while (true) {
-        const NativePath resolved = finalPath(existing);
+        const PathHandle handle(existing);
+        const NativePath resolved = finalPath(handle);
         if (!resolved.empty()) {
-            return rest.empty() ? resolved : resolved / rest;
+            const NativePath whole = rest.empty() ? resolved : resolved / rest;
+            return {whole, rest.empty() ? kindOf(handle) : fileKind(whole)};
         }
         if (!existing.has_relative_path()) {
-            return full;
+            return {full, fileKind(full)};
         }
         rest = rest.empty() ? existing.filename() : existing.filename() / rest;
         existing = existing.parent_path();
     }
+}
+
+NativePath canonicalPath(const NativePath& path) {
+    return findFile(path).path;
 }
 
 FileIdentity fileIdentity(const NativePath& path) {

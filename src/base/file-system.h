@@ -57,6 +57,16 @@ NativePath unboundedPath(const NativePath& path);
 /// path exists.
 NativePath canonicalPath(const NativePath& path);
 
+/// What a path leads to.
+struct FoundFile {
+    /// The canonical path: one for all the paths that lead there.
+    NativePath path;
+    FileKind kind = FileKind::missing;
+};
+
+/// Both at once, with fewer questions to the system.
+FoundFile findFile(const NativePath& path);
+
 /// `text`, a path from an `#include`, as a path that is absolute or starts at `directory`. Where
 /// only "/" separates, a path written with back slashes that does not exist as it stands is taken
 /// with slashes in their place.

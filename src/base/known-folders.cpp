@@ -1,6 +1,7 @@
 #include "src/base/known-folders.h"
 
 #include <system_error>
+#include <utility>
 
 namespace torvel {
 
@@ -13,37 +14,37 @@ NativePath KnownFolders::canonicalFolder(const NativePath::string_type& folder,
             return known->second;
         }
     }
-    NativePath canonical = source.canonicalPath(folder);
-    if (source.kind(canonical) == FileKind::directory) {
+    FoundFile found = source.find(folder);
+    if (found.kind == FileKind::directory) {
         const std::lock_guard lock(mutex_);
-        folders_.emplace(folder, canonical);
+        folders_.emplace(folder, found.path);
     }
-    return canonical;
+    return std::move(found.path);
 }
 
-NativePath KnownFolders::canonicalPath(const NativePath& path, const FileSource& source) {
+FoundFile KnownFolders::find(const NativePath& path, const FileSource& source) {
     const NativePath::string_type& text = path.native();
     const std::size_t slash = text.rfind(NativePath::value_type{'/'});
     // Names have one spelling only where nothing but "/" separates.
     if (NativePath::preferred_separator != '/' || !path.is_absolute() || slash == 0) {
-        return source.canonicalPath(path);
+        return source.find(path);
     }
     const NativePath name = text.substr(slash + 1);
     if (name.empty() || name == "." || name == "..") {
-        return source.canonicalPath(path);
+        return source.find(path);
     }
     NativePath inFolder = canonicalFolder(text.substr(0, slash), source) / name;
     std::error_code error;
     const auto status = std::filesystem::symlink_status(inFolder, error);
-    return status.type() == std::filesystem::file_type::regular ? inFolder
-                                                                : source.canonicalPath(path);
+    if (status.type() != std::filesystem::file_type::regular) {
+        return source.find(path);
+    }
+    return {std::move(inFolder), FileKind::regular};
 }
 
 FileSource withKnownFolders(const FileSource& source, KnownFolders& folders) {
     FileSource known = source;
-    known.canonicalPath = [source, &folders](const NativePath& path) {
-        return folders.canonicalPath(path, source);
-    };
+    known.find = [source, &folders](const NativePath& path) { return folders.find(path, source); };
     return known;
 }
 

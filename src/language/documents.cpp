@@ -22,8 +22,12 @@ const Documents::Document* Documents::find(const NativePath& path) const {
 
 FileSource Documents::over(const FileSource& source) const {
     FileSource over = source;
-    over.kind = [this, source](const NativePath& path) {
-        return find(path) != nullptr ? FileKind::regular : source.kind(path);
+    over.find = [this, source](const NativePath& path) {
+        FoundFile found = source.find(path);
+        if (find(found.path) != nullptr) {
+            found.kind = FileKind::regular;
+        }
+        return found;
     };
     over.read = [this, source](const NativePath& path, const MakeRoom& makeRoom) {
         const Document* const document = find(path);

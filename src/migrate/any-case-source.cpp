@@ -1,6 +1,7 @@
 #include "src/migrate/any-case-source.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "src/migrate/folder-list.h"
 
@@ -82,13 +83,15 @@ FileSource anyCaseSource(const FileSource& source, FolderListings& listings,
     anyCase.includedPath = [source, &listings, tell](const NativePath& directory,
                                                      std::string_view text) {
         NativePath path = source.includedPath(directory, text);
-        if (source.kind(path) != FileKind::missing) {
+        FoundFile found = source.find(path);
+        if (found.kind != FileKind::missing) {
             return path;
         }
-        OtherCase otherCase{source.canonicalPath(path), {}};
+        OtherCase otherCase{std::move(found.path), {}};
         for (const NativePath& like : pathsLike(absolutePath(directory, text), listings)) {
-            if (source.kind(like) == FileKind::regular) {
-                otherCase.files.push_back(source.canonicalPath(like));
+            FoundFile file = source.find(like);
+            if (file.kind == FileKind::regular) {
+                otherCase.files.push_back(std::move(file.path));
             }
         }
         auto& files = otherCase.files;

@@ -55,9 +55,9 @@ private:
                     lead->otherCase.push_back(keyOf(file, folder_));
                 }
             });
-        const NativePath path = source.canonicalPath(source.includedPath(directory, written));
-        lead->target = keyOf(path, folder_);
-        lead->isFile = source.kind(path) == FileKind::regular;
+        const FoundFile found = source.find(source.includedPath(directory, written));
+        lead->target = keyOf(found.path, folder_);
+        lead->isFile = found.kind == FileKind::regular;
         return lead;
     }
 

@@ -1,7 +1,6 @@
 #include "src/migrate/include-scan.h"
 
 #include <algorithm>
-#include <cstring>
 #include <optional>
 
 #include "src/base/characters.h"
@@ -15,8 +14,7 @@ namespace {
 /// A source that has one file, whatever it is asked for.
 FileSource sourceOf(std::string_view bytes) {
     FileSource source;
-    source.canonicalPath = [](const NativePath& path) { return path; };
-    source.kind = [](const NativePath&) { return FileKind::regular; };
+    source.find = [](const NativePath& path) { return FoundFile{path, FileKind::regular}; };
     source.read = [bytes](const NativePath&, const MakeRoom& makeRoom) {
         char* const room = makeRoom(bytes.size());
         std::copy(bytes.begin(), bytes.end(), room);
@@ -43,8 +41,8 @@ struct FileScan {
           run(program, axes, limits, predefinedConstants(), source),
           rest(run.files.load("program", {})) {}
 
-    /// Calls visit(splitter, inclusion, line, number) with each line. A line that ends inside a string ends nothing
-    /// here: what is behind it is read anew.
+    /// Calls visit(splitter, inclusion, line, number) with each line until it returns false. A line that ends inside a
+    /// string ends nothing here: what is behind it is read anew.
     template <typename Visit>
     void visitLines(Visit visit) {
         std::uint32_t before = 0;
@@ -56,7 +54,9 @@ struct FileScan {
             ScannedLine line;
             while (nextLine(splitter, line, goesOn)) {
                 try {
-                    visit(splitter, inclusion, line, before + line.lineNumber);
+                    if (!visit(splitter, inclusion, line, before + line.lineNumber)) {
+                        return;
+                    }
                 } catch (const ParseException&) {
                     goesOn = true;
                 }
@@ -86,21 +86,18 @@ struct FileScan {
     SourceFile rest;
 };
 
-/// Whether there may be an `#include`: block comments inside the word are not worth a closer look.
-bool mayInclude(std::string_view bytes) {
-    for (std::size_t at = 0; at < bytes.size(); ++at) {
-        const void* const hash = std::memchr(bytes.data() + at, '#', bytes.size() - at);
-        if (hash == nullptr) {
-            return false;
-        }
-        at = static_cast<std::size_t>(static_cast<const char*>(hash) - bytes.data());
+/// Where the last `#include` may be: block comments inside the word are not worth a closer look. `npos`: there is none.
+std::size_t lastMaybeInclude(std::string_view bytes) {
+    std::size_t last = std::string_view::npos;
+    for (std::size_t at = bytes.find('#'); at != std::string_view::npos;
+         at = bytes.find('#', at + 1)) {
         const char next = at + 1 < bytes.size() ? lowerCase(bytes[at + 1]) : '\0';
         const char second = at + 2 < bytes.size() ? lowerCase(bytes[at + 2]) : '\0';
         if ((next == 'i' && (second == 'n' || second == '/')) || next == '/') {
-            return true;
+            last = at;
         }
     }
-    return false;
+    return last;
 }
 
 /// What stands in front of a place in its line.
@@ -228,17 +225,19 @@ LineRole roleOf(std::string_view code) {
 
 std::vector<WrittenInclude> includesOf(std::string_view bytes) {
     std::vector<WrittenInclude> includes;
-    if (!mayInclude(bytes)) {
+    const std::size_t last = lastMaybeInclude(bytes);
+    if (last == std::string_view::npos) {
         return includes;
     }
     if (auto plain = plainIncludes(bytes)) {
         return std::move(*plain);
     }
     FileScan scan(bytes);
+    const std::uint32_t lastLine = lineEnds(bytes.substr(0, last)) + 1;
     scan.visitLines([&](LineSplitter& splitter, const Inclusion& inclusion, const ScannedLine& line,
                         std::uint32_t number) {
         if (!scan.program.text.view(line.code).starts_with('#')) {
-            return;
+            return number < lastLine;
         }
         DirectiveLine directive(scan.run, splitter, inclusion, line);
         if (directive.name() == "include") {
@@ -246,6 +245,7 @@ std::vector<WrittenInclude> includesOf(std::string_view bytes) {
         } else if (directive.name() == "define" || directive.name() == "macro") {
             directive.readBody();
         }
+        return number < lastLine;
     });
     return includes;
 }
@@ -259,7 +259,8 @@ bool endsProgram(std::string_view bytes) {
         if (role == LineRole::opensSubroutine || role == LineRole::closesSubroutine) {
             isInSubroutine = role == LineRole::opensSubroutine;
         }
-        ends = ends || (role == LineRole::endsProgram && !isInSubroutine);
+        ends = role == LineRole::endsProgram && !isInSubroutine;
+        return !ends;
     });
     return ends;
 }

@@ -55,16 +55,16 @@ FileSource recordedSource(const FileSource& source, const NativePath& folder,
         // Written with back slashes and taken with slashes: the file of the written name was not there.
         if (const NativePath written = directory / nativePath(text);
             written != path && text.find('\\') != std::string_view::npos) {
-            note(inputs, {keyOf(source.canonicalPath(written), folder), std::nullopt});
+            note(inputs, {keyOf(source.find(written).path, folder), std::nullopt});
         }
         return path;
     };
-    recorded.kind = [&](const NativePath& path) {
-        const FileKind kind = source.kind(path);
-        if (kind == FileKind::missing) {
-            note(inputs, {keyOf(path, folder), std::nullopt});
+    recorded.find = [&](const NativePath& path) {
+        FoundFile found = source.find(path);
+        if (found.kind == FileKind::missing) {
+            note(inputs, {keyOf(found.path, folder), std::nullopt});
         }
-        return kind;
+        return found;
     };
     recorded.read = [&](const NativePath& path, const MakeRoom& makeRoom) {
         // Noted first: reading ends with an exception if the file is too long.

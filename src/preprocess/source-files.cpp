@@ -34,20 +34,21 @@ SourceFile& SourceFiles::load(std::string_view path, const SourcePosition& inclu
     if (known != byPath_.end()) {
         return *known->second;
     }
-    const NativePath canonical = source_.canonicalPath(written);
-    SourceFile*& file = byCanonicalPath_[canonical.native()];
+    const FoundFile found = source_.find(written);
+    SourceFile*& file = byCanonicalPath_[found.path.native()];
     if (file == nullptr) {
         if (includedFrom.inclusion == nullptr) {
-            programDirectory_ = canonical.parent_path();
+            programDirectory_ = found.path.parent_path();
         }
-        file = &read(canonical, includedFrom);
+        file = &read(found, includedFrom);
     }
     byPath_[written.native()] = file;
     return *file;
 }
 
-SourceFile& SourceFiles::read(const NativePath& path, const SourcePosition& includedFrom) {
-    switch (source_.kind(path)) {
+SourceFile& SourceFiles::read(const FoundFile& found, const SourcePosition& includedFrom) {
+    const NativePath& path = found.path;
+    switch (found.kind) {
         case FileKind::missing: fail(Message::FileMissing, path, includedFrom);
         case FileKind::directory:
         case FileKind::other: fail(Message::FileNotRegular, path, includedFrom);

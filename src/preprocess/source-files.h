@@ -23,7 +23,7 @@ public:
     SourceFile& load(std::string_view path, const SourcePosition& includedFrom);
 
 private:
-    SourceFile& read(const NativePath& path, const SourcePosition& includedFrom);
+    SourceFile& read(const FoundFile& found, const SourcePosition& includedFrom);
 
     Program& program_;
     const Limits& limits_;

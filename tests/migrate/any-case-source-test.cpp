@@ -28,7 +28,7 @@ struct Folder {
                 }
             });
         const NativePath path = source.includedPath(canonicalPath(directory.path() / from), text);
-        const std::string shown = displayPath(source.canonicalPath(path), directory.path());
+        const std::string shown = displayPath(source.find(path).path, directory.path());
         return fileKind(path) == FileKind::regular ? shown : shown + " (missing)";
     }
 

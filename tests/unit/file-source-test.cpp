@@ -27,11 +27,11 @@ struct MemoryFiles {
             [](const NativePath& directory, std::string_view text) {
                 return (directory / nativePath(text)).lexically_normal();
             },
-            [](const NativePath& path) { return path.lexically_normal(); },
             [this](const NativePath& path) {
-                lookedFor.push_back(path.generic_string());
-                return contents.contains(path.generic_string()) ? FileKind::regular
-                                                                : FileKind::missing;
+                const NativePath normal = path.lexically_normal();
+                lookedFor.push_back(normal.generic_string());
+                const bool isThere = contents.contains(lookedFor.back());
+                return FoundFile{normal, isThere ? FileKind::regular : FileKind::missing};
             },
             [this](const NativePath& path, const MakeRoom& makeRoom) {
                 reads.push_back(path.generic_string());

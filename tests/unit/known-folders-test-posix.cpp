@@ -19,9 +19,9 @@ TEST(KnownFolders, PathsAreThoseOfTheSystem) {
     fs::create_symlink("nowhere", root / "real/sub/lost.pgm");
     FileSource source = fileSystemSource();
     int asked = 0;
-    source.canonicalPath = [&asked](const NativePath& path) {
+    source.find = [&asked](const NativePath& path) {
         ++asked;
-        return canonicalPath(path);
+        return findFile(path);
     };
     KnownFolders folders;
     const FileSource known = withKnownFolders(source, folders);
@@ -31,19 +31,21 @@ TEST(KnownFolders, PathsAreThoseOfTheSystem) {
               "link/sub/none.pgm", "none/a.pgm", "link/sub/../sub/a.pgm", "link/sub/..",
               "link/sub/", "link", "."}) {
             const NativePath path = root / name;
-            EXPECT_EQ(known.canonicalPath(path).native(), canonicalPath(path).native()) << name;
+            const FoundFile found = known.find(path);
+            EXPECT_EQ(found.path.native(), canonicalPath(path).native()) << name;
+            EXPECT_EQ(found.kind, fileKind(path)) << name;
         }
     }
-    EXPECT_EQ(known.canonicalPath("a.pgm"), canonicalPath("a.pgm"));
+    EXPECT_EQ(known.find("a.pgm").path, canonicalPath("a.pgm"));
     // A file of a folder that is known is not gone through again, by whichever way.
     asked = 0;
-    EXPECT_EQ(known.canonicalPath(root / "link/sub/a.pgm"), root / "real/sub/a.pgm");
-    EXPECT_EQ(known.canonicalPath(root / "real/sub/a.pgm"), root / "real/sub/a.pgm");
+    EXPECT_EQ(known.find(root / "link/sub/a.pgm").path, root / "real/sub/a.pgm");
+    EXPECT_EQ(known.find(root / "real/sub/a.pgm").path, root / "real/sub/a.pgm");
     EXPECT_EQ(asked, 0);
     // What has become a link since then is one.
     fs::remove(root / "real/sub/a.pgm");
     fs::create_symlink(root / "other/b.pgm", root / "real/sub/a.pgm");
-    EXPECT_EQ(known.canonicalPath(root / "link/sub/a.pgm"), root / "other/b.pgm");
+    EXPECT_EQ(known.find(root / "link/sub/a.pgm").path, root / "other/b.pgm");
 }
 
 }  // namespace torvel::test

@@ -19,8 +19,9 @@ namespace {
 FileSource sourceOf(const std::string& content) {
     return {
         [](const NativePath& directory, std::string_view text) { return directory / text; },
-        [](const NativePath& path) { return path; },
-        [](const NativePath&) { return FileKind::regular; },
+        [](const NativePath& path) {
+            return FoundFile{path, FileKind::regular};
+        },
         [content](const NativePath&, const MakeRoom& makeRoom) {
             content.copy(makeRoom(content.size()), content.size());
             return FileReading{true, false, content.size(), {1, 1}};
