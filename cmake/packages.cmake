@@ -36,7 +36,7 @@ if(TORVEL_BUILD_MIGRATE)
          CLI11.txt /usr/share/doc/libcli11-dev/copyright
          dtl.txt /usr/share/doc/libdtl-dev/copyright
          fmt.txt /usr/share/doc/libfmt-dev/copyright
-         libdeflate.txt /usr/share/doc/libdeflate-dev/copyright
+         lz4.txt /usr/share/doc/liblz4-dev/copyright
          nlohmann-json.txt /usr/share/doc/nlohmann-json3-dev/copyright
          sqlite.txt /usr/share/doc/libsqlite3-dev/copyright
          tomlplusplus.txt /usr/share/doc/libtomlplusplus-dev/copyright

@@ -1,92 +1,72 @@
 #include "src/migrate/compressed-text.h"
 
-#include <libdeflate.h>
+#include <lz4frame.h>
+#include <zlib.h>
 
 #include <cstdint>
+#include <limits>
+#include <memory>
 #include <new>
 #include <stdexcept>
 #include <utility>
 
+#include "src/base/uninitialized-bytes.h"
 #include "src/migrate/packed-numbers.h"
 
 namespace torvel::migrate {
 
 namespace {
 
-/// More than a byte of the format is unpacked to.
+/// More than a byte of either format is unpacked to.
 constexpr std::uint64_t greatestRatio = 1100;
 
-/// The fastest level that makes texts smaller: more would take as much time as the conversion.
-constexpr int level = 1;
+/// What the format of zlib begins with. A frame of LZ4 begins with a 4.
+constexpr char firstOfZlib = 0x78;
+
+bool unpackZlib(std::string_view bytes, std::string& text) {
+    constexpr std::uint64_t longest = std::numeric_limits<uLong>::max();
+    if (text.size() > longest || bytes.size() > longest) {
+        return false;
+    }
+    auto length = static_cast<uLong>(text.size());
+    auto read = static_cast<uLong>(bytes.size());
+    const int result = uncompress2(reinterpret_cast<Bytef*>(text.data()), &length,
+                                   reinterpret_cast<const Bytef*>(bytes.data()), &read);
+    return result == Z_OK && length == text.size() && read == bytes.size();
+}
+
+bool unpackFrame(std::string_view bytes, std::string& text) {
+    LZ4F_dctx* made = nullptr;
+    if (LZ4F_isError(LZ4F_createDecompressionContext(&made, LZ4F_VERSION)) != 0) {
+        throw std::bad_alloc();
+    }
+    const std::unique_ptr<LZ4F_dctx, decltype(&LZ4F_freeDecompressionContext)> context(
+        made, LZ4F_freeDecompressionContext);
+    std::size_t length = text.size();
+    std::size_t read = bytes.size();
+    const std::size_t left =
+        LZ4F_decompress(context.get(), text.data(), &length, bytes.data(), &read, nullptr);
+    return left == 0 && length == text.size() && read == bytes.size();
+}
 
 }  // namespace
 
-struct Compressor::State {
-    State() : compressor(libdeflate_alloc_compressor(level)) {
-        if (compressor == nullptr) {
-            throw std::bad_alloc();
-        }
-    }
-    State(const State&) = delete;
-    State& operator=(const State&) = delete;
-    ~State() { libdeflate_free_compressor(compressor); }
-
-    libdeflate_compressor* compressor;
-    /// Where texts are compressed before it is known how long they become.
-    std::string room;
-};
-
-Compressor::Compressor() : state_(std::make_unique<State>()) {}
-
-Compressor::~Compressor() = default;
-
-std::string Compressor::compressed(std::string_view text) {
-    std::string& room = state_->room;
-    const std::size_t bound = libdeflate_zlib_compress_bound(state_->compressor, text.size());
-    if (room.size() < bound) {
-        room.resize(bound);
-    }
-    const std::size_t length = libdeflate_zlib_compress(state_->compressor, text.data(),
-                                                        text.size(), room.data(), room.size());
-    if (length == 0) {
-        throw std::logic_error("A text does not fit where it was said to fit.");
+std::string compressed(std::string_view text, CheckSum checkSum) {
+    LZ4F_preferences_t preferences = LZ4F_INIT_PREFERENCES;
+    preferences.frameInfo.contentChecksumFlag =
+        checkSum == CheckSum::yes ? LZ4F_contentChecksumEnabled : LZ4F_noContentChecksum;
+    const std::size_t bound = LZ4F_compressFrameBound(text.size(), &preferences);
+    const std::unique_ptr<char[]> frame = uninitializedBytes(bound);
+    const std::size_t length =
+        LZ4F_compressFrame(frame.get(), bound, text.data(), text.size(), &preferences);
+    if (LZ4F_isError(length) != 0) {
+        throw std::runtime_error("A text cannot be compressed: " +
+                                 std::string(LZ4F_getErrorName(length)));
     }
     std::string bytes;
     appendNumber(bytes, text.size());
     bytes.reserve(bytes.size() + length);
-    bytes.append(room, 0, length);
-    forgetLargeRoom();
-    return bytes;
-}
-
-void Compressor::forgetLargeRoom() {
-    constexpr std::size_t largest = std::size_t{1} << 20U;
-    if (state_->room.size() > largest) {
-        state_->room = std::string();
-    }
-}
-
-Compressors::Lent Compressors::borrow() {
-    std::unique_ptr<Compressor> compressor;
-    {
-        const std::lock_guard lock(mutex_);
-        if (!free_.empty()) {
-            compressor = std::move(free_.back());
-            free_.pop_back();
-        }
-    }
-    if (!compressor) {
-        compressor = std::make_unique<Compressor>();
-    }
-    return {compressor.release(), [this](Compressor* back) {
-                std::unique_ptr<Compressor> owned(back);
-                const std::lock_guard lock(mutex_);
-                free_.push_back(std::move(owned));
-            }};
-}
-
-std::string compressed(std::string_view text) {
-    return Compressor().compressed(text);
+    return bytes.append(frame.get(), length);
 }
 
 std::optional<std::string> uncompressed(std::string_view bytes) {
@@ -94,18 +74,11 @@ std::optional<std::string> uncompressed(std::string_view bytes) {
     if (!length || *length / greatestRatio > bytes.size()) {
         return std::nullopt;
     }
-    const std::unique_ptr<libdeflate_decompressor, decltype(&libdeflate_free_decompressor)>
-        decompressor(libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
-    if (!decompressor) {
-        throw std::bad_alloc();
-    }
     std::string text(*length, '\0');
-    std::size_t read = 0;
-    // Without a place for its length the text has to be exactly as long as it says.
-    const libdeflate_result result = libdeflate_zlib_decompress_ex(
-        decompressor.get(), bytes.data(), bytes.size(), text.data(), text.size(), &read, nullptr);
-    return result == LIBDEFLATE_SUCCESS && read == bytes.size() ? std::optional(std::move(text))
-                                                                : std::nullopt;
+    const bool isOfZlib = bytes.starts_with(firstOfZlib);
+    return (isOfZlib ? unpackZlib(bytes, text) : unpackFrame(bytes, text))
+               ? std::optional(std::move(text))
+               : std::nullopt;
 }
 
 }  // namespace torvel::migrate

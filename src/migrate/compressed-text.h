@@ -1,50 +1,19 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace torvel::migrate {
 
-/// Compresses texts as the store keeps them: the length, and the bytes in the format of zlib. One that is used again
-/// takes half of the time of a new one. For one thread at a time.
-class Compressor {
-public:
-    Compressor();
-    ~Compressor();
-    Compressor(const Compressor&) = delete;
-    Compressor& operator=(const Compressor&) = delete;
+/// Whether a compressed text has its check sum with it. One that is kept by its hash needs none.
+enum class CheckSum : bool { no, yes };
 
-    std::string compressed(std::string_view text);
+/// A text as the store keeps it: its length, and a frame of LZ4. Throws std::runtime_error if that cannot be made.
+std::string compressed(std::string_view text, CheckSum checkSum);
 
-private:
-    struct State;
-    void forgetLargeRoom();
-
-    std::unique_ptr<State> state_;
-};
-
-/// Compressors for several threads, which borrow them.
-class Compressors {
-public:
-    using Lent = std::unique_ptr<Compressor, std::function<void(Compressor*)>>;
-
-    /// One for the caller alone, which goes back when the caller lets it go.
-    Lent borrow();
-
-private:
-    std::mutex mutex_;
-    std::vector<std::unique_ptr<Compressor>> free_;
-};
-
-/// A text compressed by a compressor of its own.
-std::string compressed(std::string_view text);
-
-/// The text that `compressed` was given; nothing if the bytes are not of that kind.
+/// The text that `compressed` was given, now or in an older version, which wrote the format of zlib; nothing if the bytes
+/// are of neither kind.
 std::optional<std::string> uncompressed(std::string_view bytes);
 
 }  // namespace torvel::migrate

@@ -1,5 +1,9 @@
 #include "src/migrate/known-texts.h"
 
+#include <utility>
+
+#include "src/migrate/compressed-text.h"
+
 namespace torvel::migrate {
 
 KnownTexts::KnownTexts(const std::vector<ContentHash>& stored) {
@@ -8,7 +12,7 @@ KnownTexts::KnownTexts(const std::vector<ContentHash>& stored) {
     }
 }
 
-void KnownTexts::add(const ContentHash& hash, std::string_view text, Compressor& compressor,
+void KnownTexts::add(const ContentHash& hash, std::string_view text,
                      std::vector<PackedText>& texts) {
     {
         const std::lock_guard lock(mutex_);
@@ -19,7 +23,7 @@ void KnownTexts::add(const ContentHash& hash, std::string_view text, Compressor&
             return;
         }
     }
-    auto bytes = std::make_shared<const std::string>(compressor.compressed(text));
+    auto bytes = std::make_shared<const std::string>(compressed(text, CheckSum::no));
     const std::lock_guard lock(mutex_);
     texts_.emplace(hash, bytes);
     texts.push_back({hash, std::move(bytes)});

@@ -6,7 +6,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "src/migrate/compressed-text.h"
 #include "src/migrate/store.h"
 
 namespace torvel::migrate {
@@ -18,8 +17,7 @@ public:
     explicit KnownTexts(const std::vector<ContentHash>& stored);
 
     /// Appends the text to those that are to be written with a program, unless it is stored.
-    void add(const ContentHash& hash, std::string_view text, Compressor& compressor,
-             std::vector<PackedText>& texts);
+    void add(const ContentHash& hash, std::string_view text, std::vector<PackedText>& texts);
     /// The store has them now.
     void markStored(const std::vector<PackedText>& texts);
 

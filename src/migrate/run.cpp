@@ -98,7 +98,6 @@ private:
     bool knowsOutputs_;
     /// Made when something is converted.
     std::optional<KnownTexts> texts_;
-    Compressors compressors_;
     RunSummary summary_;
     std::vector<Notice> noticesOfSources_;
     bool needsSweep_ = false;
@@ -261,19 +260,18 @@ std::unique_ptr<ConvertedProgram> Run::convert(const FoundProgram& found) {
     ProgramResult result = resultOf(found, settings);
     auto program = std::make_unique<ConvertedProgram>();
     program->found = &found;
-    const Compressors::Lent compressor = compressors_.borrow();
-    program->packed = packedProgram(result, *compressor);
+    program->packed = packedProgram(result);
     program->packed.machine = found.machine;
     program->packed.key = keyOfProgram(found, settings, result.inputs);
     program->packed.machineHash = machineHashOf(found, settings);
     for (const ConvertedFile& file : result.files) {
-        texts_->add(file.hash, file.text, *compressor, program->packed.texts);
+        texts_->add(file.hash, file.text, program->packed.texts);
     }
     program->generated = std::move(result.outputText);
     program->log = std::move(result.logText);
     if (result.status == ProgramStatus::converted) {
         const ContentHash generated = hashOf(program->generated);
-        texts_->add(generated, program->generated, *compressor, program->packed.texts);
+        texts_->add(generated, program->generated, program->packed.texts);
         program->packed.generated = generated;
         planOutput(*program, generated);
     }
@@ -368,8 +366,9 @@ void Run::convertAll(const std::vector<ChangedProgram>& changed) {
     if (changed.empty()) {
         return;
     }
-    needsSweep_ = true;
-    texts_.emplace(store_.textHashes());
+    const std::vector<ContentHash> stored = store_.textHashes();
+    needsSweep_ = needsSweep_ || !stored.empty();  // texts that nobody uses any more
+    texts_.emplace(stored);
     OrderedWork<ConvertedProgram> work(
         changed.size(), threads_,
         {[&](std::size_t i) { return convert(discovery_.programs[changed[i].number]); },

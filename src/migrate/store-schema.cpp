@@ -23,7 +23,7 @@
 //     left_alone    the hash of the file that was left as it is, all zero for a file that was deleted; none: look again
 //     log           the hash of the lines of the log that was put in place last, all zero: none was; none: nobody knows
 //     pending_log   that of a newer log that is not there: it was about to be put there, or something is in the way
-//   text          texts of files and outputs, each once, compressed (compressed-text.h)
+//   text          texts of files and outputs, each once, compressed (compressed-text.h) as the version did that wrote them
 //
 // One transaction writes all rows of a program, before its output is put in place.
 
@@ -112,6 +112,8 @@ constexpr std::array steps{
     R"(
         ALTER TABLE program ADD COLUMN machine_hash BLOB;
     )",
+    // Texts are frames of LZ4 from here on; those of older stores stay in the format of zlib.
+    "",
 };
 
 }  // namespace

@@ -232,7 +232,7 @@ std::string Store::Tables::text(const ContentHash& hash) {
         failAsDamaged("a text is missing");
     }
     std::optional<std::string> text = uncompressed(bytes);
-    if (!text) {
+    if (!text || hashOf(*text) != hash) {
         failAsDamaged("a text cannot be read");
     }
     return std::move(*text);
@@ -337,7 +337,7 @@ void Store::Tables::close() {
     }
 }
 
-PackedProgram packedProgram(const ProgramResult& result, Compressor& compressor) {
+PackedProgram packedProgram(const ProgramResult& result) {
     PackedProgram packed;
     packed.program = result.program;
     packed.output = result.output;
@@ -348,7 +348,7 @@ PackedProgram packedProgram(const ProgramResult& result, Compressor& compressor)
     for (const ConvertedFile& file : result.files) {
         packed.files.push_back({file.path, file.hash});
     }
-    packed.findings = compressor.compressed(packedFindings(result.findings));
+    packed.findings = compressed(packedFindings(result.findings), CheckSum::yes);
     packed.lineMap = packedLineMap(result.lineMap);
     return packed;
 }

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "src/base/file-system.h"
-#include "src/migrate/compressed-text.h"
 #include "src/migrate/discovery.h"
 #include "src/migrate/program-result.h"
 
@@ -111,7 +110,7 @@ struct PackedProgram : ProgramRow {
 };
 
 /// All of a result but its texts.
-PackedProgram packedProgram(const ProgramResult& result, Compressor& compressor);
+PackedProgram packedProgram(const ProgramResult& result);
 
 enum class StoreUse : std::uint8_t {
     read,   // as long as nobody writes, on media that cannot be written too

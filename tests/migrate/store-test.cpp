@@ -3,6 +3,7 @@
 #include "src/migrate/store.h"
 
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 #include <array>
 #include <filesystem>
@@ -10,6 +11,7 @@
 #include "src/migrate/compressed-text.h"
 #include "src/migrate/database.h"
 #include "src/migrate/packed-findings.h"
+#include "src/migrate/packed-numbers.h"
 #include "src/migrate/store-lock.h"
 #include "src/migrate/store-schema.h"
 #include "tests/support/temporary-directory.h"
@@ -41,8 +43,21 @@ std::string refusal(const NativePath& path, StoreUse use) {
     }
 }
 
+/// As older versions kept a text.
+std::string compressedByZlib(std::string_view text) {
+    std::string bytes(compressBound(static_cast<uLong>(text.size())), '\0');
+    auto length = static_cast<uLong>(bytes.size());
+    EXPECT_EQ(
+        compress(reinterpret_cast<Bytef*>(bytes.data()), &length,
+                 reinterpret_cast<const Bytef*>(text.data()), static_cast<uLong>(text.size())),
+        Z_OK);
+    std::string packed;
+    appendNumber(packed, text.size());
+    return packed.append(bytes, 0, length);
+}
+
 PackedText packed(std::string_view text) {
-    return {hashOf(text), std::make_shared<const std::string>(compressed(text))};
+    return {hashOf(text), std::make_shared<const std::string>(compressed(text, CheckSum::no))};
 }
 
 FindingRow findingOf(const std::string& file, std::uint32_t line) {
@@ -74,8 +89,7 @@ PackedProgram programOf(const std::string& name) {
     result.findings = {findingOf(name, 2), findingOf("part.inc", 9)};
     result.lineMap = {
         {0, 1, 0, 1, true}, {0, 2, 0, 1, true}, {1, 1, 1, 2, false}, {0, 3, 0, 1, true}};
-    Compressor compressor;
-    PackedProgram program = packedProgram(result, compressor);
+    PackedProgram program = packedProgram(result);
     program.machine = "line2";
     program.key = hashOf("key of " + name);
     program.texts = {packed("source of " + name), packed("output of " + name)};
@@ -328,6 +342,39 @@ TEST(Store, TheSecondVersionKnowsNothingOfLogs) {
     }
 }
 
+TEST(Store, TextsOfTheFourthVersionStayAsTheyAre) {
+    const TemporaryDirectory folder;
+    const NativePath path = folder.path() / "s";
+    const PackedProgram program = programOf("a.pgm");
+    const std::string source = "source of a.pgm";
+    {
+        Store(path, StoreUse::write).write(program);
+        Database fourth(path, DatabaseUse::write);
+        Query text(fourth, "UPDATE text SET bytes = ? WHERE hash = ?");
+        const ContentHash hash = hashOf(source);
+        const std::string bytes = compressedByZlib(source);
+        text.bind(0, bytes);
+        text.bind(1, {reinterpret_cast<const char*>(hash.data()), hash.size()}).run();
+        Query findings(fourth, "UPDATE program SET findings = ?");
+        const std::string packedRows = compressedByZlib(packedFindings({findingOf("a.pgm", 2)}));
+        findings.bind(0, packedRows).run();
+        fourth.execute("PRAGMA user_version = 4");
+    }
+    const auto expectAll = [&](const Store& store) {
+        EXPECT_EQ(store.text(hashOf(source)), source);
+        EXPECT_EQ(store.text(hashOf("output of a.pgm")), "output of a.pgm");
+        store.forEachProgram([&](const StoredProgram& stored) {
+            EXPECT_EQ(store.findings(stored), (std::vector<FindingRow>{findingOf("a.pgm", 2)}));
+        });
+    };
+    const std::string before = readFile(path);
+    expectAll(Store(path, StoreUse::read));
+    EXPECT_EQ(readFile(path), before);
+    expectAll(Store(path, StoreUse::write));
+    EXPECT_EQ(Database(path, DatabaseUse::read).number("PRAGMA user_version"), 5);
+    expectAll(Store(path, StoreUse::read));
+}
+
 TEST(Store, OlderVersionsGoThroughTheStepsThatTheyLack) {
     const TemporaryDirectory folder;
     const NativePath path = folder.path() / "s";
@@ -492,12 +539,33 @@ TEST(PackedFindings, LineMap) {
 TEST(CompressedText, ComesBack) {
     for (const std::string& text :
          {std::string(), std::string("a"), std::string(1000000, 'a'), std::string("\0\xff\n", 3)}) {
-        EXPECT_EQ(uncompressed(compressed(text)), text);
+        EXPECT_EQ(uncompressed(compressed(text, CheckSum::no)), text);
+        EXPECT_EQ(uncompressed(compressed(text, CheckSum::yes)), text);
     }
-    const std::string bytes = compressed("some text, some text, some text");
+    const std::string bytes = compressed("some text, some text, some text", CheckSum::yes);
     for (std::size_t length = 0; length < bytes.size(); ++length) {
         EXPECT_EQ(uncompressed(bytes.substr(0, length)), std::nullopt) << length;
     }
+    EXPECT_EQ(uncompressed(bytes + "x"), std::nullopt);
+    // No bit that is another one makes another text of it.
+    std::size_t refused = 0;
+    for (std::size_t bit = 8; bit < 8 * bytes.size(); ++bit) {
+        std::string damaged = bytes;
+        damaged[bit / 8] = static_cast<char>(damaged[bit / 8] ^ (1U << bit % 8));
+        const std::optional<std::string> text = uncompressed(damaged);
+        EXPECT_EQ(text.value_or("some text, some text, some text"),
+                  "some text, some text, some text")
+            << bit;
+        refused += text ? 0 : 1;
+    }
+    EXPECT_GT(refused, 4 * bytes.size());
+    const std::string older = compressedByZlib("some text, some text, some text");
+    EXPECT_EQ(uncompressed(older), "some text, some text, some text");
+    EXPECT_EQ(uncompressed(compressedByZlib("")), "");
+    for (std::size_t length = 0; length < older.size(); ++length) {
+        EXPECT_EQ(uncompressed(older.substr(0, length)), std::nullopt) << length;
+    }
+    EXPECT_EQ(uncompressed(older + "x"), std::nullopt);
     // A length that cannot be true takes no memory.
     EXPECT_EQ(uncompressed("\xff\xff\xff\xff\xff\x7f" + bytes), std::nullopt);
 }
