@@ -22,7 +22,7 @@ struct WorkSharing {
     /// Threads beside the caller's own; none: as many as make all processors busy.
     std::optional<unsigned> helpers;
 
-    unsigned helperCount() const { return helpers.value_or(usableProcessors() - 1); }
+    unsigned helperCount() const { return helpers ? *helpers : usableProcessors() - 1; }
 };
 
 /// The parts of some work in order. Helpers make some of them while the caller finds further work or uses others, and

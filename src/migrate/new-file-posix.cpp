@@ -11,18 +11,30 @@
 
 namespace torvel::migrate {
 
+namespace {
+
+int openNew(const NativePath& path) {
+    return ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+}
+
+}  // namespace
+
 std::string platformText(std::string_view text) {
     return std::string(text);
 }
 
 int createFile(const NativePath& path) {
-    constexpr int create = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-    const int descriptor = ::open(path.c_str(), create, 0666);
+    const int descriptor = openNew(path);
     if (descriptor >= 0 || errno != EEXIST) {
         return descriptor;
     }
     ::unlink(path.c_str());
-    return ::open(path.c_str(), create, 0666);
+    return openNew(path);
+}
+
+bool createEmptyFile(const NativePath& path) {
+    const int descriptor = openNew(path);
+    return descriptor >= 0 && ::close(descriptor) == 0;
 }
 
 bool takePermissions(int descriptor, const NativePath& old) {

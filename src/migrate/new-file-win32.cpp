@@ -21,6 +21,11 @@ bool mayPass(DWORD error) {
            error == ERROR_LOCK_VIOLATION;
 }
 
+int openNew(const NativePath& path) {
+    constexpr int create = _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT;
+    return _wopen(path.c_str(), create, _S_IREAD | _S_IWRITE);
+}
+
 }  // namespace
 
 std::string platformText(std::string_view text) {
@@ -35,9 +40,12 @@ std::string platformText(std::string_view text) {
 int createFile(const NativePath& path) {
     const NativePath place = unboundedPath(path);
     DeleteFileW(place.c_str());
-    constexpr int create = _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT;
-    const int descriptor = _wopen(place.c_str(), create, _S_IREAD | _S_IWRITE);
-    return descriptor;
+    return openNew(place);
+}
+
+bool createEmptyFile(const NativePath& path) {
+    const int descriptor = openNew(unboundedPath(path));
+    return descriptor >= 0 && _close(descriptor) == 0;
 }
 
 bool takePermissions(int /*descriptor*/, const NativePath& /*old*/) {

@@ -68,13 +68,15 @@ PlanOutput placingOutputs(std::function<SourceFiles()> sources) {
         std::once_flag once;
         SourceFiles files;
     };
-    const auto asked = std::make_shared<Asked>();
-    return [asked, sources = std::move(sources)](const OutputTask& task) {
+    const IsSource isSource = [asked = std::make_shared<Asked>(),
+                               sources = std::move(sources)](const FileIdentity& file) {
         std::call_once(asked->once, [&] { asked->files = sources(); });
-        const SourceFiles& files = asked->files;
+        return asked->files.contains(file);
+    };
+    return [isSource](const OutputTask& task) {
         const OutputHistory history = historyOf(task.record, task.texts);
         auto plan = std::make_shared<const OutputPlan>(
-            planOutput(task.path, history, task.generated, files));
+            planOutput(task.path, history, task.generated, isSource));
         const OutputHistory& after = plan->decision.history;
         PlannedOutput planned;
         planned.isConflictOver = isConflictOver(history, after);
@@ -86,7 +88,7 @@ PlanOutput placingOutputs(std::function<SourceFiles()> sources) {
         if (plan->decision.action != OutputAction::refuse) {
             const LogHistory known{task.record.log, task.record.pendingLog};
             planned.pendingLog = logHash(task.log);
-            planned.place = [plan, log = planLog(logPath(task.path), known, task.log, files)] {
+            planned.place = [plan, log = planLog(logPath(task.path), known, task.log, isSource)] {
                 return placeBoth(*plan, log);
             };
         }

@@ -12,7 +12,7 @@ namespace torvel::migrate {
 SourceFiles sourceFilesOf(const Project& project, const Discovery& discovery);
 
 /// Puts the outputs of a run in place with what a person wrote in them, and the logs beside them. `sources` is asked
-/// once, for the first output.
+/// once, for the first output in whose place a file is.
 PlanOutput placingOutputs(std::function<SourceFiles()> sources);
 
 }  // namespace torvel::migrate

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "src/migrate/new-file-system.h"
 #include "src/migrate/new-file.h"
 #include "src/migrate/text-lines.h"
 
@@ -98,13 +99,13 @@ bool isWriteProtected(const NativePath& path) {
 }
 
 /// Why nothing may be written there; empty: it may.
-std::string objection(const FilePlace& place, const SourceFiles& sources) {
+std::string objection(const FilePlace& place, const IsSource& isSource) {
     if (place.isFree) {
         return {};
     }
     const NativePath& path = place.path;
     const FileIdentity identity = fileIdentity(path);
-    if (identity != FileIdentity() && sources.contains(identity)) {
+    if (identity != FileIdentity() && isSource && isSource(identity)) {
         return sentence(path,
                         " is a source of the programs, so nothing is written to it: give the "
                         "outputs another folder.");
@@ -188,6 +189,9 @@ bool isLogOfOurs(std::string_view bytes, const LogHistory& history, std::string_
 
 CarriedOut replaceBytes(const NativePath& path, const std::optional<ContentHash>& old,
                         std::string_view bytes, Flush flush) {
+    if (!old && bytes.empty() && flush == Flush::no && createEmptyFile(path)) {
+        return {true, {}};  // nothing of it can be half written
+    }
     NewFile file(path);
     if (!file.write(bytes, flush, !old)) {
         return {false, sentence(path, " cannot be written (" + file.error() + ").")};
@@ -220,7 +224,7 @@ std::optional<OutputFiles> readOutputFiles(const NativePath& output, std::string
 }
 
 OutputPlan planOutput(const NativePath& output, const OutputHistory& history,
-                      std::string_view generated, const SourceFiles& sources) {
+                      std::string_view generated, const IsSource& isSource) {
     OutputPlan plan;
     plan.decision.history = history;
     std::string message;
@@ -241,7 +245,7 @@ OutputPlan planOutput(const NativePath& output, const OutputHistory& history,
     plan.decision = decideOutput(now, files, generated);
     const OutputAction action = plan.decision.action;
     if (writesOutput(action) || action == OutputAction::writeConflict) {
-        message = objection(writesOutput(action) ? outputPlace : conflictPlace, sources);
+        message = objection(writesOutput(action) ? outputPlace : conflictPlace, isSource);
     }
     if (!message.empty()) {
         refuse(plan, std::move(message));
@@ -289,7 +293,7 @@ std::optional<ContentHash> logHashAt(const NativePath& path) {
 }
 
 LogPlan planLog(const NativePath& path, const LogHistory& history, std::string_view text,
-                const SourceFiles& sources) {
+                const IsSource& isSource) {
     LogPlan plan;
     plan.text = text;
     std::optional<std::string> bytes;
@@ -311,7 +315,7 @@ LogPlan planLog(const NativePath& path, const LogHistory& history, std::string_v
                                 "convert again.");
         return plan;
     }
-    plan.message = objection(place, sources);
+    plan.message = objection(place, isSource);
     plan.action = plan.message.empty() ? LogAction::write : LogAction::refuse;
     return plan;
 }

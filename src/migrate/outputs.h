@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,6 +30,9 @@ struct FileIdentityHash {
 /// The files that programs are converted from.
 using SourceFiles = std::unordered_set<FileIdentity, FileIdentityHash>;
 
+/// Tells whether a file is one of them; none: no file is. Asked only where a file is in the place of an output.
+using IsSource = std::function<bool(const FileIdentity& file)>;
+
 struct OutputPlan {
     OutputDecision decision;
     /// Where the output and its conflict file are, symbolic links followed.
@@ -51,7 +55,7 @@ std::optional<OutputFiles> readOutputFiles(const NativePath& output, std::string
 /// `decision.history` before the plan is carried out, and `confirmed(decision.history)`, now or later, when it was. Both
 /// have the texts that were given, which have to live as long.
 OutputPlan planOutput(const NativePath& output, const OutputHistory& history,
-                      std::string_view generated, const SourceFiles& sources);
+                      std::string_view generated, const IsSource& isSource);
 
 /// What the store knows of a log, by the hashes of its lines.
 struct LogHistory {
@@ -89,7 +93,7 @@ std::optional<ContentHash> logHashAt(const NativePath& path);
 
 /// Looks at the disk and decides. `text` has line feeds.
 LogPlan planLog(const NativePath& path, const LogHistory& history, std::string_view text,
-                const SourceFiles& sources);
+                const IsSource& isSource);
 
 struct CarriedOut {
     /// The files are as the plan has them.

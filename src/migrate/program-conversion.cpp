@@ -48,12 +48,12 @@ void countOutputLines(Conversion& conversion) {
     const std::string_view text = conversion.output.text;
     conversion.firstOutputLines.reserve(conversion.output.lineEnds.size() + 1);
     std::uint32_t number = 1;
-    std::size_t begin = 0;
+    std::size_t lineFeed = text.find('\n');
     for (const std::size_t end : conversion.output.lineEnds) {
         conversion.firstOutputLines.push_back(number);
-        const std::string_view line = text.substr(begin, end - begin);
-        number += static_cast<std::uint32_t>(std::count(line.begin(), line.end(), '\n'));
-        begin = end;
+        for (; lineFeed < end; lineFeed = text.find('\n', lineFeed + 1)) {
+            ++number;
+        }
     }
     conversion.firstOutputLines.push_back(number);
 }

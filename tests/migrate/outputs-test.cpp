@@ -30,7 +30,7 @@ protected:
     NativePath conflict() const { return path("out/part.torvel.conflict"); }
 
     OutputPlan plan(std::string_view generated) const {
-        return planOutput(output(), history, generated, sources);
+        return planOutput(output(), history, generated, isSource);
     }
     /// Plans and carries out, as a run does, and remembers what a store would.
     OutputPlan place(std::string_view generated) {
@@ -58,6 +58,7 @@ protected:
 
     OutputHistory history;
     SourceFiles sources;
+    IsSource isSource = [this](const FileIdentity& file) { return sources.contains(file); };
 
 private:
     torvel::test::TemporaryDirectory directory_;
@@ -200,7 +201,7 @@ TEST_F(Outputs, ASourceIsNeverReplaced) {
     std::filesystem::remove(output());
     std::filesystem::create_hard_link(path("part.pgm"), output());
     expectRefused(plan(second), "is a source of the programs");
-    const LogPlan log = planLog(output(), {}, second, sources);
+    const LogPlan log = planLog(output(), {}, second, isSource);
     EXPECT_EQ(log.action, LogAction::refuse);
     EXPECT_NE(log.message.find("is a source of the programs"), std::string::npos) << log.message;
     EXPECT_FALSE(carryOut(log).isDone);
@@ -210,7 +211,7 @@ TEST_F(Outputs, ASourceIsNeverReplaced) {
 TEST_F(Outputs, WhatIsNoFile) {
     std::filesystem::create_directories(output());
     expectRefused(plan(first), "is a folder");
-    EXPECT_FALSE(carryOut(planLog(output(), {}, first, sources)).isDone);
+    EXPECT_FALSE(carryOut(planLog(output(), {}, first, isSource)).isDone);
     std::filesystem::remove(output());
     ASSERT_EQ(mkfifo(output().c_str(), 0600), 0);
     expectRefused(plan(first), "is no regular file");
@@ -330,7 +331,7 @@ TEST_F(Outputs, ALogsLife) {
         " is there, and it is not the log that was written last, so it stays as it is. To have the "
         "log written, move it away and convert again.";
     const auto place = [&](const LogHistory& known, std::string_view text) {
-        const LogPlan made = planLog(log, known, text, sources);
+        const LogPlan made = planLog(log, known, text, isSource);
         const CarriedOut done = carryOut(made);
         EXPECT_EQ(done.isDone, made.action != LogAction::leaveForeign);
         EXPECT_EQ(done.message, made.action == LogAction::leaveForeign ? sentence : "");
@@ -369,37 +370,56 @@ TEST_F(Outputs, ALogOfARunThatWasCutOff) {
     const NativePath log = path("logs/part.log");
     const LogHistory pending{noFile, logHash(first)};
     // It was put in place, and now there is another one.
-    EXPECT_TRUE(carryOut(planLog(log, pending, first, sources)).isDone);
-    EXPECT_EQ(planLog(log, pending, second, sources).action, LogAction::write);
+    EXPECT_TRUE(carryOut(planLog(log, pending, first, isSource)).isDone);
+    EXPECT_EQ(planLog(log, pending, second, isSource).action, LogAction::write);
     // A power cut has left a part of it, or nothing but its length.
     for (const std::string& torn : {std::string(), std::string("a\n"), std::string(6, '\0')}) {
         writeFile(log, torn);
-        EXPECT_EQ(planLog(log, pending, first, sources).action, LogAction::write);
-        EXPECT_EQ(planLog(log, {noFile, {}}, first, sources).action, LogAction::leaveForeign);
+        EXPECT_EQ(planLog(log, pending, first, isSource).action, LogAction::write);
+        EXPECT_EQ(planLog(log, {noFile, {}}, first, isSource).action, LogAction::leaveForeign);
     }
 }
 
 TEST_F(Outputs, ALogThatChangesWhileTheProgramIsConverted) {
-    const NativePath log = path("part.log");
-    const LogPlan made = planLog(log, {noFile, {}}, first, sources);
-    writeFile(log, "mine\n");
-    const CarriedOut done = carryOut(made);
-    EXPECT_FALSE(done.isDone);
-    EXPECT_NE(done.message.find("was changed by somebody else just now"), std::string::npos)
-        << done.message;
-    EXPECT_EQ(readFile(log), "mine\n");
+    for (const std::string_view text : {std::string_view(first), std::string_view()}) {
+        const NativePath log = path("part.log");
+        std::filesystem::remove(log);
+        const LogPlan made = planLog(log, {noFile, {}}, text, isSource);
+        writeFile(log, "mine\n");
+        const CarriedOut done = carryOut(made);
+        EXPECT_FALSE(done.isDone);
+        EXPECT_NE(done.message.find("was changed by somebody else just now"), std::string::npos)
+            << done.message;
+        EXPECT_EQ(readFile(log), "mine\n");
+    }
+}
+
+TEST_F(Outputs, AnEmptyLog) {
+    const NativePath log = path("logs/part.log");
+    const LogHistory none{noFile, {}};
+    // In a folder that has to be made, and in one that is there.
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(carryOut(planLog(log, none, "", isSource)).isDone);
+        EXPECT_EQ(readFile(log), "");
+        EXPECT_EQ(filesIn(path("logs")), 1U);
+        std::filesystem::remove(log);
+    }
+    writeFile(log, first);
+    EXPECT_TRUE(carryOut(planLog(log, {logHash(first), {}}, "", isSource)).isDone);
+    EXPECT_EQ(readFile(log), "");
+    EXPECT_EQ(planLog(log, {logHash(""), {}}, "", isSource).action, LogAction::nothing);
 }
 
 TEST_F(Outputs, NamesOfAllBytesAndTheLongestOnes) {
     for (const std::string& name :
          {std::string("line\nfeed\"<script>\xff.torvel"), std::string(255, 'n')}) {
         const NativePath place = path("names") / name;
-        const OutputPlan made = planOutput(place, {}, first, sources);
+        const OutputPlan made = planOutput(place, {}, first, isSource);
         EXPECT_TRUE(carryOut(made).isDone);
         EXPECT_EQ(readFile(place), first);
     }
     const NativePath tooLong = path("names") / std::string(256, 'n');
-    const CarriedOut done = carryOut(planOutput(tooLong, {}, first, sources));
+    const CarriedOut done = carryOut(planOutput(tooLong, {}, first, isSource));
     EXPECT_FALSE(done.isDone);
     EXPECT_NE(done.message.find("cannot be replaced (File name too long)"), std::string::npos)
         << done.message;
