@@ -11,12 +11,13 @@ namespace torvel {
 void TextBuffer::grow(std::size_t size) {
     const std::size_t count = this->size();
     const std::size_t room = std::max(size, 2 * static_cast<std::size_t>(limit_ - begin_));
+    const bool wasInside = isInside();
     // A large block is moved by changing the page table where the system can.
-    void* const grown = std::realloc(isInside() ? nullptr : begin_, room + spareSize);
+    void* const grown = std::realloc(wasInside ? nullptr : begin_, room + spareSize);
     if (grown == nullptr) {
         throw std::bad_alloc();
     }
-    if (isInside()) {
+    if (wasInside) {
         std::memcpy(grown, begin_, count);
     }
     begin_ = static_cast<char*>(grown);

@@ -236,14 +236,13 @@ std::vector<WrittenInclude> includesOf(std::string_view bytes) {
     const std::uint32_t lastLine = lineEnds(bytes.substr(0, last)) + 1;
     scan.visitLines([&](LineSplitter& splitter, const Inclusion& inclusion, const ScannedLine& line,
                         std::uint32_t number) {
-        if (!scan.program.text.view(line.code).starts_with('#')) {
-            return number < lastLine;
-        }
-        DirectiveLine directive(scan.run, splitter, inclusion, line);
-        if (directive.name() == "include") {
-            includes.push_back({std::string(directive.readQuoted()), number});
-        } else if (directive.name() == "define" || directive.name() == "macro") {
-            directive.readBody();
+        if (scan.program.text.view(line.code).starts_with('#')) {
+            DirectiveLine directive(scan.run, splitter, inclusion, line);
+            if (directive.name() == "include") {
+                includes.push_back({std::string(directive.readQuoted()), number});
+            } else if (directive.name() == "define" || directive.name() == "macro") {
+                directive.readBody();
+            }
         }
         return number < lastLine;
     });

@@ -11,9 +11,6 @@ namespace torvel::migrate {
 /// A new file that is open for writing; one that a killed run left is taken away. Negative: it cannot be made.
 int createFile(const NativePath& path);
 
-/// Makes an empty file where nothing is. False: something is there, or it cannot be made.
-bool createEmptyFile(const NativePath& path);
-
 /// Gives a file the permissions of `old`, if that is there.
 bool takePermissions(int descriptor, const NativePath& old);
 

@@ -37,6 +37,9 @@ private:
     std::string error_;
 };
 
+/// Makes an empty file, of which nothing can be half written. False: something is there, or it cannot be made.
+bool createEmptyFile(const NativePath& path);
+
 /// Whether the system can flush all files below a folder at once. Where it cannot, each file is flushed.
 bool canFlushFolder();
 

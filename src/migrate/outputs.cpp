@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "src/migrate/new-file-system.h"
 #include "src/migrate/new-file.h"
 #include "src/migrate/text-lines.h"
 
@@ -190,7 +189,7 @@ bool isLogOfOurs(std::string_view bytes, const LogHistory& history, std::string_
 CarriedOut replaceBytes(const NativePath& path, const std::optional<ContentHash>& old,
                         std::string_view bytes, Flush flush) {
     if (!old && bytes.empty() && flush == Flush::no && createEmptyFile(path)) {
-        return {true, {}};  // nothing of it can be half written
+        return {true, {}};
     }
     NewFile file(path);
     if (!file.write(bytes, flush, !old)) {

@@ -367,7 +367,8 @@ void Run::convertAll(const std::vector<ChangedProgram>& changed) {
         return;
     }
     const std::vector<ContentHash> stored = store_.textHashes();
-    needsSweep_ = needsSweep_ || !stored.empty();  // texts that nobody uses any more
+    // What a program was converted to before may be nobody's when it is converted anew.
+    needsSweep_ = needsSweep_ || !stored.empty();
     texts_.emplace(stored);
     OrderedWork<ConvertedProgram> work(
         changed.size(), threads_,
